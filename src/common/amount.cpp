@@ -1,0 +1,173 @@
+#include "common/amount.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace amount {
+
+namespace {
+
+constexpr int kMostLabels = 999'999;
+
+/// Decimal digits of |value| rounded half away from zero to `decimals` places. The rounding works
+/// on the shortest decimal text of the value, so that 1.005 gives 1,01 as a cashier expects.
+QString fixedDigits(double magnitude, int decimals)
+{
+    QString text = QString::number(magnitude, 'f', QLocale::FloatingPointShortest);
+    qsizetype point = text.indexOf(u'.');
+    if (point < 0) {
+        point = text.size();
+        text += u'.';
+    }
+    const qsizetype wanted = point + 1 + decimals;
+    if (text.size() <= wanted)
+        return text.leftJustified(wanted, u'0');
+
+    const bool up = text.at(wanted) >= u'5';
+    text.truncate(wanted);
+    for (qsizetype i = wanted - 1; up && i >= -1; --i) {
+        if (i < 0) {
+            text.prepend(u'1');
+            break;
+        }
+        if (text.at(i) == u'.')
+            continue;
+        if (text.at(i) != u'9') {
+            text[i] = QChar(text.at(i).unicode() + 1);
+            break;
+        }
+        text[i] = u'0';
+    }
+    return text;
+}
+
+QString withSign(bool negative, const QString &digits)
+{
+    const bool zero = std::none_of(digits.cbegin(), digits.cend(),
+                                   [](QChar c) { return c.isDigit() && c != u'0'; });
+    return negative && !zero ? u"-"_s + digits : digits;
+}
+
+QString group(QString digits)
+{
+    for (qsizetype i = digits.indexOf(u',') - 3; i > 0; i -= 3)
+        digits.insert(i, u'.');
+    return digits;
+}
+
+/// %G with a decimal comma and an exponent of two digits at least.
+QString significant(double value, int digits)
+{
+    if (!std::isfinite(value))
+        return {};
+    QString text = QString::number(value, 'G', digits);
+    text.replace(u'.', u',');
+    return text;
+}
+
+} // namespace
+
+QString money(double value)
+{
+    if (!std::isfinite(value))
+        return {};
+    QString digits = fixedDigits(std::fabs(value), 2);
+    digits.replace(u'.', u',');
+    return withSign(std::signbit(value), group(digits));
+}
+
+QString length(double millimetres)
+{
+    if (!std::isfinite(millimetres))
+        return {};
+    QString digits = fixedDigits(std::fabs(millimetres), 1);
+    digits.replace(u'.', u',');
+    return withSign(std::signbit(millimetres), digits);
+}
+
+QString plain(double value)
+{
+    return significant(value, std::numeric_limits<double>::digits10);
+}
+
+QString plain(float value)
+{
+    return significant(static_cast<double>(value), 7);
+}
+
+QString points(double size)
+{
+    if (!std::isfinite(size))
+        return {};
+    QString digits = fixedDigits(std::fabs(size), 4);
+    while (digits.endsWith(u'0'))
+        digits.chop(1);
+    if (digits.endsWith(u'.'))
+        digits.chop(1);
+    digits.replace(u'.', u',');
+    return withSign(std::signbit(size), digits);
+}
+
+std::optional<double> parse(QStringView text)
+{
+    QString plainText;
+    bool comma = false;
+    for (const QChar c : text.trimmed()) {
+        if (c == u',' && !comma) {
+            comma = true;
+            plainText += u'.';
+        } else if (c == u'.' && !comma) {
+            continue;
+        } else if (c >= u'0' && c <= u'9') {
+            plainText += c;
+        } else if ((c == u'-' || c == u'+') && plainText.isEmpty()) {
+            plainText += c;
+        } else {
+            // An exponent as plain() writes it: digits, E, sign, digits.
+            if ((c == u'E' || c == u'e') && !plainText.isEmpty() && !plainText.contains(u'E')) {
+                plainText += u'E';
+                comma = true;
+                continue;
+            }
+            if ((c == u'-' || c == u'+') && plainText.endsWith(u'E')) {
+                plainText += c;
+                continue;
+            }
+            return {};
+        }
+    }
+    bool ok = false;
+    const double value = plainText.toDouble(&ok);
+    if (!ok || !std::isfinite(value))
+        return {};
+    return value;
+}
+
+float single(QStringView text)
+{
+    const double value = parse(text).value_or(0.0);
+    if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max()))
+        return 0.0F;
+    return static_cast<float>(value);
+}
+
+std::optional<int> labelCount(QStringView text)
+{
+    const QStringView digits = text.trimmed();
+    if (digits.isEmpty() || digits.size() > 6)
+        return {};
+    for (const QChar c : digits)
+        if (c < u'0' || c > u'9')
+            return {};
+    const int count = digits.toInt();
+    if (count < 1 || count > kMostLabels)
+        return {};
+    return count;
+}
+
+} // namespace amount

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "common/record_set.h"
+
+#include <memory>
+
+/// One open connection to a database of the host accounting system. Used from the user-interface
+/// thread, one statement at a time.
+class HostConnection
+{
+public:
+    virtual ~HostConnection() = default;
+
+    /// 1 = open; a connection counts as open only then. Falls to 0 when a statement finds the
+    /// connection lost.
+    virtual int state() const = 0;
+
+    /// Runs one statement and returns all its rows (none for statements that return no rows).
+    /// Takes 5 seconds at most before it gives up. Throws HostError.
+    virtual RecordSet execute(const QString &statement) = 0;
+};
+
+/// Opens connections: on the embedded engine when the server name is "(yerel)", else on SQL Server.
+class HostConnector
+{
+public:
+    virtual ~HostConnector() = default;
+
+    /// `connectionString`: as connectionString() builds it. Gives up after 5 seconds. Throws
+    /// HostError (kConnectionLost) when it does not open.
+    virtual std::unique_ptr<HostConnection> open(const QString &connectionString) = 0;
+};
+
+/// The server name of the demo shop: the databases are files in the working folder.
+inline constexpr QStringView kEmbeddedServer = u"(yerel)";

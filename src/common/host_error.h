@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+/// A statement or connection that failed on a database.
+class HostError : public std::runtime_error
+{
+public:
+    /// Error numbers as the shop's other programs show them for the same faults.
+    static constexpr int kConnectionLost = -2147467259; ///< not reached, lost, or timed out
+    static constexpr int kStatement = -2147217900;      ///< the server refused the statement
+    static constexpr int kDuplicate = -2147217873;      ///< a key or rule of the table was violated
+    static constexpr int kNoColumn = 3265;              ///< a column the result does not have
+    static constexpr int kNoRow = 3021;                 ///< read past the end of the result
+    static constexpr int kType = 13;                    ///< text where a number was needed
+
+    /// `text`: what the engine said; `statement`: the statement it was said of, may be empty.
+    HostError(int number, const QString &text, const QString &statement = {})
+        : std::runtime_error(text.toStdString()), m_number(number), m_statement(statement)
+    {}
+
+    int number() const { return m_number; }
+    QString text() const { return QString::fromUtf8(what()); }
+    const QString &statement() const { return m_statement; }
+    bool connectionLost() const { return m_number == kConnectionLost; }
+
+private:
+    int m_number;
+    QString m_statement;
+};

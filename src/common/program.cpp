@@ -1,0 +1,56 @@
+#include "common/program.h"
+
+#include "common/host_error.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+Program::Program(const Ports &ports, const QString &directory)
+    : host(ports.host),
+      db(ports.db),
+      keys(ports.keys),
+      printers(ports.printers),
+      sounds(ports.sounds),
+      clock(ports.clock),
+      prompt(ports.prompt),
+      m_directory(directory)
+{}
+
+QString Program::path(QStringView name) const
+{
+    return m_directory + u"/"_s + name.toString();
+}
+
+bool Program::isOpen(const std::unique_ptr<HostConnection> &connection)
+{
+    return connection && connection->state() == 1;
+}
+
+HostConnection &Program::company()
+{
+    if (!isOpen(bag))
+        throw HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s);
+    return *bag;
+}
+
+bool Program::mesajgoster(const QString &text, int kind, int icon, int buttons)
+{
+    static const std::array<QString, 5> captions = {QString(), u"TAMAM"_s, u"DİKKAT"_s, u"UYARI"_s,
+                                                    u"ONAY"_s};
+    const bool known = kind >= 1 && kind <= 4;
+    const QString caption = known ? captions[static_cast<std::size_t>(kind)] : QString();
+    cevap = static_cast<int>(prompt.show(Message{text, caption, icon, buttons}));
+    const bool confirmed = cevap == 1;
+    cevap = 0;
+    return confirmed;
+}
+
+void Program::report(const std::exception &error)
+{
+    const QString text = QString::fromUtf8(error.what());
+    if (const auto *fault = dynamic_cast<const HostError *>(&error))
+        mesajgoster(u"Veritabanı hatası (%1):\n%2"_s.arg(fault->number()).arg(text), 3, 3, 1);
+    else
+        mesajgoster(text, 3, 3, 1);
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "common/clock.h"
+#include "common/host_connection.h"
+#include "common/key_file.h"
+#include "common/local_database.h"
+#include "common/printers.h"
+#include "common/prompt.h"
+#include "common/sounds.h"
+
+#include <array>
+
+/// What the program needs of the machine; built in main() or by a test.
+struct Ports
+{
+    HostConnector &host;
+    LocalDatabase &db;
+    KeyFile &keys;
+    Printers &printers;
+    Sounds &sounds;
+    Clock &clock;
+    Prompt &prompt;
+};
+
+/// VAT classes: 101 rows × 3 columns of text. Row n (from 1) holds the n-th class record as it was
+/// read: column 1 its number, column 2 its rate. Row 0 and column 0 stay empty.
+using VatTable = std::array<std::array<QString, 3>, 101>;
+
+/// The program-wide values, handed to every room by reference.
+class Program
+{
+public:
+    Program(const Ports &ports, const QString &directory);
+
+    HostConnector &host;
+    LocalDatabase &db;
+    KeyFile &keys;
+    Printers &printers;
+    Sounds &sounds;
+    Clock &clock;
+    Prompt &prompt;
+
+    std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
+    std::unique_ptr<HostConnection> bag;    ///< company connection
+    VatTable kdvtab;
+    int cevap = 0; ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
+    std::array<QString, 88> sira; ///< start-up index table
+
+    /// Absolute path of a file of the working folder.
+    QString path(QStringView name) const;
+    const QString &directory() const { return m_directory; }
+
+    /// The company connection; throws HostError (kConnectionLost) when it is not open.
+    HostConnection &company();
+
+    /// A connection counts as open only when its state is exactly 1.
+    static bool isOpen(const std::unique_ptr<HostConnection> &connection);
+
+    /// Shows the program's message box. `kind` 1 "TAMAM", 2 "DİKKAT", 3 "UYARI", 4 "ONAY", other:
+    /// no caption of its own; `icon` 1 to 3; `buttons` 1 "TAMAM", 2 "EVET" and "HAYIR", other: none.
+    /// True when the user confirmed. `cevap` is 0 afterwards.
+    bool mesajgoster(const QString &text, int kind, int icon, int buttons);
+
+    /// Runs what a key or button asked for. An error of a database or printer is shown in the
+    /// message box and the form stays usable: nothing that a user types ends the program.
+    template <typename Handler>
+    void handle(Handler &&handler)
+    {
+        try {
+            handler();
+        } catch (const std::exception &error) {
+            report(error);
+        }
+    }
+
+    /// Shows an error as handle() does.
+    void report(const std::exception &error);
+
+private:
+    QString m_directory;
+};

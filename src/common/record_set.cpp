@@ -1,0 +1,59 @@
+#include "common/record_set.h"
+
+#include "common/amount.h"
+#include "common/host_error.h"
+
+#include <QDateTime>
+
+using namespace Qt::StringLiterals;
+
+RecordSet::RecordSet(QStringList columns, std::vector<Row> rows)
+    : m_columns(std::move(columns)), m_rows(std::move(rows))
+{}
+
+const QVariant &RecordSet::value(QStringView column) const
+{
+    if (eof())
+        throw HostError(HostError::kNoRow, u"Okunacak kayıt yok."_s);
+    for (qsizetype i = 0; i < m_columns.size(); ++i)
+        if (column.compare(m_columns.at(i), Qt::CaseInsensitive) == 0)
+            return m_rows[m_at].at(static_cast<std::size_t>(i));
+    throw HostError(HostError::kNoColumn, u"Sütun bulunamadı: %1"_s.arg(column));
+}
+
+QString RecordSet::text(QStringView column) const
+{
+    return toText(value(column));
+}
+
+double RecordSet::number(QStringView column) const
+{
+    const QVariant &field = value(column);
+    if (field.isNull())
+        return 0.0;
+    if (field.typeId() != QMetaType::QString)
+        return field.toDouble();
+    if (const auto parsed = amount::parse(field.toString()))
+        return *parsed;
+    throw HostError(HostError::kType,
+                    u"%1 sütununda sayı yerine metin var: %2"_s.arg(column, field.toString()));
+}
+
+QString RecordSet::toText(const QVariant &value)
+{
+    switch (value.isNull() ? QMetaType::UnknownType : value.typeId()) {
+    case QMetaType::UnknownType:
+        return {};
+    case QMetaType::Double:
+        return amount::plain(value.toDouble());
+    case QMetaType::QDate:
+        return value.toDate().toString(u"dd.MM.yyyy"_s);
+    case QMetaType::QDateTime: {
+        const QDateTime moment = value.toDateTime();
+        const bool midnight = moment.time() == QTime(0, 0);
+        return moment.toString(midnight ? u"dd.MM.yyyy"_s : u"dd.MM.yyyy HH:mm:ss"_s);
+    }
+    default:
+        return value.toString();
+    }
+}

@@ -1,0 +1,74 @@
+#include "shell/forms/mesaj.h"
+
+#include "ui_mesaj.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStyle>
+
+using namespace Qt::StringLiterals;
+
+mesaj::mesaj(const Message &message, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::mesaj>())
+{
+    m_ui->setupUi(this);
+    if (!message.caption.isEmpty())
+        setWindowTitle(message.caption);
+    m_ui->Label1->setText(message.text);
+
+    const auto picture = [this](QLabel *label, QStyle::StandardPixmap which, bool visible) {
+        const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+        label->setPixmap(style()->standardIcon(which).pixmap(size));
+        label->setVisible(visible);
+    };
+    picture(m_ui->i1, QStyle::SP_MessageBoxWarning, message.icon == 3);
+    picture(m_ui->i2, QStyle::SP_MessageBoxCritical, message.icon == 2);
+    picture(m_ui->i3, QStyle::SP_MessageBoxInformation, message.icon == 1);
+
+    m_ui->button1->setVisible(message.buttons == 1);
+    m_ui->button2->setVisible(message.buttons == 2);
+    m_ui->button3->setVisible(message.buttons == 2);
+    (message.buttons == 1 ? m_ui->button1 : m_ui->button2)->setDefault(true);
+
+    connect(m_ui->button1, &QPushButton::clicked, this, [this] { finish(Answer::yes); });
+    connect(m_ui->button2, &QPushButton::clicked, this, [this] { finish(Answer::yes); });
+    connect(m_ui->button3, &QPushButton::clicked, this, [this] { finish(Answer::no); });
+}
+
+mesaj::~mesaj() = default;
+
+Answer mesaj::ask()
+{
+    exec();
+    return m_answer;
+}
+
+void mesaj::finish(Answer answer)
+{
+    m_answer = answer;
+    accept();
+}
+
+Answer WindowPrompt::show(const Message &message)
+{
+    return mesaj(message, QApplication::activeWindow()).ask();
+}
+
+void WindowPrompt::warn(const QString &text, bool critical)
+{
+    QMessageBox box(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    box.addButton(u"Tamam"_s, QMessageBox::AcceptRole);
+    box.exec();
+}
+
+bool WindowPrompt::confirm(const QString &text)
+{
+    QMessageBox box(QMessageBox::Question, u"Dikkat"_s, text, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    const QPushButton *yes = box.addButton(u"Evet"_s, QMessageBox::YesRole);
+    box.setEscapeButton(box.addButton(u"Hayır"_s, QMessageBox::NoRole));
+    box.exec();
+    return box.clickedButton() == yes;
+}

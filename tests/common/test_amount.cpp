@@ -1,0 +1,87 @@
+#include "common/amount.h"
+#include "support/print_qt.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+TEST(Amount, MoneyIsGroupedRoundedAndTurkish)
+{
+    const struct
+    {
+        double value;
+        QString text;
+    } cases[] = {
+        {0, u"0,00"_s},
+        {1.5, u"1,50"_s},
+        {25000, u"25.000,00"_s},
+        {1234567.891, u"1.234.567,89"_s},
+        {999.995, u"1.000,00"_s},
+        {1.005, u"1,01"_s},
+        {0.005, u"0,01"_s},
+        {-0.004, u"0,00"_s},
+        {-1234.5, u"-1.234,50"_s},
+        {1e15, u"1.000.000.000.000.000,00"_s},
+        {std::nan(""), QString()},
+        {HUGE_VAL, QString()},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(amount::money(c.value), c.text) << c.value;
+}
+
+TEST(Amount, LengthsAndSizesKeepTheirDecimals)
+{
+    EXPECT_EQ(amount::length(210), u"210,0"_s);
+    EXPECT_EQ(amount::length(1234.56), u"1234,6"_s);
+    EXPECT_EQ(amount::length(-0.04), u"0,0"_s);
+    EXPECT_EQ(amount::points(8.25), u"8,25"_s);
+    EXPECT_EQ(amount::points(10), u"10"_s);
+    EXPECT_EQ(amount::points(9.75006), u"9,7501"_s);
+}
+
+TEST(Amount, SinglePrecisionTextHasSevenDigits)
+{
+    EXPECT_EQ(amount::plain(123456.78F), u"123456,8"_s);
+    EXPECT_EQ(amount::plain(0.1F), u"0,1"_s);
+    EXPECT_EQ(amount::plain(12345678.0F), u"1,234568E+07"_s);
+    EXPECT_EQ(amount::plain(12.5), u"12,5"_s);
+    EXPECT_EQ(amount::plain(0.1 + 0.2), u"0,3"_s);
+}
+
+TEST(Amount, ParsesWhatUsersType)
+{
+    const struct
+    {
+        QString text;
+        std::optional<double> value;
+    } cases[] = {
+        {u"1.234,50"_s, 1234.5},
+        {u"1234,5"_s, 1234.5},
+        {u" -12 "_s, -12.0},
+        {u"1.5"_s, 15.0}, // a point groups, it never starts decimals
+        {u",5"_s, 0.5},
+        {u"1,234568E+07"_s, 12345680.0},
+        {u""_s, {}},
+        {u"-"_s, {}},
+        {u"12a"_s, {}},
+        {u"1,2,3"_s, {}},
+        {u"1,2.3"_s, {}},
+        {u"nan"_s, {}},
+        {u"inf"_s, {}},
+        {u"1E999"_s, {}},
+        {u"١٢"_s, {}},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(amount::parse(c.text), c.value) << c.text.toStdString();
+    EXPECT_EQ(amount::single(u"1E39"), 0.0F);
+    EXPECT_EQ(amount::single(u"abc"), 0.0F);
+}
+
+TEST(Amount, LabelCountsArePositiveWholeNumbers)
+{
+    EXPECT_EQ(amount::labelCount(u" 24 "), 24);
+    for (const QString &bad : {u"0"_s, u"-1"_s, u"2,5"_s, u"abc"_s, u""_s, u"1.000"_s, u"1000000"_s, u"١"_s})
+        EXPECT_FALSE(amount::labelCount(bad)) << bad.toStdString();
+}
