@@ -1,0 +1,65 @@
+#include "shell/forms/baglan.h"
+
+#include "shell/host_link.h"
+#include "ui_baglan.h"
+
+#include <QCloseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTickMs = 500;
+
+} // namespace
+
+baglan::baglan(HostLink &link, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::baglan>()), m_link(link)
+{
+    m_ui->setupUi(this);
+    m_ui->button1->setEnabled(!m_link.masterOpen());
+    m_ui->durum->setText(
+        u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa yeniden bağlanın; adresi "
+        "değiştiyse ayarlardan düzeltin."_s.arg(m_link.server().server));
+    connect(m_ui->button1, &QPushButton::clicked, this, &baglan::connectToHost);
+    connect(m_ui->button2, &QPushButton::clicked, this, &baglan::loginWanted);
+    connect(&m_timer, &QTimer::timeout, this, &baglan::tick);
+    m_timer.start(kTickMs);
+}
+
+baglan::~baglan() = default;
+
+QToolButton *baglan::menuButton() const
+{
+    return m_ui->menuButton;
+}
+
+void baglan::tick()
+{
+    if (m_link.masterOpen()) {
+        close();
+    } else if (!m_ui->button1->isEnabled()) {
+        m_ui->button1->setEnabled(true);
+        m_ui->button1->setDefault(true); // Enter tries again
+        m_ui->button1->setFocus();
+    }
+}
+
+void baglan::connectToHost()
+{
+    m_ui->button1->setEnabled(false);
+    m_link.sqlbaglan();
+}
+
+void baglan::done(int)
+{
+    close(); // Escape unloads the dialog as the close box does
+}
+
+void baglan::closeEvent(QCloseEvent *event)
+{
+    m_timer.stop();
+    event->accept();
+    if (!std::exchange(m_unloaded, true))
+        Q_EMIT unloaded();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+class SettingsSession;
+struct ParameterValues;
+QT_BEGIN_NAMESPACE
+class QComboBox;
+class QLabel;
+class QPushButton;
+QT_END_NAMESPACE
+
+namespace Ui {
+class parametre;
+}
+
+/// The settings dialog.
+class parametre final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit parametre(SettingsSession &session, QWidget *parent = nullptr);
+    ~parametre() override;
+
+private:
+    void yaziyukle();
+    void yazyukle();
+    void fillCodeLists();
+    void display(const ParameterValues &values);
+    ParameterValues entered() const;
+    void serverkaydet();
+    void connectSample(QComboBox *family, QComboBox *size, QLabel *sample);
+    void connectColour(QPushButton *button, QLabel *box);
+    void showPasswords(bool visible);
+    void warn();
+
+    std::unique_ptr<Ui::parametre> m_ui;
+    SettingsSession &m_session;
+};

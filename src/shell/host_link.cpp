@@ -1,0 +1,80 @@
+#include "shell/host_link.h"
+
+#include "common/connection_string.h"
+#include "common/resume_next.h"
+#include "common/settings_database.h"
+
+using namespace Qt::StringLiterals;
+
+HostLink::HostLink(Program &program, QObject *parent) : QObject(parent), m_program(program)
+{}
+
+void HostLink::ayaroku()
+{
+    resumeNext([this] {
+        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
+        resumeNext([&] {
+            const RecordSet row = settings::row(db, u"server");
+            m_server.server = row.text(u"server");
+            m_server.company = row.text(u"sql");
+            m_server.master = row.text(u"msql");
+            m_server.user = row.text(u"kuladi");
+            m_server.password = row.text(u"sifre");
+        });
+        resumeNext([&] {
+            const RecordSet row = settings::row(db, u"instan");
+            m_server.instance = row.text(u"insname");
+            m_server.useInstance = row.text(u"inskullan");
+        });
+    });
+}
+
+std::unique_ptr<HostConnection> HostLink::open(const QString &database)
+{
+    std::unique_ptr<HostConnection> connection;
+    resumeNext([&] {
+        connection = m_program.host.open(
+            connectionString({m_server.server, m_server.user, m_server.password, database}));
+    });
+    return connection;
+}
+
+void HostLink::sqlbaglan()
+{
+    ayaroku();
+    Q_EMIT connecting(m_server.server);
+    m_program.anabag.reset();
+    m_program.anabag = open(m_server.master);
+    if (!masterOpen()) {
+        Q_EMIT connected();
+        Q_EMIT connectionDialogWanted();
+        return;
+    }
+    resumeNext([this] { loadVatClasses(); });
+    sqlbaglan2();
+}
+
+void HostLink::sqlbaglan2()
+{
+    m_program.bag.reset();
+    m_program.bag = open(m_server.company);
+    Q_EMIT connected();
+    if (!Program::isOpen(m_program.bag))
+        return;
+    // Every later date literal of the program is written day-month-year.
+    resumeNext([this] { m_program.bag->execute(u"Set DateFormat dmy"_s); });
+    Q_EMIT stockListWanted();
+}
+
+void HostLink::loadVatClasses()
+{
+    RecordSet classes = m_program.anabag->execute(u"select * from KDVKISIM"_s);
+    std::size_t counter = 0;
+    for (; !classes.eof(); classes.moveNext()) {
+        ++counter;
+        if (counter >= m_program.kdvtab.size())
+            continue; // out of the table's bounds: not stored, and the loop goes on
+        m_program.kdvtab[counter][1] = classes.text(u"KDVKISNO");
+        m_program.kdvtab[counter][2] = classes.text(u"KDVKISORAN");
+    }
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "common/program.h"
+
+#include <QObject>
+
+/// Where the host database is, as the settings tell it.
+struct ServerSettings
+{
+    QString server;  ///< host, including any instance part
+    QString company; ///< database of the company's books
+    QString master;  ///< shared database of the accounting system
+    QString user;
+    QString password;
+    QString instance; ///< kept only, the connection string does not use it
+    QString useInstance;
+};
+
+/// Opens the two program-wide connections and loads the VAT classes.
+class HostLink : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit HostLink(Program &program, QObject *parent = nullptr);
+
+    /// Reads the server settings; what cannot be read stays as it was.
+    void ayaroku();
+
+    /// Opens the master connection, loads the VAT classes and goes on with sqlbaglan2(); asks for
+    /// the connection dialog when the master connection does not open. Blocks for 5 seconds per
+    /// connection at most.
+    void sqlbaglan();
+
+    /// Opens the company connection, sets its date format and asks for the stock list.
+    void sqlbaglan2();
+
+    bool masterOpen() const { return Program::isOpen(m_program.anabag); }
+    const ServerSettings &server() const { return m_server; }
+
+Q_SIGNALS:
+    void connecting(const QString &server); ///< a blocking attempt begins
+    void connected();                       ///< it ended, open or not
+    void connectionDialogWanted();
+    void stockListWanted();
+
+private:
+    std::unique_ptr<HostConnection> open(const QString &database);
+    void loadVatClasses();
+
+    Program &m_program;
+    ServerSettings m_server;
+};

@@ -1,0 +1,24 @@
+#include "shell/login_session.h"
+
+#include "common/settings_database.h"
+#include "common/turkish.h"
+
+using namespace Qt::StringLiterals;
+
+LoginSession::LoginSession(Program &program, QObject *parent) : QObject(parent), m_program(program)
+{}
+
+void LoginSession::load()
+{
+    m_stored = settings::value(m_program, u"login", u"sifre");
+}
+
+void LoginSession::enter(const QString &typed)
+{
+    if (turkish::upper(typed) == m_stored) {
+        Q_EMIT accepted();
+        return;
+    }
+    m_program.mesajgoster(u"Yanlış Şifre"_s, 1, 2, 1);
+    Q_EMIT refused();
+}
