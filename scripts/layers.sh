@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# What the build cannot see: which folder may include what.
+#   core      everything outside platform/ and forms/: no widgets, no printers, no database engine
+#   forms     windows: no platform, no statements
+#   rooms     do not include each other's forms; labels/print may read labels/layout
+set -euo pipefail
+cd "$(dirname "$0")/.."
+failed=0
+
+refuse() { # message, pattern, files on standard input
+    local found
+    found=$(xargs -r grep -nE "$2" || true)
+    if [ -n "$found" ]; then
+        printf '%s:\n%s\n' "$1" "$found"
+        failed=1
+    fi
+}
+
+core() { git ls-files 'src/*.h' 'src/*.cpp' | grep -vE '^src/(platform/|tour/|main\.cpp)|/forms/'; }
+forms() { git ls-files 'src/**/forms/*.h' 'src/**/forms/*.cpp'; }
+
+core | refuse "core includes widgets, printers or an engine" \
+    '#include .(QtWidgets|QtPrintSupport|QWidget|QDialog|QApplication|QPrinter|QMessageBox|sqlite3|sql\.h|sqlext|windows\.h)'
+core | refuse "core includes a form or the platform" '#include "(platform/|[a-z/]*forms/|ui_)'
+forms | refuse "a form includes the platform" '#include "platform/'
+forms | refuse "a form holds a statement" '(select \*|Update [a-z]+ set|INSERT INTO|UPDATE [A-Z]+ SET)'
+git ls-files 'src/*.h' 'src/*.cpp' | refuse "string connect or a forgotten mark" \
+    '\b(SIGNAL|SLOT)\(|TODO|FIXME|XXX'
+
+for room in shell sales labels/layout labels/print; do
+    for other in shell sales labels/layout labels/print; do
+        [ "$room" = "$other" ] && continue
+        git ls-files "src/$room/*.h" "src/$room/*.cpp" |
+            refuse "$room includes a form of $other" "#include \"$other/forms/"
+        [ "$room $other" = "labels/print labels/layout" ] && continue
+        git ls-files "src/$room/*.h" "src/$room/*.cpp" |
+            refuse "$room leans on $other" "#include \"$other/"
+    done
+done
+
+if [ "$failed" -eq 0 ]; then
+    echo "layers: well"
+fi
+exit "$failed"
