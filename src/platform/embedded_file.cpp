@@ -50,7 +50,7 @@ QString columnClause(const demo::Column &column)
     return column.key ? clause + u" NOT NULL"_s : clause;
 }
 
-QString createStatement(const demo::Table &table)
+QStringList createStatements(const demo::Table &table)
 {
     QStringList clauses;
     QStringList keys;
@@ -61,10 +61,10 @@ QString createStatement(const demo::Table &table)
     }
     if (!keys.isEmpty())
         clauses += u"PRIMARY KEY ("_s + keys.join(u',') + u')';
-    QString statement = u"CREATE TABLE "_s + table.name + u" ("_s + clauses.join(u", "_s) + u");"_s;
+    QStringList statements = {u"CREATE TABLE %1 (%2)"_s.arg(table.name, clauses.join(u", "_s))};
     for (const QString &column : table.indexes)
-        statement += u"CREATE INDEX %1_%2 ON %1 (%2);"_s.arg(table.name, column);
-    return statement;
+        statements += u"CREATE INDEX %1_%2 ON %1 (%2)"_s.arg(table.name, column);
+    return statements;
 }
 
 /// What a program writes into number and date columns is brought into their type, or refused, as
@@ -147,7 +147,8 @@ void writeEmbeddedFile(const QString &path, const std::vector<demo::Table> &tabl
     host_values::install(file.handle());
     file.execute(u"PRAGMA journal_mode=MEMORY; BEGIN"_s);
     for (const demo::Table &table : tables)
-        file.execute(createStatement(table));
+        for (const QString &statement : createStatements(table))
+            file.execute(statement);
     for (const demo::Table &table : tables)
         insertRows(file.handle(), table, today);
     for (const demo::Table &table : tables)
