@@ -1,0 +1,19 @@
+#pragma once
+
+#include "common/host_connection.h"
+#include "common/key_file.h"
+
+/// Opens host connections: on a database file of the working folder when the server name is
+/// "(yerel)", else on SQL Server.
+class EngineConnector final : public HostConnector
+{
+public:
+    /// `directory`: the working folder; `keys`: reads its `baglanti.zev`.
+    EngineConnector(const QString &directory, KeyFile &keys);
+
+    std::unique_ptr<HostConnection> open(const QString &connectionString) override;
+
+private:
+    QString m_directory;
+    KeyFile &m_keys;
+};

@@ -1,0 +1,238 @@
+#include "platform/demo_shop.h"
+#include "platform/embedded_engine.h"
+#include "platform/embedded_file.h"
+#include "platform/scratch.h"
+#include "support/print_qt.h"
+
+#include <QFile>
+
+#include <chrono>
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate kToday(2026, 11, 20);
+
+class EmbeddedEngineTest : public testing::Test
+{
+protected:
+    EmbeddedEngineTest()
+    {
+        createDemoShop(scratch.path(), kToday,
+                       QStringLiteral(TEZGAH_SOURCE_DIR "/tests/platform/demo"));
+        host = std::make_unique<EmbeddedEngine>(scratch.path(), u"DEMOSIRKET"_s);
+    }
+
+    QStringList codes(const QString &condition)
+    {
+        return texts(host->execute(u"select * from STKKART where "_s + condition), u"STKKOD");
+    }
+
+    std::optional<int> errorOfStatement(const QString &statement)
+    {
+        return errorOf([&] { host->execute(statement); });
+    }
+
+    Scratch scratch;
+    std::unique_ptr<EmbeddedEngine> host;
+};
+
+TEST_F(EmbeddedEngineTest, FindsRowsAsATurkishServerDoes)
+{
+    struct Case
+    {
+        QString condition;
+        QStringList expected;
+    };
+    const std::vector<Case> cases = {
+        {u"STKKOD='s002'"_s, {u"S002"_s}},
+        {u"STKKOD='S002  '"_s, {u"S002"_s}},
+        {u"STKCINSI='içli köfte'"_s, {u"S001"_s}},
+        {u"STKCINSI='ıçlı köfte'"_s, {}},
+        {u"STKCINSI LIKE '%SÜT%'"_s, {u"S002"_s}},
+        {u"STKCINSI LIKE '%İÇLİ%'"_s, {u"S001"_s}},
+        {u"STKCINSI LIKE '%''rize''%'"_s, {u"S003"_s}},
+        {u"STKCINSI LIKE '%%'"_s, {u"S001"_s, u"S002"_s, u"S003"_s}},
+        {u"STKBIRIM2=''"_s, {u"S001"_s, u"S002"_s}}, // a blank is as good as nothing
+        {u"STKSIRA='2'"_s, {u"S002"_s}},
+        {u"STKBAKIYE='12.50'"_s, {u"S001"_s}},
+        {u"STKFIYAT>'100'"_s, {u"S001"_s}}, // as numbers, not as text
+        {u"STKSYFTARIHI between '01.11.2026' and '30.11.2026'"_s, {u"S001"_s, u"S002"_s}},
+        {u"STKSYFTARIHI between '1.11.2026' and '17.11.2026'"_s, {u"S002"_s}},
+        {u"STKSYFTARIHI='24.12.2025'"_s, {u"S003"_s}},
+        {u"STKSYFTARIHI<'01.01.2026'AND STKKOD='S003'"_s, {u"S003"_s}},
+        {u"1=1 order by STKCINSI"_s, {u"S003"_s, u"S002"_s, u"S001"_s}},
+        {u"1=1 order by STKSYFTARIHI"_s, {u"S003"_s, u"S002"_s, u"S001"_s}},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(codes(c.condition), c.expected) << c.condition.toStdString();
+}
+
+TEST_F(EmbeddedEngineTest, GivesValuesOfTheColumnsType)
+{
+    const RecordSet rows = host->execute(u"select * from STKKART where STKKOD='S002'"_s);
+    EXPECT_EQ(rows.value(u"STKCINSI"), QVariant(u"ılık süt"_s));
+    EXPECT_EQ(rows.value(u"STKBAKIYE"), QVariant(0.0));
+    EXPECT_EQ(rows.value(u"STKBAKIYE").typeId(), QMetaType::Double);
+    EXPECT_EQ(rows.value(u"STKSIRA"), QVariant(qlonglong{2}));
+    EXPECT_EQ(rows.value(u"STKFIYAT"), QVariant(32.5));
+    EXPECT_EQ(rows.value(u"STKSYFTARIHI"), QVariant(QDate(2026, 11, 17)));
+    EXPECT_TRUE(rows.value(u"STKSYFSAATI").isNull());
+    EXPECT_EQ(host->execute(u"select * from STKKART where STKKOD='S001'"_s).text(u"STKBIRIM2"),
+              u" "_s);
+    EXPECT_EQ(host->execute(u"select max(STKSIRA) AS TOTAL from  STKKART"_s).number(u"TOTAL"), 2.0);
+    EXPECT_TRUE(
+        host->execute(u"select max(STKHARREFNO) AS TOTAL from  STKHAR"_s).value(u"TOTAL").isNull());
+}
+
+TEST_F(EmbeddedEngineTest, BringsWrittenTextIntoTheColumnsType)
+{
+    host->execute(u"Set DateFormat dmy"_s);
+    host->execute(u"INSERT INTO STKKART (STKKOD,STKBAKIYE,STKSIRA,STKFIYAT,STKSYFTARIHI) values "
+                  "('Y1','12.50','7','1.23456','5.3.2026')"_s);
+    host->execute(u"INSERT INTO STKKART (STKKOD,STKBAKIYE,STKSIRA,STKFIYAT,STKSYFTARIHI) values "
+                  "('Y2','','',' ','')"_s);
+    RecordSet rows = host->execute(u"select * from STKKART where STKKOD LIKE 'Y_'"_s);
+    EXPECT_EQ(rows.value(u"STKBAKIYE"), QVariant(12.5));
+    EXPECT_EQ(rows.value(u"STKSIRA"), QVariant(qlonglong{7}));
+    EXPECT_EQ(rows.value(u"STKFIYAT"), QVariant(1.2346)); // money has four decimals
+    EXPECT_EQ(rows.value(u"STKSYFTARIHI"), QVariant(QDate(2026, 3, 5)));
+    rows.moveNext();
+    for (const char16_t *column : {u"STKBAKIYE", u"STKSIRA", u"STKFIYAT"})
+        EXPECT_EQ(rows.value(column).toDouble(), 0.0); // an empty text is 0 there
+    EXPECT_EQ(rows.value(u"STKSYFTARIHI"), QVariant(QDate(1900, 1, 1)));
+
+    host->execute(u"UPDATE STKKART SET STKBAKIYE= '-3.5',STKSYFTARIHI='06.03.2026' "
+                  "where STKKOD='y1'"_s);
+    EXPECT_EQ(codes(u"STKBAKIYE=-3.5 and STKSYFTARIHI='6.3.2026'"_s), QStringList{u"Y1"_s});
+}
+
+TEST_F(EmbeddedEngineTest, RefusesWhatTheServerRefuses)
+{
+    struct Case
+    {
+        QString statement;
+        int expected;
+    };
+    const QString insert = u"INSERT INTO STKKART (STKKOD,%1) values ('Y1',%2)"_s;
+    const QString update = u"UPDATE STKKART SET %1=%2 where STKKOD='S001'"_s;
+    const std::vector<Case> cases = {
+        {u"select * from STKKART where STKCINSI LIKE '%6'lı%'"_s, HostError::kStatement},
+        {u"select * from STKKART where STKCINSI = '"_s, HostError::kStatement},
+        {u"select * from STKKART where STKCINSI = \"süt\""_s, HostError::kStatement},
+        {u"select * from YOK"_s, HostError::kStatement},
+        {u"select YOK from STKKART"_s, HostError::kStatement},
+        {u"selekt * from STKKART"_s, HostError::kStatement},
+        {u"select * from STKKART\0"_s + QChar(u'\0'), HostError::kStatement},
+        {u"Set DateFormat mdy"_s, HostError::kStatement},
+        {u"ATTACH DATABASE 'x.yerel' AS x"_s, HostError::kStatement},
+        {u"INSERT INTO STKKART (STKKOD) values ('S001')"_s, HostError::kDuplicate},
+        {u"INSERT INTO STKKART (STKKOD) values ('s001 ')"_s, HostError::kDuplicate},
+        {u"INSERT INTO STKKART (STKCINSI) values ('kodsuz')"_s, HostError::kDuplicate},
+        {insert.arg(u"STKSIRA"_s, u"'iki'"_s), HostError::kStatement},
+        {insert.arg(u"STKSIRA"_s, u"'2.5'"_s), HostError::kStatement},
+        {insert.arg(u"STKSIRA"_s, u"'3000000000'"_s), HostError::kStatement},
+        {insert.arg(u"STKBAKIYE"_s, u"'12,5'"_s), HostError::kStatement},
+        {insert.arg(u"STKBAKIYE"_s, u"'1e999'"_s), HostError::kStatement},
+        {insert.arg(u"STKFIYAT"_s, u"'bedava'"_s), HostError::kStatement},
+        {insert.arg(u"STKSYFTARIHI"_s, u"'31.02.2026'"_s), HostError::kStatement},
+        {insert.arg(u"STKSYFSAATI"_s, u"'12:00:00.0'"_s), HostError::kStatement}, // too long
+        {update.arg(u"STKFIYAT"_s, u"'x'"_s), HostError::kStatement},
+        {update.arg(u"STKSYFTARIHI"_s, u"'yarın'"_s), HostError::kStatement},
+        {update.arg(u"STKKOD"_s, u"'S002'"_s), HostError::kDuplicate},
+    };
+    const QStringList before = texts(host->execute(u"select * from STKKART"_s), u"STKFIYAT");
+    for (const Case &c : cases)
+        EXPECT_EQ(errorOfStatement(c.statement), c.expected) << c.statement.toStdString();
+    EXPECT_EQ(texts(host->execute(u"select * from STKKART"_s), u"STKFIYAT"), before);
+    EXPECT_EQ(host->state(), 1);
+}
+
+TEST_F(EmbeddedEngineTest, RunsABatchWholeOrNotAtAll)
+{
+    const RecordSet rows = host->execute(
+        u"delete from STKKART where STKKOD='S001'; select STKKOD from STKKART; select 1 AS X;"_s);
+    EXPECT_EQ(texts(rows, u"STKKOD"), (QStringList{u"S002"_s, u"S003"_s}));
+    EXPECT_EQ(errorOfStatement(u"delete from STKKART; select '"_s), HostError::kStatement);
+    EXPECT_EQ(codes(u"1=1"_s).size(), 2);
+}
+
+TEST_F(EmbeddedEngineTest, KeepsTheOrderOfInsertionWithoutAKey)
+{
+    EmbeddedEngine master(scratch.path(), u"demoana"_s);
+    EXPECT_EQ(texts(master.execute(u"select * from KDVKISIM"_s), u"KDVKISNO"),
+              (QStringList{u"3"_s, u"1"_s, u"2"_s}));
+}
+
+TEST_F(EmbeddedEngineTest, TwoTillsShareAFile)
+{
+    EmbeddedEngine second(scratch.path(), u"DEMOSIRKET"_s);
+    second.execute(u"BEGIN IMMEDIATE"_s);
+    second.execute(u"UPDATE STKKART SET STKBAKIYE='1' where STKKOD='S001'"_s);
+    EXPECT_EQ(codes(u"STKBAKIYE='12.5'"_s), QStringList{u"S001"_s}); // readers do not wait
+    std::thread writer([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        second.execute(u"COMMIT"_s);
+    });
+    host->execute(u"UPDATE STKKART SET STKBAKIYE='2' where STKKOD='S002'"_s); // writers do
+    writer.join();
+    EXPECT_EQ(codes(u"STKBAKIYE>'0'"_s), (QStringList{u"S001"_s, u"S002"_s}));
+}
+
+TEST_F(EmbeddedEngineTest, GivesUpOnAStatementThatDoesNotEnd)
+{
+    const auto start = std::chrono::steady_clock::now();
+    const QString endless = u"with recursive n(i) as (select 1 union all select i+1 from n) "
+                            "select count(*) from n"_s;
+    EXPECT_EQ(errorOfStatement(endless), HostError::kConnectionLost);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(12));
+    EXPECT_EQ(codes(u"STKKOD='S001'"_s).size(), 1);
+}
+
+TEST_F(EmbeddedEngineTest, OpensOnlyDatabasesOfTheFolder)
+{
+    scratch.write(u"METIN.yerel"_s, QByteArray(5000, 'x'));
+    const QStringList refused = {u"YOK"_s,   u"METIN"_s,        QString(),
+                                 u"../x"_s,  u"..\\DEMOANA"_s,  scratch.path(u"DEMOANA"_s),
+                                 u"DEMO*"_s, u"DEMOANA.yerel"_s};
+    for (const QString &name : refused)
+        EXPECT_EQ(errorOf([&] { EmbeddedEngine(scratch.path(), name); }),
+                  HostError::kConnectionLost)
+            << name.toStdString();
+}
+
+/// Whatever a file holds, a program that reads it gets values or a HostError.
+TEST_F(EmbeddedEngineTest, SurvivesDamagedFiles)
+{
+    host.reset();
+    QFile file(scratch.path(u"DEMOSIRKET.yerel"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray sound = file.readAll();
+    file.close();
+    std::uint32_t random = 1;
+    for (int round = 0; round < 300; ++round) {
+        QByteArray damaged = sound;
+        for (int i = 0; i < 40; ++i) {
+            random = random * 1664525U + 1013904223U;
+            damaged[static_cast<qsizetype>(random >> 8) % damaged.size()] =
+                static_cast<char>(random);
+        }
+        if (round % 4 == 0)
+            damaged.truncate(static_cast<qsizetype>(random >> 8) % damaged.size());
+        scratch.write(u"DEMOSIRKET.yerel"_s, damaged);
+        errorOf([&] {
+            EmbeddedEngine engine(scratch.path(), u"DEMOSIRKET"_s);
+            for (const char16_t *statement :
+                 {u"select * from STKKART where STKCINSI LIKE '%a%'",
+                  u"select * from STKKART where STKKOD='S002'",
+                  u"INSERT INTO STKHAR (STKHARREFNO,STKHARTAR) values ('1','1.1.2026')",
+                  u"UPDATE STKKART SET STKBAKIYE='1'"})
+                errorOf([&] { engine.execute(QString::fromUtf16(statement)); });
+        });
+    }
+}
+
+} // namespace
