@@ -81,6 +81,13 @@ QString money(double value)
     return withSign(std::signbit(value), group(digits));
 }
 
+QString whole(qint64 value)
+{
+    QString digits = money(static_cast<double>(value));
+    digits.chop(3);
+    return digits;
+}
+
 QString length(double millimetres)
 {
     if (!std::isfinite(millimetres))

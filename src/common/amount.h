@@ -12,6 +12,9 @@ namespace amount {
 /// half away from zero on the decimal digits of the shortest text of the value. Not finite → "".
 QString money(double value);
 
+/// Whole numbers with grouping points: 12345 → "12.345".
+QString whole(qint64 value);
+
 /// Lengths in millimetres, format "###0.0": 12.34 → "12,3".
 QString length(double millimetres);
 

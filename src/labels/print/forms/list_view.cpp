@@ -1,0 +1,53 @@
+#include "labels/print/forms/list_view.h"
+
+#include <QHeaderView>
+
+ListView::ListView(QWidget *parent) : QTreeView(parent)
+{
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setAlternatingRowColors(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+}
+
+int ListView::selectedRow() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void ListView::selectRow(int row)
+{
+    setCurrentIndex(model()->index(row, 0));
+}
+
+void ListView::enter()
+{
+    setFocus(Qt::ShortcutFocusReason);
+    if (selectedRow() < 0)
+        selectRow(0);
+}
+
+QList<int> ListView::widths() const
+{
+    QList<int> widths;
+    for (int column = 0; column < header()->count(); ++column)
+        widths += header()->sectionSize(column);
+    return widths;
+}
+
+void ListView::setWidths(const QList<int> &kept, const QList<int> &usual, int wideColumn)
+{
+    const QList<int> &widths = kept.isEmpty() ? usual : kept;
+    for (int column = 0; column < widths.size(); ++column)
+        header()->resizeSection(column, widths.at(column));
+    if (kept.isEmpty())
+        header()->setSectionResizeMode(wideColumn, QHeaderView::Stretch);
+}

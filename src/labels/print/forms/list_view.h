@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QTreeView>
+
+/// A list of the label form: whole rows, one selected, columns that keep their widths.
+class ListView final : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit ListView(QWidget *parent = nullptr);
+
+    /// −1 when none is selected.
+    int selectedRow() const;
+    /// Selects and shows a row; rows that are not there select nothing.
+    void selectRow(int row);
+    /// Takes the focus, with a row selected if there is one.
+    void enter();
+
+    QList<int> widths() const;
+    /// Widths in pixels: the kept ones, or else the usual ones with `wideColumn` taking all the
+    /// room that is left.
+    void setWidths(const QList<int> &kept, const QList<int> &usual, int wideColumn);
+};

@@ -1,0 +1,270 @@
+#include "labels/print/forms/stkkart.h"
+
+#include "common/amount.h"
+#include "labels/print/label_desk.h"
+#include "ui_stkkart.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QProgressBar>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Widths in pixels of a list nobody has arranged yet; the name column takes what is left over.
+const QList<int> kStockWidths = {150, 130, 300, 150, 110, 60};
+const QList<int> kQueueWidths = {50, 150, 130, 300, 150, 110, 60};
+
+} // namespace
+
+stkkart::stkkart(LabelDesk &desk, QWidget *parent)
+    : QMainWindow(parent), m_desk(desk), m_ui(std::make_unique<Ui::stkkart>()),
+      m_total(new QLabel(this)), m_status(new QLabel(this)), m_progress(new QProgressBar(this)),
+      m_stopHint(new QLabel(u"<b>Esc</b>: durdur"_s, this))
+{
+    m_ui->setupUi(this);
+    m_lastSearch = m_ui->Text1;
+    m_desk.olcuyukle();
+    buildLists();
+    buildStatusBar();
+    buildMenus();
+    connectSearches();
+    connectQueue();
+    connectDesk();
+    connectKeys();
+    showBusy(false);
+    m_ui->Text1->setFocus();
+}
+
+stkkart::~stkkart() = default;
+
+QToolButton *stkkart::menuButton() const
+{
+    return m_ui->menuButton;
+}
+
+void stkkart::buildLists()
+{
+    m_ui->l1->setModel(&m_desk.stocks());
+    m_ui->l2->setModel(&m_desk.queue());
+    m_ui->l1->setWidths(m_desk.stockWidths(), kStockWidths, StockList::name);
+    m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
+    m_ui->splitter->setStretchFactor(0, 3);
+    m_ui->splitter->setStretchFactor(1, 2);
+}
+
+void stkkart::buildStatusBar()
+{
+    m_total->setObjectName(u"panel1"_s);
+    m_status->setObjectName(u"status"_s);
+    m_progress->setObjectName(u"progress"_s);
+    m_progress->setTextVisible(false);
+    m_progress->setMaximumWidth(240);
+    m_ui->statusBar->addWidget(m_total);
+    m_ui->statusBar->addWidget(m_status, 1);
+    m_ui->statusBar->addPermanentWidget(m_progress);
+    m_ui->statusBar->addPermanentWidget(m_stopHint);
+    const auto showTotal = [this](qint64 total) {
+        m_total->setText(u"Toplam etiket: %1"_s.arg(amount::whole(total)));
+    };
+    connect(&m_desk.queue(), &PrintQueue::totalChanged, this, showTotal);
+    showTotal(m_desk.queue().total());
+}
+
+void stkkart::buildMenus()
+{
+    auto *stockMenu = new QMenu(this);
+    stockMenu->setObjectName(u"stklist"_s);
+    for (QAbstractButton *button : {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm})
+        addTo(stockMenu, button);
+
+    auto *queueMenu = new QMenu(this);
+    queueMenu->setObjectName(u"yzdlst"_s);
+    addTo(queueMenu, m_ui->printSelected, u"yzdsec"_s);
+    addTo(queueMenu, m_ui->printAll, u"yzdtum"_s);
+    queueMenu->addSeparator();
+    addTo(queueMenu, m_ui->removeOne);
+    addTo(queueMenu, m_ui->clearQueue);
+
+    const auto openOver = [](ListView *list, QMenu *menu) {
+        connect(list, &QWidget::customContextMenuRequested, menu, [list, menu](const QPoint &at) {
+            if (list->model()->rowCount() > 0)
+                menu->popup(list->viewport()->mapToGlobal(at));
+        });
+    };
+    openOver(m_ui->l1, stockMenu);
+    openOver(m_ui->l2, queueMenu);
+}
+
+/// A menu entry that does what a button does, while the button may be pressed.
+void stkkart::addTo(QMenu *menu, QAbstractButton *button, const QString &name)
+{
+    QAction *action = menu->addAction(button->text(), button, &QAbstractButton::click);
+    action->setObjectName(name);
+    connect(menu, &QMenu::aboutToShow, action,
+            [action, button] { action->setEnabled(button->isEnabled()); });
+}
+
+void stkkart::connectSearches()
+{
+    connect(m_ui->Text1, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.stkcinsibul(searchText(m_ui->Text1)); });
+    connect(m_ui->Text4, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.stkkodbul(searchText(m_ui->Text4)); });
+    connect(m_ui->Text3, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.brkdbul(searchText(m_ui->Text3)); });
+    connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+
+    const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
+        connect(option, &QAbstractButton::clicked, &m_desk,
+                [this, units] { m_desk.setUnits(units); });
+    };
+    onOption(m_ui->Option1, UnitChoice::first);
+    onOption(m_ui->Option2, UnitChoice::second);
+    onOption(m_ui->Option3, UnitChoice::both);
+    m_desk.setUnits(UnitChoice::first);
+}
+
+void stkkart::connectQueue()
+{
+    connect(m_ui->addOne, &QPushButton::clicked, this,
+            [this] { m_desk.addOne(m_ui->l1->selectedRow()); });
+    connect(m_ui->l1, &QTreeView::doubleClicked, m_ui->addOne, &QPushButton::click);
+    connect(m_ui->ekbr1, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr1);
+    connect(m_ui->ekbr2, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr2);
+    connect(m_ui->ektm, &QPushButton::clicked, &m_desk, &LabelDesk::ektm);
+
+    const auto setOne = [this] { m_desk.setCount(m_ui->l2->selectedRow(), m_ui->adet->text()); };
+    const auto setAll = [this] { m_desk.setAllCounts(m_ui->Text2->text()); };
+    connect(m_ui->adet, &QLineEdit::returnPressed, this, setOne);
+    connect(m_ui->Text2, &QLineEdit::returnPressed, this, setAll);
+    connect(m_ui->setAllCounts, &QPushButton::clicked, this, setAll);
+    connect(m_ui->removeOne, &QPushButton::clicked, this,
+            [this] { m_desk.removeOne(m_ui->l2->selectedRow()); });
+    connect(m_ui->clearQueue, &QPushButton::clicked, &m_desk, &LabelDesk::clearQueue);
+    connect(m_ui->printAll, &QPushButton::clicked, &m_desk, &LabelDesk::yzdtum);
+    connect(m_ui->printSelected, &QPushButton::clicked, this,
+            [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
+    connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &stkkart::showCount);
+}
+
+void stkkart::connectDesk()
+{
+    connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showBusy);
+    connect(&m_desk, &LabelDesk::statusChanged, m_status, &QLabel::setText);
+    connect(&m_desk, &LabelDesk::progressed, this,
+            [this](const QString &text, int done, int total) {
+                m_status->setText(text);
+                m_progress->setMaximum(total);
+                m_progress->setValue(done);
+            });
+    connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
+    connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
+        m_ui->Text2->setText(u"1"_s);
+        m_ui->Text2->selectAll();
+        showCount();
+    });
+}
+
+void stkkart::connectKeys()
+{
+    for (QLineEdit *box : {m_ui->Text1, m_ui->Text4, m_ui->Text3}) {
+        onKey(box, Qt::Key_Tab, [this] { goToFirstStock(); });
+        onKey(box, Qt::Key_Down, [this] { goToFirstStock(); });
+    }
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        onKey(m_ui->l1, key, [this] { m_ui->addOne->click(); });
+        onKey(m_ui->l2, key, [this] { m_ui->adet->setFocus(Qt::ShortcutFocusReason); });
+    }
+    onKey(m_ui->l2, Qt::Key_Delete, [this] { m_ui->removeOne->click(); });
+    onKey(m_ui->l2, Qt::CTRL | Qt::Key_Delete, [this] { m_ui->clearQueue->click(); });
+    onKey(m_ui->adet, Qt::Key_Up, [this] { moveInQueue(-1); });
+    onKey(m_ui->adet, Qt::Key_Down, [this] { moveInQueue(1); });
+
+    onKey(this, Qt::Key_F3, [this] { goToSearch(m_ui->Text1); });
+    onKey(this, Qt::Key_F4, [this] { goToSearch(m_ui->Text4); });
+    onKey(this, Qt::Key_F5, [this] { goToSearch(m_ui->Text3); });
+    onKey(this, Qt::Key_F7, [this] { m_ui->l1->enter(); });
+    onKey(this, Qt::Key_F8, [this] { m_ui->l2->enter(); });
+    onKey(this, Qt::Key_Escape, [this] { leave(); });
+}
+
+/// A key of one control, or of the whole window.
+void stkkart::onKey(QWidget *widget, const QKeySequence &keys, const std::function<void()> &action)
+{
+    auto *shortcut = new QShortcut(keys, widget);
+    shortcut->setContext(widget == this ? Qt::WindowShortcut : Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, this, action);
+}
+
+/// The text is selected, so that the next scan or word replaces it.
+QString stkkart::searchText(QLineEdit *box)
+{
+    box->selectAll();
+    m_lastSearch = box;
+    return box->text();
+}
+
+void stkkart::goToSearch(QLineEdit *box)
+{
+    box->setFocus(Qt::ShortcutFocusReason);
+    box->selectAll();
+}
+
+void stkkart::goToFirstStock()
+{
+    m_ui->l1->setFocus(Qt::TabFocusReason);
+    m_ui->l1->selectRow(0);
+}
+
+void stkkart::moveInQueue(int rows)
+{
+    const int row = m_ui->l2->selectedRow() + rows;
+    if (m_desk.queue().isValidRow(row))
+        m_ui->l2->selectRow(row);
+    m_ui->adet->selectAll();
+}
+
+/// Escape: stops what runs, else goes back to where the user was searching.
+void stkkart::leave()
+{
+    if (m_desk.isBusy())
+        m_desk.stop();
+    else
+        goToSearch(m_lastSearch);
+}
+
+void stkkart::showCount()
+{
+    const int row = m_ui->l2->selectedRow();
+    m_ui->adet->setText(row < 0 ? QString() : m_desk.queue().at(row).count);
+    m_ui->adet->selectAll();
+}
+
+void stkkart::showBusy(bool busy)
+{
+    for (QWidget *command :
+         std::initializer_list<QWidget *>{m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm,
+                                          m_ui->printSelected, m_ui->printAll})
+        command->setDisabled(busy);
+    m_progress->setMaximum(0);
+    m_progress->setVisible(busy);
+    m_stopHint->setVisible(busy);
+}
+
+void stkkart::closeEvent(QCloseEvent *event)
+{
+    m_desk.saveWidths(m_ui->l1->widths(), m_ui->l2->widths());
+    m_desk.stop();
+    // A key handler of this window may still be running a search; the window goes after it.
+    if (m_desk.isBusy() && testAttribute(Qt::WA_DeleteOnClose)) {
+        setAttribute(Qt::WA_DeleteOnClose, false);
+        connect(&m_desk, &LabelDesk::busyChanged, this, &QObject::deleteLater);
+    }
+    QMainWindow::closeEvent(event);
+}

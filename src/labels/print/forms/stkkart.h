@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+class QToolButton;
+QT_END_NAMESPACE
+
+class LabelDesk;
+
+namespace Ui {
+class stkkart;
+}
+
+/// The label form, the shop's working screen: searches, stock list, print queue.
+class stkkart final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// `desk` must outlive the form. The price numbers and column widths are read here.
+    explicit stkkart(LabelDesk &desk, QWidget *parent = nullptr);
+    ~stkkart() override;
+
+    /// Where the main menu goes on a desktop without a tray; hidden until it is shown.
+    QToolButton *menuButton() const;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildLists();
+    void buildStatusBar();
+    void buildMenus();
+    void connectSearches();
+    void connectQueue();
+    void connectDesk();
+    void connectKeys();
+    void onKey(QWidget *widget, const QKeySequence &keys, const std::function<void()> &action);
+    void addTo(QMenu *menu, QAbstractButton *button, const QString &name = {});
+
+    QString searchText(QLineEdit *box);
+    void goToSearch(QLineEdit *box);
+    void goToFirstStock();
+    void moveInQueue(int rows);
+    void leave();
+    void showCount();
+    void showBusy(bool busy);
+
+    LabelDesk &m_desk;
+    std::unique_ptr<Ui::stkkart> m_ui;
+    QLineEdit *m_lastSearch; ///< the search box used last; Escape goes back to it
+    QLabel *m_total;
+    QLabel *m_status;
+    QProgressBar *m_progress;
+    QLabel *m_stopHint;
+};

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "labels/print/print_queue.h"
+#include "labels/print/stock_list.h"
+#include "labels/print/stock_search.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+
+#include <functional>
+
+class Program;
+
+/// The desk at which labels are picked: stock list, print queue, and what the user does with them.
+///
+/// A search handles events while it runs, so that it can be watched and stopped. Meanwhile rows
+/// cannot be queued or printed, because their barcodes and prices are still being read; a search
+/// asked for meanwhile stops the one that runs and takes its place.
+class LabelDesk final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LabelDesk(Program &program, QObject *parent = nullptr);
+
+    StockList &stocks() { return m_stocks; }
+    PrintQueue &queue() { return m_queue; }
+    const PriceNumbers &priceNumbers() const { return m_prices; }
+
+    /// True while a search or price pass runs. The desk must not be destroyed then.
+    bool isBusy() const { return m_busy; }
+
+    /// Widths kept from the last time, in pixels; empty when there are none or they make no sense.
+    QList<int> stockWidths() const;
+    QList<int> queueWidths() const;
+    void saveWidths(const QList<int> &stockList, const QList<int> &printQueue);
+
+public Q_SLOTS:
+    /// Reads the price numbers from the settings; again after they were changed.
+    void olcuyukle();
+
+    void setUnits(UnitChoice units) { m_units = units; }
+
+    void stkcinsibul(const QString &name);
+    void stkkodbul(const QString &code);
+    void brkdbul(const QString &barcode);
+    void listele();
+    void fiyatoku();
+
+    /// Ends a search after the statement it is at; the rows listed so far stay.
+    void stop();
+
+    /// Queue one row of the stock list; other rows than 0 to size − 1 only tell the user.
+    void addOne(int stockRow);
+    /// Queue the rows of the first unit, of the second, all.
+    void ekbr1();
+    void ekbr2();
+    void ektm();
+
+    void setCount(int queueRow, const QString &text);
+    void setAllCounts(const QString &text);
+    void removeOne(int queueRow);
+    void clearQueue();
+
+    /// Print the whole queue, or one row of it.
+    void yzdtum();
+    void yzdsec(int queueRow);
+
+Q_SIGNALS:
+    void busyChanged(bool busy);
+    /// `total` is not 0; `text` says in words what is going on.
+    void progressed(const QString &text, int done, int total);
+    void statusChanged(const QString &text);
+
+    /// A row came into the queue by itself: the row its count is meant for.
+    void rowQueued(int queueRow);
+    /// A count was taken; one that was not leaves its box as it is.
+    void countSet();
+    void allCountsSet();
+
+    void printAllRequested();
+    void printSelectedRequested(int queueRow);
+
+private:
+    using Search = std::function<bool(StockSearch &)>;
+    class Busy;
+
+    QList<int> widths(QStringView section, int columns) const;
+
+    void find(const QString &statement);
+    void run(const Search &search);
+    void runOne(const Search &search);
+    bool keepGoing(SearchStage stage, int done, int total);
+    bool readDetails(StockSearch &search);
+    QString foundText() const;
+    QString stoppedText() const;
+
+    bool refuseWhileBusy();
+    bool refuseRow(int queueRow);
+    bool refuseCount(const QString &text);
+    void addBulk(QStringView unitEnding);
+
+    Program &m_program;
+    StockList m_stocks;
+    PrintQueue m_queue;
+    PriceNumbers m_prices;
+    UnitChoice m_units = UnitChoice::first;
+
+    bool m_busy = false;
+    bool m_stopped = false;
+    Search m_next; ///< asked for while another search runs
+    QElapsedTimer m_sinceEvents;
+};

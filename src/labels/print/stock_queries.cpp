@@ -1,0 +1,42 @@
+#include "labels/print/stock_queries.h"
+
+using namespace Qt::StringLiterals;
+
+namespace stock_queries {
+
+QString all()
+{
+    return u"select * from STKKART"_s;
+}
+
+QString byName(const QString &text)
+{
+    return u"select * from STKKART where STKCINSI LIKE '%"_s + text + u"%'"_s;
+}
+
+QString byCode(const QString &text)
+{
+    return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
+}
+
+QString card(const QString &stockCode)
+{
+    return u"select * from STKKART where STKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString barcode(const QString &barcode)
+{
+    return u"select * from STKBARKOD where STKBARKOD='"_s + barcode + u"'"_s;
+}
+
+QString barcodesOf(const QString &stockCode)
+{
+    return u"select * from STKBARKOD where STKBARSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString pricesOf(const QString &stockCode)
+{
+    return u"select * from STKFIYAT where STKFIYSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+} // namespace stock_queries

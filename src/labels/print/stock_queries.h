@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+/// Statements of the label form on the company database. Values are put in as typed: a quote in a
+/// search text breaks the statement and the host says so.
+namespace stock_queries {
+
+QString all();
+QString byName(const QString &text);
+QString byCode(const QString &text);
+
+/// The stock card of exactly this code.
+QString card(const QString &stockCode);
+
+/// The owners of a barcode.
+QString barcode(const QString &barcode);
+
+/// The barcodes of all units of a stock.
+QString barcodesOf(const QString &stockCode);
+
+/// The prices of a stock under all price numbers.
+QString pricesOf(const QString &stockCode);
+
+} // namespace stock_queries
