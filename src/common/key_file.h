@@ -14,6 +14,7 @@ struct KeyEntry
 
 /// Key files in the private-profile form of Windows (code page 1254, CR LF): label layouts, the
 /// default layout, list column widths. Every reader and writer of such files goes through here.
+/// Files are named by their full path. The rules of the text are told in common/ini_text.h.
 class KeyFile
 {
 public:
@@ -25,8 +26,8 @@ public:
     virtual QString read(const QString &section, const QString &key, const QString &file) = 0;
 
     /// Replaces the key in place, appends it to its section, or appends the section to the file.
-    /// Comments and unknown lines stay. Returns false when the file could not be written; it is
-    /// then as it was.
+    /// Comments and unknown lines stay; line ends and NUL inside a value become blanks. Returns
+    /// false when the file could not be written; it is then as it was.
     virtual bool write(const QString &section, const QString &key, const QString &value,
                        const QString &file) = 0;
 

@@ -6,11 +6,11 @@
 
 #include <vector>
 
-/// Font of an element as a layout file keeps it; size in points.
+/// Font of an element as a layout file keeps it.
 struct LabelFont
 {
     QString name;
-    double size = 0;
+    double size = 0; ///< points, 0 to kLargestFont; 0 = not given
     bool bold = false;
     bool italic = false;
     bool underline = false;
@@ -20,7 +20,7 @@ struct LabelFont
 };
 
 /// Box of an element inside its label, millimetres from the label's upper left corner. Single
-/// precision, as the lengths of a layout file are read.
+/// precision, as the lengths of a layout file are read; a file keeps one decimal of them.
 struct LabelBox
 {
     float left = 0;
@@ -34,7 +34,7 @@ struct LabelBox
 struct PictureElement
 {
     LabelBox box;
-    QString file; ///< bare name inside ayar/pic, "" = no picture
+    QString file; ///< bare name inside ayar/pic, never with a folder; "" = no picture
 
     friend bool operator==(const PictureElement &, const PictureElement &) = default;
 };
@@ -42,29 +42,35 @@ struct PictureElement
 struct BarcodeElement
 {
     LabelBox box;
-    LabelFont font;    ///< of the human-readable digits
-    int colour = 0;    ///< 0x00BBGGRR
-    int option10 = 0;  ///< key "bo", carried unchanged
-    int option1 = 0;   ///< key "bar", carried unchanged
-    QString sample;    ///< key "bt", the barcode shown in the designer
+    LabelFont font;   ///< of the human-readable digits
+    int colour = 0;   ///< 0x00BBGGRR
+    int option10 = 0; ///< key "bo", carried unchanged
+    int option1 = 0;  ///< key "bar", carried unchanged
+    QString sample;   ///< key "bt", the barcode shown in the designer
 
     friend bool operator==(const BarcodeElement &, const BarcodeElement &) = default;
 };
 
 /// Alignment of a text inside its box, the numbers of key "angl".
-enum class TextAlignment { left = 1, centre = 2, right = 3 };
+enum class TextAlignment
+{
+    left = 1,
+    centre = 2,
+    right = 3
+};
 
 struct TextElement
 {
-    LabelBox box;      ///< the element's own box; the file keeps its anchor point instead
+    LabelBox box; ///< the element's own box; the file keeps its anchor point instead
     LabelFont font;
     bool border = false;
-    int colour = 0;    ///< 0x00BBGGRR
-    double angle = 0;  ///< degrees, key "hz"; 0, 90, 180 and 270 have an anchor point
-    QString alignment; ///< key "angl": "1" left, "2" centre, "3" right
+    int colour = 0;      ///< 0x00BBGGRR
+    double angle = 0;    ///< degrees, key "hz"; only 0, 90, 180 and 270 have an anchor point, and
+                         ///< only their position is kept
+    QString alignment;   ///< key "angl": "1" left, "2" centre, "3" right
     bool marked = false; ///< key "tur": the element is painted in the marking colour
-    QString field;     ///< bound stock field, "" = free text
-    QString caption;   ///< key "yz"
+    QString field;       ///< bound stock field, "" = free text; what is saved of it is the caption
+    QString caption;     ///< key "yz"; of a bound text the name of its field
 
     friend bool operator==(const TextElement &, const TextElement &) = default;
 };
@@ -97,12 +103,18 @@ struct LabelLayout
 /// At most this many elements of each kind are read.
 inline constexpr int kMostElements = 1000;
 
-/// Reads a layout file. Missing files, sections and keys give empty values; each kind ends at the
-/// first serial number whose width is empty.
+/// No sheet is longer (mm) and no font larger (points). Numbers beyond come from a damaged file and
+/// read as 0, before they reach the arithmetic of paper and screen.
+inline constexpr float kLongestLength = 10'000.0F;
+inline constexpr double kLargestFont = 1638.0;
+
+/// Reads a layout file. Missing files, sections and keys give empty values, unreadable numbers 0;
+/// each kind ends at the first serial number whose width is empty.
 LabelLayout openLayout(KeyFile &keys, const QString &file);
 
-/// Writes a layout file anew. Returns false when it could not be written; an older file of that
-/// name is then unharmed.
+/// Writes a layout file anew, all its elements. Texts longer than 254 characters are cut when they
+/// are read again. Returns false when it could not be written; an older file of that name is then
+/// unharmed.
 bool saveLayout(KeyFile &keys, const QString &file, const LabelLayout &layout);
 
 /// The file name with ".ayr" appended unless it already ends so.
