@@ -13,11 +13,11 @@ QT_END_NAMESPACE
 /// What a printer is told before the first page.
 struct PrinterSetup
 {
-    QString document;      ///< name of the print job
-    bool portrait = true;  ///< false: landscape
-    int paperCode = 0;     ///< Windows paper size number (9 = A4, 256 = own size); 0: the printer's
-    int quality = 0;       ///< −1 draft … −4 high, or dots per inch; 0: the printer's
-    QSizeF paper;          ///< paper size in mm, for codes that name no standard size; may be empty
+    QString document;     ///< name of the print job
+    bool portrait = true; ///< false: landscape
+    int paperCode = 0;    ///< Windows paper size number (9 = A4, 256 = own size); 0: the printer's
+    int quality = 0;      ///< −1 draft … −4 high, or dots per inch; 0: the printer's
+    QSizeF paper;         ///< paper size in mm, for codes that name no standard size; may be empty
 
     friend bool operator==(const PrinterSetup &, const PrinterSetup &) = default;
 };
@@ -39,6 +39,10 @@ public:
     /// Paint on this with one QPainter; its newPage() starts the next sheet. The painter must have
     /// ended before finish(). Origin: the corner of the printable area.
     virtual QPagedPaintDevice &device() = 0;
+
+    /// Says that the document will not be finished, so that a printer that is fed while it is
+    /// painted stops. To be called while the painter is still active.
+    virtual void cancel() {}
 
     /// Hands the document to the printer. Throws PrintError.
     virtual void finish() = 0;

@@ -1,22 +1,33 @@
+#include "common/amount.h"
 #include "labels/layout/label_layout.h"
 #include "support/ini_key_file.h"
 #include "support/print_qt.h"
 
+#include <QDir>
 #include <QFile>
+#include <QRectF>
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString kFile = u"/ayar/deneme.ayr"_s;
+const QString kGolden = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/golden/her_anahtar.ayr");
 
-QByteArray golden(const QString &name)
+QByteArray bytesOf(const QString &path)
 {
-    QFile file(QStringLiteral(TEZGAH_SOURCE_DIR "/tests/golden/") + name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
     return file.readAll();
+}
+
+QRectF rectOf(const LabelBox &box)
+{
+    return {box.left, box.top, box.width, box.height};
 }
 
 LabelLayout opened(const QByteArray &bytes)
@@ -89,7 +100,7 @@ LabelLayout everyKey()
 
 TEST(LabelLayoutFile, IsWrittenByteForByte)
 {
-    EXPECT_EQ(saved(everyKey()).toStdString(), golden(u"her_anahtar.ayr"_s).toStdString());
+    EXPECT_EQ(saved(everyKey()).toStdString(), bytesOf(kGolden).toStdString());
     EXPECT_EQ(saved({}).toStdString(),
               "\r\n[paper]\r\nx=\r\ny=\r\nind1=\r\nind2=\r\nind3=\r\nksay=\r\n"
               "[print]\r\nprinter=\r\nkalite=\r\n"
@@ -245,4 +256,51 @@ TEST(LabelLayoutFile, TheDefaultLayoutIsNamedInAFileOfItsOwn)
     EXPECT_EQ(keys.files.value(u"/dukkan/ayar/Default.zev"_s).bytes().toStdString(),
               "[default]\r\nfile=D\xF6rt Y\xF6n.ayr\r\n");
     EXPECT_EQ(defaultLayout(keys, u"/dukkan"_s), u"Dört Yön.ayr"_s);
+}
+
+TEST(ShippedLayouts, AreInCanonicalFormAndFitTheirLabels)
+{
+    const QDir shipped(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar"));
+    const QStringList names = shipped.entryList({u"*.ayr"_s}, QDir::Files);
+    EXPECT_GE(names.size(), 4);
+    for (const QString &name : names) {
+        SCOPED_TRACE(name.toStdString());
+        const QByteArray bytes = bytesOf(shipped.filePath(name));
+        const LabelLayout layout = opened(bytes);
+        EXPECT_EQ(saved(layout).toStdString(), bytes.toStdString());
+        EXPECT_EQ(layout.printer, u"PDF"_s);
+        const float across = amount::single(layout.across);
+        const float down = amount::single(layout.down);
+        EXPECT_LE(amount::single(layout.left) + across * amount::single(layout.stepX),
+                  amount::single(layout.paperWidth) + 3); // the last step ends in the gap
+        EXPECT_LE(amount::single(layout.top) + down * amount::single(layout.stepY),
+                  amount::single(layout.paperHeight));
+
+        const QRectF label(0, 0, amount::single(layout.stepX), amount::single(layout.stepY));
+        for (const TextElement &text : layout.texts)
+            EXPECT_TRUE(label.contains(rectOf(text.box))) << text.caption.toStdString();
+        for (const BarcodeElement &bars : layout.barcodes) {
+            EXPECT_TRUE(label.contains(rectOf(bars.box)));
+            EXPECT_GE(bars.box.width, 113 * 0.25F); // an EAN-13 with its quiet zones, readable
+        }
+        for (const PictureElement &picture : layout.pictures) {
+            EXPECT_TRUE(label.contains(rectOf(picture.box)));
+            EXPECT_TRUE(shipped.exists(u"pic/"_s + picture.file));
+        }
+    }
+    IniKeyFile keys;
+    keys.files.insert(u"/ayar/Default.zev"_s, IniText(bytesOf(shipped.filePath(u"Default.zev"_s))));
+    EXPECT_TRUE(names.contains(defaultLayout(keys, QString())));
+}
+
+TEST(ShippedLayouts, OneShowsEveryAngleWithEveryAlignment)
+{
+    const LabelLayout layout =
+        opened(bytesOf(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/Dört Yön.ayr")));
+    std::set<std::pair<double, QString>> shown;
+    for (const TextElement &text : layout.texts)
+        shown.insert({text.angle, text.alignment});
+    EXPECT_EQ(shown.size(), 12U);
+    EXPECT_EQ(layout.barcodes.size(), 2U);
+    EXPECT_EQ(layout.pictures.size(), 1U);
 }

@@ -1,0 +1,146 @@
+#include "labels/print/ean.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace ean {
+
+namespace {
+
+// Widths of space, bar, space, bar of each digit in number set A. Set C inverts the colours, set B
+// is set C read backwards.
+constexpr std::array<std::array<int, 4>, 10> kWidths = {{{3, 2, 1, 1},
+                                                         {2, 2, 2, 1},
+                                                         {2, 1, 2, 2},
+                                                         {1, 4, 1, 1},
+                                                         {1, 1, 3, 2},
+                                                         {1, 2, 3, 1},
+                                                         {1, 1, 1, 4},
+                                                         {1, 3, 1, 2},
+                                                         {1, 2, 1, 3},
+                                                         {3, 1, 1, 2}}};
+
+// The first digit of an EAN-13 number has no bars of its own: it shows in which of the next six
+// digits are drawn from set B (bit 5 = the leftmost of them).
+constexpr std::array<unsigned, 10> kSetB = {0b000000, 0b001011, 0b001101, 0b001110, 0b010011,
+                                            0b011001, 0b011100, 0b010101, 0b010110, 0b011010};
+
+bool isDigits(QStringView text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+int digitAt(QStringView digits, qsizetype at)
+{
+    return digits.at(at).unicode() - u'0';
+}
+
+/// Collects alternating spaces and bars from left to right.
+class BarWriter
+{
+public:
+    void space(int width) { m_at += width; }
+    void bar(int width, bool guard)
+    {
+        m_bars.push_back({m_at, width, guard});
+        m_at += width;
+    }
+    void sideGuard()
+    {
+        bar(1, true);
+        space(1);
+        bar(1, true);
+    }
+    void centreGuard()
+    {
+        space(1);
+        bar(1, true);
+        space(1);
+        bar(1, true);
+        space(1);
+    }
+    void leftDigit(int digit, bool setB)
+    {
+        auto widths = kWidths[static_cast<std::size_t>(digit)];
+        if (setB)
+            std::reverse(widths.begin(), widths.end());
+        for (std::size_t i = 0; i < widths.size(); i += 2) {
+            space(widths[i]);
+            bar(widths[i + 1], false);
+        }
+    }
+    void rightDigit(int digit)
+    {
+        const auto &widths = kWidths[static_cast<std::size_t>(digit)];
+        for (std::size_t i = 0; i < widths.size(); i += 2) {
+            bar(widths[i], false);
+            space(widths[i + 1]);
+        }
+    }
+    std::vector<Bar> take() { return std::move(m_bars); }
+
+private:
+    std::vector<Bar> m_bars;
+    int m_at = 0;
+};
+
+} // namespace
+
+QString checkDigit(QStringView digits)
+{
+    if (digits.size() > 13 || !isDigits(digits))
+        return {};
+    const QString base = digits.toString().rightJustified(12, u'0').left(12);
+    int sum = 0;
+    for (qsizetype i = 0; i < base.size(); ++i)
+        sum += digitAt(base, i) * (i % 2 == 0 ? 1 : 3);
+    return base + QString::number((10 - sum % 10) % 10);
+}
+
+QString completed(Symbology symbology, QStringView data)
+{
+    const qsizetype size = symbology == Symbology::ean8 ? 8 : 13;
+    if ((data.size() != size && data.size() != size - 1) || !isDigits(data))
+        return {};
+    const QString number = checkDigit(data.first(size - 1)).right(size);
+    return data.size() < size || data == number ? number : QString();
+}
+
+std::optional<Symbol> encode(Symbology symbology, QStringView data)
+{
+    const QString digits = completed(symbology, data);
+    if (digits.isEmpty())
+        return {};
+
+    // EAN-13 draws 12 digits, six to each side of the centre; EAN-8 draws all of its eight.
+    const qsizetype first = symbology == Symbology::ean8 ? 0 : 1;
+    const qsizetype half = (digits.size() - first) / 2;
+    const unsigned setB =
+        symbology == Symbology::ean8 ? 0 : kSetB[static_cast<std::size_t>(digitAt(digits, 0))];
+
+    BarWriter writer;
+    writer.sideGuard();
+    for (qsizetype i = 0; i < half; ++i)
+        writer.leftDigit(digitAt(digits, first + i), (setB >> (half - 1 - i) & 1U) != 0);
+    writer.centreGuard();
+    for (qsizetype i = 0; i < half; ++i)
+        writer.rightDigit(digitAt(digits, first + half + i));
+    writer.sideGuard();
+    return Symbol{symbology, digits, writer.take()};
+}
+
+Symbology bySize(QStringView data, Symbology previous)
+{
+    switch (data.size()) {
+    case 8:
+        return Symbology::ean8;
+    case 13:
+        return Symbology::ean13;
+    default:
+        return previous;
+    }
+}
+
+} // namespace ean

@@ -1,0 +1,56 @@
+#include "labels/print/picture_store.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kMostPixels = 40'000'000; ///< of a picture file; more is no label picture
+constexpr qint64 kMostBytes = 64LL << 20;  ///< of a picture file
+constexpr qint64 kMostHeld = 256LL << 20;  ///< bytes of all pictures of a run together
+
+bool isBareName(const QString &file)
+{
+    const auto leadsOut = [](QChar c) {
+        return c == u'/' || c == u'\\' || c == u':' || c.unicode() < 0x20;
+    };
+    return !file.isEmpty() && file != u"."_s && file != u".."_s &&
+           std::none_of(file.cbegin(), file.cend(), leadsOut);
+}
+
+} // namespace
+
+const QImage &PictureStore::find(const QString &file, QSize dots)
+{
+    const auto key = std::pair(file, std::pair(dots.width(), dots.height()));
+    const auto known = m_images.find(key);
+    if (known != m_images.end())
+        return known->second;
+    const QImage &image =
+        m_images.emplace(key, m_bytes < kMostHeld ? read(file, dots) : QImage()).first->second;
+    m_bytes += image.sizeInBytes();
+    return image;
+}
+
+QImage PictureStore::read(const QString &file, QSize dots) const
+{
+    const QFileInfo info(m_folder + u'/' + file);
+    if (!isBareName(file) || !info.isFile() || info.size() > kMostBytes)
+        return {};
+
+    // The content decides the format: pictures are renamed by hand more often than one thinks.
+    QImageReader reader(info.filePath());
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    if (!size.isValid() || size.width() * qint64(size.height()) > kMostPixels)
+        return {};
+    const QImage image = reader.read();
+    if (image.isNull() || (image.width() <= dots.width() && image.height() <= dots.height()))
+        return image;
+    return image.scaled(dots.boundedTo(image.size()), Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
+}
