@@ -20,7 +20,7 @@ need() {
 }
 
 build_packages=(
-    g++ cmake ninja-build qt6-base-dev libsqlite3-dev unixodbc-dev
+    g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libsqlite3-dev unixodbc-dev
 )
 run_packages=(
     qt6-translations-l10n fonts-liberation fonts-dejavu-core

@@ -1,7 +1,146 @@
+#include "common/program.h"
+#include "common/settings_database.h"
+#include "platform/demo_shop.h"
+#include "platform/engine_connector.h"
+#include "platform/profile_key_file.h"
+#include "platform/shipped_files.h"
+#include "platform/single_instance.h"
+#include "platform/sqlite_database.h"
+#include "platform/system_autostart.h"
+#include "platform/system_clock.h"
+#include "platform/system_printers.h"
+#include "platform/system_sounds.h"
+#include "rooms.h"
+#include "shell/forms/look.h"
+#include "shell/forms/mesaj.h"
+#include "shell/settings_file.h"
+#include "tour/tour.h"
+
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QProcess>
+#include <QTextStream>
+#include <QTranslator>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Command line of the program.
+struct Options
+{
+    QString directory; ///< working folder, "" = the current one
+    QString tour;      ///< where the tour leaves its pictures, "" = no tour
+};
+
+Options readOptions(const QCoreApplication &app)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Küçük dükkânlar için barkod etiketi ve hızlı satış."_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption directory(
+        u"directory"_s, u"Geçerli klasör yerine DIR klasöründe çalışır."_s, u"DIR"_s);
+    const QCommandLineOption tour(
+        u"tour"_s, u"Formları kendisi kullanır; resimlerini ve çıktıları DIR klasörüne bırakır."_s,
+        u"DIR"_s);
+    parser.addOptions({directory, tour});
+    parser.process(app);
+    return {parser.value(directory), parser.value(tour)};
+}
+
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(u"tezgah"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TEZGAH_VERSION));
+}
+
+/// Help and version are told without a display too.
+bool onlyAsks(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i)
+        for (const char *word : {"--help", "-h", "--help-all", "--version", "-v"})
+            if (qstrcmp(argv[i], word) == 0)
+                return true;
+    return false;
+}
+
+/// A working folder without settings gets the demo shop. The settings come last: as long as they
+/// are missing, the next start tries again.
+void prepareFolder(Program &program)
+{
+    if (QFile::exists(program.path(settings::kFile)))
+        return;
+    copyShippedFiles(program.directory());
+    createDemoShop(program.directory(), program.clock.now().date());
+    createSettingsFile(program);
+}
+
+int run(QApplication &app, const Options &options)
+{
+    const QString startedIn = QDir::currentPath();
+    const QString tourFolder =
+        options.tour.isEmpty() ? QString() : QDir(options.tour).absolutePath();
+    if (!options.directory.isEmpty() && !QDir::setCurrent(options.directory)) {
+        QTextStream(stderr) << u"Klasör açılamadı: %1\n"_s.arg(options.directory);
+        return 2;
+    }
+    SingleInstance instance(tourFolder.isEmpty() ? u"tezgah"_s : u"tezgah-tour"_s);
+    if (!instance.first())
+        return 0;
+
+    const QString directory = QDir::currentPath();
+    ProfileKeyFile keys;
+    EngineConnector host(directory, keys);
+    SqliteDatabase db;
+    SystemClock clock;
+    SystemPrinters printers(directory, clock);
+    SystemSounds sounds;
+    WindowPrompt prompt;
+    SystemAutostart autostart(directory);
+    Program program({host, db, keys, printers, sounds, clock, prompt}, directory);
+    try {
+        prepareFolder(program);
+    } catch (const std::exception &error) {
+        program.report(error);
+        return 1;
+    }
+
+    Rooms rooms(program, autostart);
+    std::unique_ptr<Tour> tour;
+    if (!tourFolder.isEmpty())
+        tour = std::make_unique<Tour>(rooms, directory, tourFolder);
+    rooms.open();
+    const int result = QApplication::exec();
+    if (tour)
+        return tour->succeeded() ? result : 1;
+    if (rooms.restartWanted()) {
+        instance.release();
+        QProcess::startDetached(QCoreApplication::applicationFilePath(), app.arguments().mid(1),
+                                startedIn);
+    }
+    return result;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
-    const QApplication app(argc, argv);
-    return 0;
+    QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
+    nameApplication();
+    if (onlyAsks(argc, argv)) {
+        const QCoreApplication app(argc, argv);
+        readOptions(app);
+        return 0;
+    }
+    QApplication app(argc, argv);
+    QTranslator translator;
+    if (translator.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&translator);
+    applyLook(app);
+    return run(app, readOptions(app));
 }

@@ -18,9 +18,12 @@ baglan::baglan(HostLink &link, QWidget *parent)
 {
     m_ui->setupUi(this);
     m_ui->button1->setEnabled(!m_link.masterOpen());
-    m_ui->durum->setText(
-        u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa yeniden bağlanın; adresi "
-        "değiştiyse ayarlardan düzeltin."_s.arg(m_link.server().server));
+    const QString state = m_link.masterOpen()
+                              ? u"%1 sunucusuna bağlantı açık."_s
+                              : u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa "
+                                u"yeniden bağlanın; adresi "
+                                "değiştiyse ayarlardan düzeltin."_s;
+    m_ui->durum->setText(state.arg(m_link.server().server));
     connect(m_ui->button1, &QPushButton::clicked, this, &baglan::connectToHost);
     connect(m_ui->button2, &QPushButton::clicked, this, &baglan::loginWanted);
     connect(&m_timer, &QTimer::timeout, this, &baglan::tick);

@@ -68,9 +68,9 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     connectColour(m_ui->button3, m_ui->renkl);
     connectColour(m_ui->button4, m_ui->yzrnk);
     connectColour(m_ui->button5, m_ui->renkl1);
-    connectSample(m_ui->yz1, m_ui->sz1, m_ui->orn1);
-    connectSample(m_ui->yz2, m_ui->sz2, m_ui->orn2);
-    connectSample(m_ui->yz3, m_ui->sz3, m_ui->orn3);
+    connectSample(m_ui->yz1, m_ui->sz1, m_ui->orn1, u"10"_s);
+    connectSample(m_ui->yz2, m_ui->sz2, m_ui->orn2, u"14"_s);
+    connectSample(m_ui->yz3, m_ui->sz3, m_ui->orn3, u"20"_s);
     for (const QLineEdit *edit : findChildren<QLineEdit *>())
         connect(edit, &QLineEdit::textChanged, this, &parametre::warn);
     warn();
@@ -189,7 +189,8 @@ void parametre::serverkaydet()
     accept();
 }
 
-void parametre::connectSample(QComboBox *family, QComboBox *size, QLabel *sample)
+void parametre::connectSample(QComboBox *family, QComboBox *size, QLabel *sample,
+                              const QString &points)
 {
     connect(family, &QComboBox::currentTextChanged, sample, [sample](const QString &name) {
         QFont font = sample->font();
@@ -197,13 +198,15 @@ void parametre::connectSample(QComboBox *family, QComboBox *size, QLabel *sample
         sample->setFont(font);
     });
     connect(size, &QComboBox::currentTextChanged, sample, [sample](const QString &text) {
-        const double points = amount::parse(text).value_or(0);
-        if (points <= 0)
+        const double chosen = amount::parse(text).value_or(0);
+        if (chosen <= 0)
             return;
         QFont font = sample->font();
-        font.setPointSizeF(points);
+        font.setPointSizeF(chosen);
         sample->setFont(font);
     });
+    family->setCurrentIndex(family->findText(sample->fontInfo().family()));
+    size->setCurrentText(points);
 }
 
 void parametre::connectColour(QPushButton *button, QLabel *box)

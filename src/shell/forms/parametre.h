@@ -32,7 +32,7 @@ private:
     void display(const ParameterValues &values);
     ParameterValues entered() const;
     void serverkaydet();
-    void connectSample(QComboBox *family, QComboBox *size, QLabel *sample);
+    void connectSample(QComboBox *family, QComboBox *size, QLabel *sample, const QString &points);
     void connectColour(QPushButton *button, QLabel *box);
     void showPasswords(bool visible);
     void warn();

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "common/autostart.h"
+#include "common/program.h"
+#include "labels/print/label_desk.h"
+#include "shell/forms/strt.h"
+#include "shell/host_link.h"
+#include "shell/start_session.h"
+
+#include <QObject>
+#include <QPointer>
+
+class baglan;
+class kakknd;
+class stkkart;
+QT_BEGIN_NAMESPACE
+class QToolButton;
+QT_END_NAMESPACE
+
+/// Opens each form on first use and connects the rooms that need each other. Forms are unloaded
+/// when they are closed; the start form lives for the whole run.
+class Rooms final : public QObject
+{
+    Q_OBJECT
+
+public:
+    Rooms(Program &program, Autostart &autostart);
+    ~Rooms() override;
+
+    /// Opens the host database and the first window.
+    void open();
+
+    void showStockList();
+    void showConnection();
+    void showLogin();
+    void showAbout();
+
+    /// True when the program ended with its connection open: it is to start anew, so that a shop
+    /// that has just corrected its server is not left without a window.
+    bool restartWanted() const { return m_restart; }
+
+private:
+    void showSettings();
+    void connectionUnloaded();
+    void end();
+    void endWhenNothingShows();
+    void giveMenu(QToolButton *button);
+
+    Program &m_program;
+    Autostart &m_autostart;
+    HostLink m_link;
+    StartSession m_start;
+    LabelDesk m_desk;
+    strt m_strt;
+    QPointer<stkkart> m_stkkart;
+    QPointer<baglan> m_baglan;
+    QPointer<kakknd> m_kakknd;
+    bool m_tray;
+    bool m_restart = false;
+};

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+class Rooms;
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+/// Drives the program's real forms by keys, as a user would, and leaves a picture of each form and
+/// everything that was printed in a folder. Says on standard output what it does and where each
+/// file is. Then the program ends.
+class Tour final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `directory`: the working folder; `folder`: where pictures and copies of printed files go.
+    Tour(Rooms &rooms, const QString &directory, const QString &folder);
+
+    /// False when a form or control was not where a user would look for it.
+    bool succeeded() const { return m_ended && m_failures == 0; }
+
+private:
+    using Action = std::function<void()>;
+
+    void step(const QString &what, const Action &action);
+    void stockList();
+    void queueAndPrint();
+    void settings();
+    void connection();
+
+    void tick();
+    void fail(const QString &what);
+    QWidget *window(const QString &name);
+    QWidget *control(const QString &windowName, const QString &name);
+    void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void type(const QString &windowName, const QString &name, const QString &text);
+    void click(const QString &windowName, const QString &name);
+    void picture(const QString &windowName, const QString &file);
+    void collectPrints();
+    void say(const QString &text);
+
+    struct Step
+    {
+        QString what;
+        Action action;
+    };
+
+    Rooms &m_rooms;
+    QString m_directory;
+    QString m_folder;
+    std::vector<Step> m_steps;
+    std::size_t m_next = 0;
+    int m_depth = 0; ///< steps that wait for a dialog they opened
+    int m_failures = 0;
+    bool m_ended = false;
+    QStringList m_collected;
+};
