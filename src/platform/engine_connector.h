@@ -3,17 +3,24 @@
 #include "common/host_connection.h"
 #include "common/key_file.h"
 
+#include <memory>
+
+class BoundedCalls;
+
 /// Opens host connections: on a database file of the working folder when the server name is
 /// "(yerel)", else on SQL Server.
 class EngineConnector final : public HostConnector
 {
 public:
-    /// `directory`: the working folder; `keys`: reads its `baglanti.zev`.
+    /// `directory`: the working folder; `keys`: reads its `baglanti.zev` (section "odbc", keys
+    /// "surucu" and "ek") before each connection to a server.
     EngineConnector(const QString &directory, KeyFile &keys);
+    ~EngineConnector() override;
 
     std::unique_ptr<HostConnection> open(const QString &connectionString) override;
 
 private:
     QString m_directory;
     KeyFile &m_keys;
+    std::shared_ptr<BoundedCalls> m_calls;
 };

@@ -1,0 +1,87 @@
+#include "common/connection_string.h"
+#include "common/host_error.h"
+#include "support/print_qt.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(ConnectionString, IsBuiltWithoutQuoting)
+{
+    EXPECT_EQ(connectionString({u"KASA1"_s, u"sa"_s, u"xxxx"_s, u"MUVSIRKET"_s}),
+              u"Server=KASA1;Provider=SQLOLEDB;UID=sa;PWD=xxxx;database=MUVSIRKET;"_s);
+    EXPECT_EQ(connectionString({{}, {}, u"a;'b"_s, {}}),
+              u"Server=;Provider=SQLOLEDB;UID=;PWD=a;'b;database=;"_s);
+}
+
+TEST(ConnectionString, ReadsBackWhatItSays)
+{
+    struct Case
+    {
+        QString text;
+        std::optional<ConnectionSettings> expected; // none: does not open
+    };
+    const ConnectionSettings usual{u"KASA1\\SQL2"_s, u"sa"_s, u"a=b"_s, u"MUV"_s};
+    const std::vector<Case> cases = {
+        {connectionString(usual), usual},
+        {u"SERVER = KASA1\\SQL2 ; uid=sa;Pwd=a=b; DATABASE=MUV"_s, usual},
+        {u"Server=x;UID=x;Server=KASA1\\SQL2;UID=sa;PWD=a=b;database=MUV;;"_s, usual},
+        // A password with ";" breaks the string,
+        {connectionString({u"K"_s, u"sa"_s, u"a;b"_s, u"MUV"_s}), std::nullopt},
+        {u"Server=K;=x;"_s, std::nullopt},
+        // or opens with what is left of it.
+        {connectionString({u"K"_s, u"sa"_s, u"a;"_s, u"MUV"_s}),
+         ConnectionSettings{u"K"_s, u"sa"_s, u"a"_s, u"MUV"_s}},
+        {connectionString({u"K"_s, u"sa"_s, u"a;UID=b;Timeout=9"_s, u"MUV"_s}),
+         ConnectionSettings{u"K"_s, u"b"_s, u"a"_s, u"MUV"_s}},
+        {QString(), ConnectionSettings{}},
+    };
+    for (const Case &c : cases) {
+        std::optional<ConnectionSettings> settings;
+        try {
+            settings = parseConnectionString(c.text);
+        } catch (const HostError &error) {
+            EXPECT_EQ(error.number(), HostError::kConnectionLost);
+        }
+        EXPECT_EQ(settings, c.expected) << c.text.toStdString();
+    }
+}
+
+TEST(ServerName, SplitsHostInstanceAndPort)
+{
+    struct Case
+    {
+        QString name;
+        std::optional<ServerAddress> expected;
+    };
+    const std::vector<Case> cases = {
+        {u"KASA1"_s, ServerAddress{u"KASA1"_s, {}, 0}},
+        {u" 192.168.1.5 "_s, ServerAddress{u"192.168.1.5"_s, {}, 0}},
+        {u"KASA1\\SQL2"_s, ServerAddress{u"KASA1"_s, u"SQL2"_s, 0}},
+        {u"KASA1,1500"_s, ServerAddress{u"KASA1"_s, {}, 1500}},
+        {u"KASA1\\SQL2 , 1500"_s, ServerAddress{u"KASA1"_s, u"SQL2"_s, 1500}},
+        {u"tcp:KASA1,1500"_s, ServerAddress{u"KASA1"_s, {}, 1500}},
+        {u".\\SQLEXPRESS"_s, ServerAddress{u"localhost"_s, u"SQLEXPRESS"_s, 0}},
+        {u"(LOCAL)"_s, ServerAddress{u"localhost"_s, {}, 0}},
+        {u"KASA1,"_s, ServerAddress{u"KASA1"_s, {}, 0}},
+        {QString(), std::nullopt},
+        {u"\\SQL2"_s, std::nullopt},
+        {u",1433"_s, std::nullopt},
+        {u"KASA1,x"_s, std::nullopt},
+        {u"KASA1,0"_s, std::nullopt},
+        {u"KASA1,70000"_s, std::nullopt},
+    };
+    for (const Case &c : cases) {
+        std::optional<ServerAddress> address;
+        try {
+            address = parseServerName(c.name);
+        } catch (const HostError &) {
+        }
+        EXPECT_EQ(address, c.expected) << c.name.toStdString();
+    }
+}
+
+} // namespace

@@ -1,0 +1,155 @@
+#include "platform/demo_shop.h"
+#include "platform/demo_text.h"
+#include "platform/embedded_engine.h"
+#include "platform/embedded_file.h"
+#include "platform/scratch.h"
+#include "support/print_qt.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kText = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/platform/demo");
+const QDate kToday(2026, 11, 20);
+
+std::string faultOf(const QByteArray &schema, const QByteArray &rows)
+{
+    try {
+        std::vector<demo::Table> tables = demo::readSchema(schema, u"sema.txt"_s);
+        demo::readRows(tables.front(), rows, u"STKKART.txt"_s);
+        return {};
+    } catch (const demo::TextError &error) {
+        return error.what();
+    }
+}
+
+TEST(DemoText, NamesFileAndLineOfAFault)
+{
+    const QByteArray schema = "tablo STKKART\n  STKKOD metin(4) anahtar\n  STKSIRA tam\n"
+                              "  STKFIYAT para\n  STKTARIH tarih\n";
+    const QByteArray names = "STKKOD|STKSIRA|STKFIYAT|STKTARIH\n";
+    struct Case
+    {
+        QByteArray schema;
+        QByteArray rows;
+        std::string expected; // how the message starts
+    };
+    const std::vector<Case> cases = {
+        {schema, "", ""},
+        {schema, "# boş\r\n\r\nSTKKOD|STKSIRA\r\nS 1|-5\r\n", ""},
+        {schema, names + "S1||1.249,90|\n|1|2|bugün\nS3|1|2|bugün-30", ""},
+        {"# yorum\n\nSTKKOD metin(4)\n", "", "sema.txt, satır 3"},
+        {"tablo stkkart\n", "", "sema.txt, satır 1"},
+        {"tablo A B\n", "", "sema.txt, satır 1"},
+        {"tablo A\n  X metin\n", "", "sema.txt, satır 2"},
+        {"tablo A\n  X metin(0)\n", "", "sema.txt, satır 2"},
+        {"tablo A\n  X yazı\n", "", "sema.txt, satır 2"},
+        {"tablo A\n  X tam kilit\n", "", "sema.txt, satır 2"},
+        {"tablo A\n  X tam\n  X tam\n", "", "sema.txt, satır 3"},
+        {"tablo A\n  X tam\n  dizin Y\n", "", "sema.txt, satır 3"},
+        {schema, "STKKOD|YOK\n", "STKKART.txt, satır 1"},
+        {schema, "STKKOD|STKKOD\n", "STKKART.txt, satır 1"},
+        {schema, names + "S1|1|2\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1|2|bugün|\n", "STKKART.txt, satır 2"},
+        {schema, names + "#\n\nS0005|1|2|bugün\n", "STKKART.txt, satır 4"},
+        {schema, names + "S1|bir|2|bugün\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1,5|2|bugün\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|9999999999|2|bugün\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1|2,x|bugün\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1|2|31.02.2026\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1|2|yarın\n", "STKKART.txt, satır 2"},
+        {schema, names + "S1|1|2|bugün+1\n", "STKKART.txt, satır 2"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(faultOf(c.schema, c.rows).substr(0, c.expected.empty() ? 99 : c.expected.size()),
+                  c.expected)
+            << c.schema.toStdString() << c.rows.toStdString();
+}
+
+TEST(DemoText, NamesTheRowThatBreaksARule)
+{
+    const Scratch scratch;
+    auto tables = demo::readSchema("tablo A\n  X metin(9) anahtar\n", u"sema.txt"_s);
+    demo::readRows(tables.front(), "X\nINCIR\nıncır \n", u"A.txt"_s);
+    try {
+        writeEmbeddedFile(scratch.path(u"x"_s), tables, kToday);
+        FAIL();
+    } catch (const demo::TextError &error) {
+        EXPECT_EQ(std::string(error.what()).find("A.txt, satır 3"), 0U) << error.what();
+    }
+}
+
+TEST(DemoText, AFileWithoutATableIsAFault)
+{
+    const Scratch scratch;
+    scratch.write(u"sema.txt"_s, "tablo A\n  X tam\n");
+    EXPECT_EQ(demo::readFolder(scratch.path()).size(), 1U);
+    scratch.write(u"B.txt"_s, "X\n1\n");
+    EXPECT_THROW(demo::readFolder(scratch.path()), demo::TextError);
+}
+
+TEST(DemoShop, IsMadeOnceAndLeavesNothingBeside)
+{
+    const Scratch scratch;
+    EXPECT_TRUE(createDemoShop(scratch.path(), kToday, kText));
+    EXPECT_EQ(QDir(scratch.path()).entryList(QDir::Files),
+              (QStringList{u"DEMOANA.yerel"_s, u"DEMOSIRKET.yerel"_s}));
+    EmbeddedEngine(scratch.path(), u"DEMOSIRKET"_s).execute(u"delete from STKKART"_s);
+    QFile::remove(scratch.path(u"DEMOANA.yerel"_s));
+    EXPECT_TRUE(createDemoShop(scratch.path(), kToday, kText));
+    EXPECT_FALSE(createDemoShop(scratch.path(), kToday, kText));
+    EXPECT_TRUE(EmbeddedEngine(scratch.path(), u"DEMOSIRKET"_s)
+                    .execute(u"select * from STKKART"_s)
+                    .eof()); // what is there is never replaced
+}
+
+TEST(DemoShop, IsMadeWholeOrNotAtAll)
+{
+    const Scratch scratch;
+    QDir(scratch.path()).mkpath(u"metin/ana"_s);
+    QDir(scratch.path()).mkpath(u"metin/sirket"_s);
+    scratch.write(u"metin/ana/sema.txt"_s, "tablo A\n  X tam\n");
+    scratch.write(u"metin/sirket/sema.txt"_s, "tablo A\n  X tam\n");
+    scratch.write(u"metin/sirket/A.txt"_s, "X\nbir\n");
+    EXPECT_THROW(createDemoShop(scratch.path(), kToday, scratch.path(u"metin"_s)), demo::TextError);
+    EXPECT_TRUE(QDir(scratch.path()).entryList(QDir::Files).isEmpty());
+    EXPECT_EQ(errorOf([&] { createDemoShop(scratch.path(u"yok"_s), kToday, kText); }),
+              HostError::kConnectionLost);
+}
+
+TEST(DemoShop, BecomesAScriptForTheServer)
+{
+    const QString script = demoSqlServerScript(kText);
+    const QStringList parts = {
+        u"CREATE DATABASE DEMOSIRKET COLLATE Turkish_CI_AS;\nGO\nUSE DEMOSIRKET;\nGO\n"_s,
+        u"    STKKOD varchar(20) COLLATE Turkish_CI_AS NOT NULL,\n"_s,
+        u"    STKBAKIYE float NULL,\n    STKSIRA int NULL,\n    STKFIYAT money NULL,\n"
+        "    STKSYFTARIHI datetime NULL,\n"_s,
+        u"    CONSTRAINT PK_STKKART PRIMARY KEY NONCLUSTERED (STKKOD)\n);\n"
+        "CREATE INDEX IX_STKKART_STKCINSI ON STKKART (STKCINSI);\nGO\n"_s,
+        u"INSERT INTO STKKART (STKKOD, STKCINSI, STKBIRIM2, STKBAKIYE, STKSIRA, STKFIYAT, "
+        "STKSYFTARIHI, STKSYFSAATI) VALUES\n"
+        "(N'S001', N'İÇLİ KÖFTE', N' ', 12.5, 1, 149.9, "
+        "DATEADD(day,DATEDIFF(day,0,GETDATE())-0,0), NULL),\n"_s,
+        u"(N'S003', N'Çay ''Rize'' 1 kg', N'KOLİ', -2, NULL, NULL, '20251224', NULL);\nGO\n"_s,
+    };
+    for (const QString &part : parts)
+        EXPECT_TRUE(script.contains(part)) << part.toStdString() << "\nin\n"
+                                           << script.toStdString();
+}
+
+/// The script in the repository is made from the text beside it.
+TEST(DemoShop, TheCommittedScriptIsUpToDate)
+{
+    QFile committed(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/sqlserver/demo.sql"));
+    if (!committed.open(QIODevice::ReadOnly))
+        GTEST_SKIP() << "no script yet";
+    EXPECT_TRUE(QString::fromUtf8(committed.readAll()) == demoSqlServerScript())
+        << "run demo_sqlserver > demo/sqlserver/demo.sql";
+}
+
+} // namespace

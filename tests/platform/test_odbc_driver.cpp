@@ -1,0 +1,171 @@
+#include "common/host_error.h"
+#include "platform/odbc_driver.h"
+#include "platform/odbc_errors.h"
+#include "platform/sql_browser.h"
+#include "support/print_qt.h"
+
+#include <QNetworkDatagram>
+#include <QUdpSocket>
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(OdbcDriver, TheFirstKnownOneIsTaken)
+{
+    const QString ms18 = u"ODBC Driver 18 for SQL Server"_s;
+    const QString ms17 = u"ODBC Driver 17 for SQL Server"_s;
+    const QString ms13 = u"ODBC Driver 13 for SQL Server"_s;
+    struct Case
+    {
+        QStringList installed;
+        QString expected;
+    };
+    const std::vector<Case> cases = {
+        {{u"FreeTDS"_s, u"SQL Server"_s, ms13, ms17, ms18}, ms18},
+        {{u"FreeTDS"_s, u"SQL Server"_s, ms13, ms17}, ms17},
+        {{u"FreeTDS"_s, u"SQL Server"_s, ms13}, ms13},
+        {{u"FreeTDS"_s, u"SQL Server"_s}, u"SQL Server"_s},
+        {{u"SQLite3"_s, u"FreeTDS"_s}, u"FreeTDS"_s},
+        {{u"SQLite3"_s, u"SQL Server Native Client 11.0"_s}, QString()},
+        {{}, QString()},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(odbc_driver::choose(c.installed), c.expected);
+}
+
+TEST(OdbcDriver, EachIsToldInItsOwnWay)
+{
+    struct Case
+    {
+        QString driver;
+        QString server;
+        QString password;
+        QString extra;
+        QString expected;
+    };
+    const QString ms = u"ODBC Driver 18 for SQL Server"_s;
+    const QString safe = u"Encrypt=no;TrustServerCertificate=yes;"_s;
+    const std::vector<Case> cases = {
+        {ms,
+         u"KASA1"_s,
+         u"x"_s,
+         {},
+         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD=x;Database=MUV;"_s +
+             safe},
+        {ms,
+         u"KASA1\\SQL2"_s,
+         u"x"_s,
+         {},
+         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1\\SQL2;UID=sa;PWD=x;Database=MUV;"_s +
+             safe},
+        {ms,
+         u"tcp:KASA1\\SQL2,1500"_s,
+         u"x"_s,
+         {},
+         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1,1500;UID=sa;PWD=x;Database=MUV;"_s +
+             safe},
+        {u"SQL Server"_s,
+         u"."_s,
+         u"x"_s,
+         {},
+         u"Driver={SQL Server};Server=localhost;UID=sa;PWD=x;Database=MUV;"_s},
+        {u"FreeTDS"_s,
+         u"KASA1"_s,
+         u"x"_s,
+         {},
+         u"Driver={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
+         "PWD=x;Database=MUV;"_s},
+        {u"FreeTDS"_s, u"KASA1,1500"_s, u"x"_s, u"TDS_Version=7.0"_s,
+         u"Driver={FreeTDS};Server=KASA1;Port=1500;ClientCharset=UTF-8;UID=sa;PWD=x;Database=MUV;"
+         "TDS_Version=7.0"_s},
+        {ms, u"KASA1"_s, u"a}b{c"_s, u" encrypt = yes;Foo=1"_s,
+         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD={a}}b{c};Database=MUV;"
+         "TrustServerCertificate=yes; encrypt = yes;Foo=1"_s},
+        {u"SQL Server"_s,
+         u"KASA1"_s,
+         u" x;y "_s,
+         {},
+         u"Driver={SQL Server};Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
+        {u"SQLite3"_s, u"KASA1"_s, QString(), u"Database=/tmp/x.db"_s,
+         u"Driver={SQLite3};Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(odbc_driver::connectionString(c.driver, parseServerName(c.server),
+                                                {c.server, u"sa"_s, c.password, u"MUV"_s}, c.extra),
+                  c.expected);
+}
+
+TEST(OdbcErrors, TheGravestMessageDecides)
+{
+    struct Case
+    {
+        std::vector<OdbcMessage> messages;
+        int expected;
+    };
+    const std::vector<Case> cases = {
+        {{{u"08S01"_s, 10054, {}}}, HostError::kConnectionLost},
+        {{{u"08001"_s, 0, {}}}, HostError::kConnectionLost},
+        {{{u"HYT00"_s, 0, {}}}, HostError::kConnectionLost},
+        {{{u"HYT01"_s, 0, {}}}, HostError::kConnectionLost},
+        {{{u"01000"_s, 20017, {}}}, HostError::kConnectionLost},
+        {{{u"01000"_s, 20047, {}}, {u"42000"_s, 1, {}}}, HostError::kConnectionLost},
+        {{{u"01000"_s, 3621, {}}, {u"23000"_s, 2627, {}}}, HostError::kDuplicate},
+        {{{u"42000"_s, 105, {}}}, HostError::kStatement},
+        {{{u"22001"_s, 8152, {}}}, HostError::kStatement},
+        {{}, HostError::kStatement},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(odbcErrorNumber(c.messages), c.expected)
+            << (c.messages.empty() ? "" : c.messages.front().state.toStdString());
+}
+
+TEST(SqlBrowser, ReadsThePortOfAnInstance)
+{
+    const auto answer = [](const QByteArray &text) { return QByteArray("\x05\x40\x00", 3) + text; };
+    struct Case
+    {
+        QByteArray answer;
+        int expected; // 0: none
+    };
+    const std::vector<Case> cases = {
+        {answer("ServerName;KASA1;InstanceName;SQL2;IsClustered;No;Version;9.0;tcp;49170;;"),
+         49170},
+        {answer("ServerName;tcp;InstanceName;1433;np;\\\\KASA1\\pipe;TCP;50000;;"), 50000},
+        {answer("ServerName;KASA1;InstanceName;SQL2;np;\\\\KASA1\\pipe;;"), 0},
+        {answer("tcp;99999;;"), 0},
+        {answer("tcp;"), 0},
+        {"\x04tcp;1433;;", 0},
+        {QByteArray(), 0},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(sql_browser::portInAnswer(c.answer).value_or(0), c.expected)
+            << c.answer.toStdString();
+}
+
+TEST(SqlBrowser, AsksOnceAndDoesNotWaitLong)
+{
+    QUdpSocket service;
+    ASSERT_TRUE(service.bind(QHostAddress::LocalHost));
+    const auto ask = [&](std::chrono::milliseconds patience) {
+        return sql_browser::instancePort(u"127.0.0.1"_s, u"SQL2"_s, patience, service.localPort());
+    };
+    EXPECT_FALSE(ask(std::chrono::milliseconds(50)));
+    ASSERT_TRUE(service.hasPendingDatagrams());
+    EXPECT_EQ(service.receiveDatagram().data(), QByteArray("\x04SQL2\0", 6));
+    EXPECT_FALSE(service.hasPendingDatagrams());
+
+    std::atomic<int> port = 0;
+    std::thread client([&] { port = ask(std::chrono::seconds(5)).value_or(-1); });
+    ASSERT_TRUE(service.waitForReadyRead(5000));
+    service.writeDatagram(
+        service.receiveDatagram().makeReply(QByteArray("\x05\x0A\x00tcp;49170;;", 14)));
+    client.join();
+    EXPECT_EQ(port, 49170);
+}
+
+} // namespace

@@ -1,0 +1,61 @@
+#include "platform/scratch.h"
+#include "platform/sqlite_database.h"
+#include "support/print_qt.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kLost = HostError::kConnectionLost;
+
+TEST(SqliteDatabase, IsMadeWhenMissingAndKeepsWhatWasSaved)
+{
+    const Scratch scratch;
+    SqliteDatabase db;
+    {
+        OpenDatabase open(db, scratch.path(u"data.dbs"_s));
+        open.execute(u"create table per (id text, per text)"_s);
+        open.execute(u"insert into per values ('1', '0')"_s);
+        open.execute(u"Update per set per = 'Şükrü' Where id ='1'"_s);
+    }
+    EXPECT_EQ(errorOf([&] { db.execute(u"select * from per"_s); }), kLost);
+    OpenDatabase open(db, scratch.path(u"data.dbs"_s));
+    EXPECT_EQ(texts(open.execute(u"select * from per where id='1'"_s), u"per"),
+              QStringList{u"Şükrü"_s});
+    EXPECT_EQ(errorOf([&] { open.execute(u"Update per set per = '6'lı' Where id ='1'"_s); }),
+              HostError::kStatement);
+    EXPECT_EQ(errorOf([&] { open.execute(u"select * from yok where id='1'"_s); }),
+              HostError::kStatement);
+}
+
+TEST(SqliteDatabase, SaysWhenAFileCannotBeUsed)
+{
+    const Scratch scratch;
+    SqliteDatabase db;
+    for (const QByteArray &content :
+         {QByteArray(5000, 'x'), QByteArray("SQLite format 3\0damaged", 24)})
+        EXPECT_EQ(errorOf([&] { db.open(scratch.write(u"data.dbs"_s, content)); }), kLost);
+    EXPECT_EQ(errorOf([&] { db.open(scratch.path(u"yok/data.dbs"_s)); }), kLost);
+    EXPECT_EQ(errorOf([&] { db.open(scratch.path()); }), kLost);
+    EXPECT_EQ(errorOf([&] { db.execute(u"select 1"_s); }), kLost);
+}
+
+TEST(SqliteDatabase, AFileNobodyMayWriteCanStillBeRead)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may write everything";
+    const Scratch scratch;
+    const QString path = scratch.path(u"data.dbs"_s);
+    SqliteDatabase db;
+    OpenDatabase(db, path).execute(u"create table per (id text)"_s);
+    QFile::setPermissions(path, QFile::ReadOwner);
+    OpenDatabase open(db, path);
+    EXPECT_TRUE(open.execute(u"select * from per"_s).eof());
+    EXPECT_EQ(errorOf([&] { open.execute(u"insert into per values ('1')"_s); }),
+              HostError::kStatement);
+}
+
+} // namespace
