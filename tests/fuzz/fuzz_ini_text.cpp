@@ -9,7 +9,7 @@ namespace {
 QByteArray cut(QByteArrayView *rest)
 {
     const qsizetype end = rest->indexOf('\xFF');
-    const QByteArray piece = (end < 0 ? *rest : rest->first(end)).toByteArray();
+    QByteArray piece = (end < 0 ? *rest : rest->first(end)).toByteArray();
     *rest = end < 0 ? QByteArrayView() : rest->sliced(end + 1);
     return piece;
 }
