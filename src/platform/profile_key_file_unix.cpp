@@ -89,7 +89,7 @@ struct ProfileKeyFile::Files
     const IniText *find(const QString &path);
 
     std::vector<Parsed> parsed; ///< the newest last
-    const IniText empty;
+    IniText empty;
 };
 
 const IniText *ProfileKeyFile::Files::find(const QString &path)
