@@ -38,7 +38,8 @@ QString stageText(SearchStage stage)
 
 QueueRow queueRow(const StockRow &stock, QStringView state)
 {
-    return {.barcode = stock.barcode,
+    return {.number = {},
+            .barcode = stock.barcode,
             .code = stock.code,
             .name = stock.name,
             .unit = stock.unit,

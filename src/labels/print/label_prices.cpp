@@ -2,24 +2,6 @@
 
 #include "common/amount.h"
 
-#include <array>
-#include <charconv>
-
-namespace {
-
-/// The double that reads like the single: 0.315F is 0.31499999762, but stands for 0,315 and must
-/// round to 0,32.
-double asWritten(float value)
-{
-    std::array<char, 64> text{};
-    const auto written = std::to_chars(text.data(), text.data() + text.size(), value);
-    double result = 0;
-    std::from_chars(text.data(), written.ptr, result);
-    return result;
-}
-
-} // namespace
-
 QString PriceNumbers::wanted(QStringView tag) const
 {
     if (tag == u"1")
@@ -45,7 +27,7 @@ QString labelPrice(RecordSet prices, QStringView wantedNumber)
         const float price =
             discountedPrice(prices.number(u"STKFIYTUTAR"), prices.number(u"STKFIYISKYUZ1"),
                             prices.number(u"STKFIYISKYUZ2"), prices.number(u"STKFIYISKYUZ3"));
-        text = amount::money(asWritten(price));
+        text = amount::money(static_cast<double>(price));
     }
     return text;
 }

@@ -19,12 +19,10 @@ PrintQueue::PrintQueue(QObject *parent)
 
 QString PrintQueue::cell(int row, int column) const
 {
-    static constexpr std::array<QString QueueRow::*, columns - 1> cells = {
-        &QueueRow::barcode, &QueueRow::code,  &QueueRow::name,
-        &QueueRow::unit,    &QueueRow::price, &QueueRow::count};
-    if (column == number)
-        return QString::number(row + 1);
-    return at(row).*cells.at(static_cast<std::size_t>(column - 1));
+    static constexpr std::array<QString QueueRow::*, columns> cells = {
+        &QueueRow::number, &QueueRow::barcode, &QueueRow::code, &QueueRow::name,
+        &QueueRow::unit,   &QueueRow::price,   &QueueRow::count};
+    return at(row).*cells.at(static_cast<std::size_t>(column));
 }
 
 void PrintQueue::append(const std::vector<QueueRow> &rows)
@@ -35,7 +33,7 @@ void PrintQueue::append(const std::vector<QueueRow> &rows)
     beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
     m_rows.insert(m_rows.end(), rows.begin(), rows.end());
     endInsertRows();
-    sirala(size());
+    sirala(first);
 }
 
 void PrintQueue::remove(int row)
@@ -82,6 +80,8 @@ bool PrintQueue::setCounts(int first, int last, QStringView text)
 
 void PrintQueue::sirala(int firstRow)
 {
+    for (int row = firstRow; row < size(); ++row)
+        m_rows[static_cast<std::size_t>(row)].number = QString::number(row + 1);
     if (isValidRow(firstRow))
         Q_EMIT dataChanged(index(firstRow, number), index(size() - 1, number), {Qt::DisplayRole});
     m_total = 0;

@@ -2,9 +2,10 @@
 
 #include "labels/print/cell_table.h"
 
-/// One queued stock unit; every cell is the text on screen. Its running number is its place.
+/// One queued stock unit; every cell is the text on screen.
 struct QueueRow
 {
+    QString number; ///< running number from 1, written by the queue
     QString barcode;
     QString code;
     QString name;

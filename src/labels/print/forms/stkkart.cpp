@@ -191,6 +191,17 @@ void stkkart::connectKeys()
     onKey(this, Qt::Key_F5, [this] { goToSearch(m_ui->Text3); });
     onKey(this, Qt::Key_F7, [this] { m_ui->l1->enter(); });
     onKey(this, Qt::Key_F8, [this] { m_ui->l2->enter(); });
+    // A button's own shortcut would press it a tenth of a second late, to show it going down.
+    const std::pair<QKeySequence, QAbstractButton *> commands[] = {
+        {Qt::Key_F6, m_ui->listAll},
+        {Qt::Key_F9, m_ui->printAll},
+        {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
+        {Qt::CTRL | Qt::Key_1, m_ui->ekbr1},
+        {Qt::CTRL | Qt::Key_2, m_ui->ekbr2},
+        {Qt::CTRL | Qt::Key_3, m_ui->ektm},
+    };
+    for (const auto &[keys, button] : commands)
+        onKey(this, keys, [pressed = button] { pressed->click(); });
     onKey(this, Qt::Key_Escape, [this] { leave(); });
 }
 

@@ -1,0 +1,214 @@
+#include "fakes/label_shop.h"
+#include "support/print_qt.h"
+
+#include <QThread>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+namespace {
+
+/// The list as lines "barcode|code|name|unit|price|count|tag".
+QStringList lines(const StockList &list)
+{
+    QStringList all;
+    for (const StockRow &row : list.rows())
+        all += QStringList{row.barcode, row.code, row.name, row.unit, row.price, row.count, row.tag}
+                   .join(u'|');
+    return all;
+}
+
+const QString kMilk1 = u"112|S1|Süt 1 L|ADET (BIRIM1)|10,00|1|1"_s;
+const QString kMilk2 = u"221|S1|Süt 1 L|KOLI (BIRIM2)|81,00|1|2"_s;
+const QString kSugar = u"|S2|Şeker|KG (BIRIM1)||1|1"_s;
+const QString kTea = u"331|S3|Çay 500 g|ADET (BIRIM1)|1.250,50|1|1"_s;
+
+} // namespace
+
+TEST(StockSearch, EveryRowIsOneUnitWithItsOwnBarcodeAndPrice)
+{
+    const struct
+    {
+        UnitChoice units;
+        QStringList rows;
+    } cases[] = {
+        {UnitChoice::first, {kMilk1, kSugar, kTea}},
+        {UnitChoice::second, {kMilk2}},
+        {UnitChoice::both, {kMilk1, kMilk2, kSugar, kTea}},
+    };
+    for (const auto &c : cases) {
+        LabelShop shop;
+        shop.desk.setUnits(c.units);
+        shop.desk.stkkodbul(u"S"_s);
+        EXPECT_EQ(lines(shop.desk.stocks()), c.rows);
+    }
+}
+
+TEST(StockSearch, StatementsRunInOrderFirstStocksThenBarcodesThenPrices)
+{
+    const QStringList passes = {u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
+                                u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
+                                u"select * from STKFIYAT where STKFIYSTKKOD='S1'"_s,
+                                u"select * from STKFIYAT where STKFIYSTKKOD='S1'"_s};
+    const QStringList all = {u"select * from STKKART"_s,
+                             u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
+                             u"select * from STKBARKOD where STKBARSTKKOD='S2'"_s,
+                             u"select * from STKBARKOD where STKBARSTKKOD='S3'"_s,
+                             u"select * from STKFIYAT where STKFIYSTKKOD='S1'"_s,
+                             u"select * from STKFIYAT where STKFIYSTKKOD='S2'"_s,
+                             u"select * from STKFIYAT where STKFIYSTKKOD='S3'"_s};
+    LabelShop shop;
+    shop.desk.listele();
+    EXPECT_EQ(shop.host.statements, all);
+
+    shop.host.statements.clear();
+    shop.desk.setUnits(UnitChoice::both);
+    shop.desk.stkcinsibul(u"ü"_s);
+    EXPECT_EQ(shop.host.statements,
+              QStringList(u"select * from STKKART where STKCINSI LIKE '%ü%'"_s) + passes);
+
+    shop.host.statements.clear();
+    shop.desk.brkdbul(u"111"_s);
+    EXPECT_EQ(shop.host.statements,
+              QStringList({u"select * from STKBARKOD where STKBARKOD='111'"_s,
+                           u"select * from STKKART where STKKOD='S1'"_s, passes[0], passes[2]}));
+
+    shop.host.statements.clear();
+    shop.desk.fiyatoku();
+    EXPECT_EQ(shop.host.statements, QStringList(passes[2]));
+}
+
+TEST(StockSearch, TheTextIsPutIntoTheStatementAsTyped)
+{
+    LabelShop shop;
+    for (const QString &text : {u"%1 %2"_s, u"50% _"_s, u"o'nun"_s, u""_s}) {
+        shop.host.statements.clear();
+        shop.desk.stkkodbul(text);
+        EXPECT_EQ(shop.host.statements.value(0),
+                  u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s);
+    }
+}
+
+TEST(StockSearch, AScannedSecondUnitBearsTheFirstUnitsName)
+{
+    LabelShop shop;
+    shop.desk.setUnits(UnitChoice::first); // plays no part
+    shop.desk.brkdbul(u"221"_s);
+    EXPECT_EQ(lines(shop.desk.stocks()), QStringList(u"221|S1|Süt 1 L|ADET (BIRIM2)|81,00|1|2"_s));
+    shop.desk.brkdbul(u"yok"_s);
+    EXPECT_EQ(shop.desk.stocks().size(), 0);
+}
+
+TEST(StockSearch, AFailureIsToldAndKeepsWhatIsThere)
+{
+    const struct
+    {
+        QString failing; ///< start of the statement that fails
+        QStringList rows;
+    } cases[] = {
+        {u"select * from STKKART where STKCINSI"_s, {kMilk1, kSugar, kTea}},
+        {u"select * from STKBARKOD"_s, {u"|S1|Süt 1 L|ADET (BIRIM1)||1|1"_s}},
+        {u"select * from STKFIYAT"_s, {u"112|S1|Süt 1 L|ADET (BIRIM1)||1|1"_s}},
+    };
+    for (const auto &c : cases) {
+        LabelShop shop;
+        shop.desk.listele();
+        shop.desk.ektm();
+        shop.host.failOn = [&](const QString &statement) {
+            return statement.startsWith(c.failing) ? std::optional(HostError::kStatement)
+                                                   : std::nullopt;
+        };
+        shop.desk.stkcinsibul(u"ü"_s);
+        EXPECT_EQ(shop.machine.prompt.shown.size(), 1U);
+        EXPECT_EQ(lines(shop.desk.stocks()), c.rows);
+        EXPECT_EQ(shop.desk.queue().size(), 3);
+        EXPECT_FALSE(shop.desk.isBusy());
+    }
+}
+
+TEST(StockSearch, AClosedConnectionIsToldAndTheListStays)
+{
+    LabelShop shop;
+    shop.desk.listele();
+    shop.host.open = false;
+    shop.desk.stkkodbul(u"S"_s);
+    EXPECT_EQ(shop.machine.prompt.shown.size(), 1U);
+    EXPECT_EQ(shop.desk.stocks().size(), 3);
+}
+
+TEST(StockSearch, ALongSearchShowsProgressAndFewSignals)
+{
+    LabelShop shop;
+    shop.stockUp(20'000);
+    int inserts = 0;
+    int changes = 0;
+    int progress = 0;
+    QObject::connect(&shop.desk.stocks(), &StockList::rowsInserted, [&] { ++inserts; });
+    QObject::connect(&shop.desk.stocks(), &StockList::dataChanged, [&] { ++changes; });
+    QObject::connect(&shop.desk, &LabelDesk::progressed, [&](const QString &, int done, int total) {
+        EXPECT_LE(done, total);
+        ++progress;
+    });
+    QElapsedTimer timer;
+    timer.start();
+    shop.desk.listele();
+    EXPECT_EQ(shop.desk.stocks().size(), 20'000);
+    EXPECT_LE(inserts, 20);
+    EXPECT_LE(changes, timer.elapsed() / 50 + 1);
+    EXPECT_LE(progress, timer.elapsed() / 50);
+}
+
+TEST(StockSearch, StoppingKeepsTheRowsAndEndsThePasses)
+{
+    for (const auto &stage : {u"STKKART"_s, u"STKBARSTKKOD"_s, u"STKFIYSTKKOD"_s}) {
+        LabelShop shop;
+        shop.stockUp(5'000);
+        shop.host.failOn = [&](const QString &statement) -> std::optional<int> {
+            if (statement.contains(stage))
+                shop.desk.stop();
+            return {};
+        };
+        QString status;
+        QObject::connect(&shop.desk, &LabelDesk::statusChanged,
+                         [&](const QString &text) { status = text; });
+        shop.desk.listele();
+        EXPECT_TRUE(shop.host.statements.last().contains(stage));
+        EXPECT_GT(shop.desk.stocks().size(), 0);
+        EXPECT_TRUE(status.startsWith(u"Durduruldu"_s)) << status.toStdString();
+        EXPECT_FALSE(shop.desk.isBusy());
+    }
+}
+
+TEST(StockSearch, ANewSearchTakesThePlaceOfTheRunningOne)
+{
+    LabelShop shop;
+    shop.stockUp(5'000);
+    bool asked = false;
+    shop.host.failOn = [&](const QString &statement) -> std::optional<int> {
+        if (!std::exchange(asked, asked || statement.contains(u"STKBARSTKKOD"_s)) && asked) {
+            shop.desk.addOne(0); // refused: its barcode is still being read
+            shop.desk.stkkodbul(u"S"_s);
+        }
+        return {};
+    };
+    shop.desk.listele();
+    EXPECT_EQ(lines(shop.desk.stocks()), QStringList({kMilk1, kSugar, kTea}));
+    EXPECT_EQ(shop.desk.queue().size(), 0);
+}
+
+TEST(StockSearch, EventsAreHandledWhileItRuns)
+{
+    LabelShop shop;
+    shop.stockUp(3'000);
+    shop.host.failOn = [](const QString &) -> std::optional<int> {
+        QThread::msleep(1);
+        return {};
+    };
+    QTimer::singleShot(100, &shop.desk, &LabelDesk::stop);
+    shop.desk.listele();
+    EXPECT_LT(shop.host.statements.size(), 3'000);
+}
