@@ -23,20 +23,20 @@ std::optional<BarsGeometry> fitBars(const ean::Symbol &symbol, const QRectF &box
         return {};
     const double perMmX = dpi.width() / kMmPerInch;
     const double perMmY = dpi.height() / kMmPerInch;
-    const int left = static_cast<int>(std::ceil(box.left() * perMmX - kSlack));
-    const int right = static_cast<int>(std::floor(box.right() * perMmX + kSlack));
-    const int module = (right - left) / symbol.totalModules();
-    if (module < 1)
+    // The room comes from the box's size alone, so that a symbol has the same modules wherever its
+    // label lies on the sheet.
+    const int width = static_cast<int>(std::floor(box.width() * perMmX + kSlack));
+    const int height = static_cast<int>(std::floor(box.height() * perMmY + kSlack));
+    const int module = width / symbol.totalModules();
+    if (module < 1 || height < 2)
         return {};
 
-    const int spare = right - left - module * symbol.totalModules();
+    const int spare = width - module * symbol.totalModules();
     BarsGeometry geometry;
     geometry.module = module;
-    geometry.left = left + spare / 2 + module * symbol.quietLeft();
-    geometry.top = static_cast<int>(std::ceil(box.top() * perMmY - kSlack));
-    geometry.bottom = static_cast<int>(std::floor(box.bottom() * perMmY + kSlack));
-    if (geometry.bottom - geometry.top < 2)
-        return {};
+    geometry.left = qRound(box.left() * perMmX) + spare / 2 + module * symbol.quietLeft();
+    geometry.top = qRound(box.top() * perMmY);
+    geometry.bottom = geometry.top + height;
     return geometry;
 }
 

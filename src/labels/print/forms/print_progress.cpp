@@ -1,0 +1,36 @@
+#include "labels/print/forms/print_progress.h"
+
+#include "ui_print_progress.h"
+
+#include <QLocale>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+print_progress::print_progress(PrintRun &run, QWidget *parent)
+    : QDialog(parent), m_run(run), m_ui(std::make_unique<Ui::print_progress>())
+{
+    m_ui->setupUi(this);
+    setWindowModality(Qt::ApplicationModal);
+    connect(m_ui->durdur, &QPushButton::clicked, this, &print_progress::reject);
+    connect(&run, &PrintRun::progressed, this, &print_progress::showProgress);
+    connect(&run, &PrintRun::finished, this, &QWidget::hide);
+}
+
+print_progress::~print_progress() = default;
+
+void print_progress::reject()
+{
+    m_ui->durum->setText(u"Durduruluyor…"_s);
+    m_run.stop();
+}
+
+void print_progress::showProgress(qint64 label, qint64 labels, int page)
+{
+    const QLocale turkish(QLocale::Turkish);
+    m_ui->durum->setText(
+        u"Etiket %1 / %2"_s.arg(turkish.toString(label), turkish.toString(labels)));
+    m_ui->sayfa->setText(u"Sayfa %1"_s.arg(turkish.toString(page)));
+    m_ui->cubuk->setValue(static_cast<int>(label * m_ui->cubuk->maximum() / labels));
+    show();
+}

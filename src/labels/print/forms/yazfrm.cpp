@@ -1,0 +1,67 @@
+#include "labels/print/forms/yazfrm.h"
+
+#include "ui_yazfrm.h"
+
+#include <QPushButton>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
+    : QDialog(parent), m_run(run), m_mode(mode), m_ui(std::make_unique<Ui::yazfrm>())
+{
+    m_ui->setupUi(this);
+    setWindowTitle(mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
+                                          : u"Seçili Etiketi Yazdır"_s);
+    m_ui->liste->addItems(run.layouts());
+
+    // The list takes its first row as soon as it has the focus; the choice is left to the user.
+    m_ui->ad->setFocus();
+    const auto *down = new QShortcut(Qt::Key_Down, m_ui->ad, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(down, &QShortcut::activated, m_ui->liste, qOverload<>(&QWidget::setFocus));
+    connect(m_ui->liste, &QListWidget::currentTextChanged, m_ui->ad, &QLineEdit::setText);
+    connect(m_ui->liste, &QListWidget::itemDoubleClicked, this, &yazfrm::print);
+    connect(m_ui->ad, &QLineEdit::textChanged, this, &yazfrm::choose);
+    connect(m_ui->yazdir, &QPushButton::clicked, this, &yazfrm::print);
+    connect(m_ui->vazgec, &QPushButton::clicked, this, &yazfrm::reject);
+    choose(QString());
+}
+
+yazfrm::~yazfrm() = default;
+
+void yazfrm::choose(const QString &name)
+{
+    const auto found = m_ui->liste->findItems(layoutFileName(name), Qt::MatchFixedString);
+    m_chosen = found.isEmpty() ? QString() : found.first()->text();
+    {
+        // The list follows the box without writing into it: the user may still be typing.
+        const QSignalBlocker quiet(m_ui->liste);
+        m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
+    }
+    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen));
+    showPreview();
+}
+
+void yazfrm::showPreview()
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize room = (QSizeF(m_ui->onizleme->contentsRect().size()) * ratio).toSize();
+    QImage image = m_chosen.isEmpty() ? QImage() : m_run.preview(m_chosen, room);
+    image.setDevicePixelRatio(ratio);
+    m_ui->onizleme->setPixmap(QPixmap::fromImage(image));
+}
+
+void yazfrm::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    showPreview();
+}
+
+void yazfrm::print()
+{
+    const QString name = m_chosen;
+    if (!m_run.isChosen(name))
+        return;
+    accept();
+    m_run.print(m_mode, name);
+}

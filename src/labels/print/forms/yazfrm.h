@@ -1,0 +1,33 @@
+#pragma once
+
+#include "labels/print/print_run.h"
+
+#include <QDialog>
+
+namespace Ui {
+class yazfrm;
+}
+
+/// The print dialog: chooses a layout and prints the waiting rows with it.
+class yazfrm final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `run` is kept by reference.
+    yazfrm(PrintRun &run, PrintMode mode, QWidget *parent = nullptr);
+    ~yazfrm() override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void choose(const QString &name);
+    void showPreview();
+    void print();
+
+    PrintRun &m_run;
+    PrintMode m_mode;
+    QString m_chosen; ///< layout file, empty until one is chosen
+    std::unique_ptr<Ui::yazfrm> m_ui;
+};

@@ -1,0 +1,235 @@
+#include "labels/print/print_run.h"
+
+#include "common/amount.h"
+#include "labels/print/label_painter.h"
+#include "labels/print/label_preview.h"
+#include "labels/print/scan_problems.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSlice = 50; ///< milliseconds between two looks at the user's keys
+
+QSizeF resolution(const QPaintDevice &device)
+{
+    return {static_cast<double>(device.logicalDpiX()), static_cast<double>(device.logicalDpiY())};
+}
+
+} // namespace
+
+PrintRun::PrintRun(Program &program, QObject *parent) : QObject(parent), m_program(program)
+{}
+
+QStringList PrintRun::layouts() const
+{
+    return QDir(m_program.path(u"ayar"))
+        .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
+}
+
+LabelLayout PrintRun::layout(const QString &name) const
+{
+    return openLayout(m_program.keys, m_program.path(u"ayar/"_s + name));
+}
+
+std::vector<LabelRow> PrintRun::selectedRow() const
+{
+    if (m_selected < 0 || static_cast<std::size_t>(m_selected) >= m_rows.size())
+        return {};
+    return {m_rows[static_cast<std::size_t>(m_selected)]};
+}
+
+QImage PrintRun::preview(const QString &name, QSize most) const
+{
+    std::vector<LabelRow> rows = m_mode == PrintMode::selected ? selectedRow() : m_rows;
+    rows.resize(std::min<std::size_t>(rows.size(), 1));
+    const PrintJob job = makePrintJob(layout(name), std::move(rows));
+    return previewLabel(job, m_program.path(u"ayar/pic"), most);
+}
+
+QString PrintRun::describe(const QString &name) const
+{
+    const LabelLayout chosen = layout(name);
+    return u"Yazıcı: %1 · %2 × %3 etiket · Kâğıt: %4 × %5 mm"_s.arg(
+        chosen.printer, chosen.across, chosen.down, chosen.paperWidth, chosen.paperHeight);
+}
+
+bool PrintRun::isChosen(const QString &name)
+{
+    if (layouts().contains(name))
+        return true;
+    m_program.prompt.warn(u"Ayar Dosyası Seciniz..."_s, false);
+    return false;
+}
+
+void PrintRun::yzdtum(const std::vector<LabelRow> &rows)
+{
+    start(rows, -1, PrintMode::all);
+}
+
+void PrintRun::yzdsec(const std::vector<LabelRow> &rows, int selected)
+{
+    start(rows, selected, PrintMode::selected);
+}
+
+void PrintRun::start(const std::vector<LabelRow> &rows, int selected, PrintMode mode)
+{
+    if (m_running || rows.empty())
+        return;
+    m_rows = rows;
+    m_selected = selected;
+    m_mode = mode;
+    m_program.handle([&] {
+        const QString name = defaultLayout(m_program.keys, m_program.directory());
+        if (name.isEmpty())
+            Q_EMIT layoutWanted(mode);
+        else
+            print(mode, name);
+    });
+}
+
+bool PrintRun::print(PrintMode mode, const QString &name)
+{
+    return mode == PrintMode::all ? yazzzz(name) : yazzzz2(name);
+}
+
+bool PrintRun::yazzzz(const QString &name)
+{
+    return printRows(name, m_rows, 0);
+}
+
+bool PrintRun::yazzzz2(const QString &name)
+{
+    return printRows(name, selectedRow(), m_selected);
+}
+
+bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int firstRow)
+{
+    if (m_running)
+        return false;
+    const QScopedValueRollback running(m_running, true);
+    m_stopped = false;
+    QString error;
+    bool printed = false;
+    try {
+        printed = runDocument(name, std::move(rows), firstRow);
+    } catch (const std::exception &fault) {
+        error = QString::fromUtf8(fault.what());
+    }
+    m_document.reset();
+    Q_EMIT finished(printed);
+    if (!error.isEmpty())
+        m_program.prompt.warn(error, true);
+    return printed;
+}
+
+bool PrintRun::runDocument(const QString &name, std::vector<LabelRow> rows, int firstRow)
+{
+    const LabelLayout chosen = layout(name);
+    const PrintJob job = makePrintJob(chosen, std::move(rows));
+    if (job.labelCount() == 0 || !yazicitamam(chosen, name) || !confirmProblems(job))
+        return false;
+
+    paint(job, firstRow);
+    if (m_stopped) {
+        Q_EMIT statusChanged(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
+        return false;
+    }
+    m_document->finish();
+    const QString where = chosen.printer == kPdfPrinter ? u"PDF dosyası cikti klasöründe"_s
+                                                        : u"yazıcı: %1"_s.arg(chosen.printer);
+    Q_EMIT statusChanged(u"%1 etiket yazdırıldı, %2 sayfa; %3."_s.arg(
+        amount::plain(static_cast<double>(job.labelCount())),
+        amount::plain(static_cast<double>(m_pages)), where));
+    return true;
+}
+
+bool PrintRun::yazicitamam(const LabelLayout &chosen, const QString &name)
+{
+    const PrinterSetup setup =
+        printerSetup(chosen, u"Etiket "_s + QFileInfo(name).completeBaseName());
+    if (yaziciseciver(chosen.printer, setup))
+        return true;
+    m_program.prompt.warn(u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s, true);
+    return false;
+}
+
+bool PrintRun::yaziciseciver(const QString &device, const PrinterSetup &setup)
+{
+    m_document = m_program.printers.open(device, setup);
+    return m_document != nullptr;
+}
+
+bool PrintRun::confirmProblems(const PrintJob &job)
+{
+    if (!job.grid.isCountable() &&
+        !m_program.prompt.confirm(
+            u"Ayar dosyasında sayfadaki etiket adetleri pozitif tam sayı değil; etiketler "
+            u"sayfalara bölünmeden yan yana basılır.\n\nYine de yazdırılsın mı?"_s))
+        return false;
+    const auto problems = findScanProblems(job, resolution(m_document->device()));
+    return problems.empty() || m_program.prompt.confirm(scanQuestion(job, problems));
+}
+
+void PrintRun::paint(const PrintJob &job, int firstRow)
+{
+    QPagedPaintDevice &device = m_document->device();
+    QPainter painter;
+    if (!painter.begin(&device))
+        throw PrintError(u"Yazıcı yazdırmaya başlayamadı. Etiketler listede duruyor."_s);
+    bool complete = false;
+    const auto cancelled = qScopeGuard([&] {
+        if (!complete)
+            m_document->cancel();
+    });
+
+    const qint64 labels = job.labelCount();
+    Q_EMIT started(labels);
+    const DeviceFonts fonts(resolution(device));
+    PictureStore pictures(m_program.path(u"ayar/pic"));
+    LabelPainter labelPainter(painter, fonts, pictures);
+    LabelBuilder builder(job, fonts);
+    GridWalk walk(job.grid);
+    m_sinceEvents.start();
+    m_pages = 1;
+
+    qint64 label = 0;
+    for (std::size_t i = 0; i < job.rows.size(); ++i) {
+        if (job.rows[i].count < 1)
+            continue;
+        const auto commands = builder.label(job.rows[i]);
+        for (int copy = 0; copy < job.rows[i].count; ++copy) {
+            const GridWalk::Place place = walk.next();
+            if (place.newPage && !device.newPage())
+                throw PrintError(
+                    u"Yazıcı %1. sayfada durdu. Etiketler listede duruyor."_s.arg(place.page));
+            if (copy == 0)
+                Q_EMIT rowStarted(firstRow + static_cast<int>(i));
+            m_pages = place.page;
+            labelPainter.paint(commands,
+                               {static_cast<double>(place.x), static_cast<double>(place.y)});
+            if (!goOn(++label, labels, place.page))
+                return;
+        }
+    }
+    complete = painter.end();
+    if (!complete)
+        throw PrintError(u"Yazıcı yazdırmayı bitiremedi. Etiketler listede duruyor."_s);
+}
+
+bool PrintRun::goOn(qint64 label, qint64 labels, int page)
+{
+    if (m_sinceEvents.elapsed() >= kSlice) {
+        Q_EMIT progressed(label, labels, page);
+        QCoreApplication::processEvents();
+        m_sinceEvents.restart();
+    }
+    return !m_stopped;
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "fakes/fake_ports.h"
+#include "fakes/recording_printers.h"
+#include "labels/print/print_run.h"
+#include "support/ini_key_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+/// A print run over a working folder with layouts, recording printers and scripted answers.
+struct PrintDesk
+{
+    PrintDesk() { QDir(directory.path()).mkpath(QStringLiteral("ayar/pic")); }
+
+    /// A layout file of 2 × 2 labels with a barcode and the stock's name.
+    void addLayout(const QString &name, const LabelLayout &layout)
+    {
+        const QString path = program.path(QStringLiteral("ayar/") + name);
+        saveLayout(keys, path, layout);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    void setDefault(const QString &name)
+    {
+        ASSERT_TRUE(setDefaultLayout(keys, directory.path(), name));
+    }
+
+    static LabelLayout plainLayout()
+    {
+        LabelLayout layout;
+        TextElement name;
+        name.box = {2, 2, 50, 6};
+        name.font = {QStringLiteral("DejaVu Sans"), 8};
+        name.alignment = QStringLiteral("1");
+        name.field = QStringLiteral("Stok Adı");
+        layout.texts = {name};
+        layout.paperWidth = QStringLiteral("120");
+        layout.paperHeight = QStringLiteral("80");
+        layout.orientation = QStringLiteral("1");
+        layout.paperCode = QStringLiteral("256");
+        layout.printer = QStringLiteral("PDF");
+        layout.stepX = QStringLiteral("60");
+        layout.stepY = QStringLiteral("40");
+        layout.across = QStringLiteral("2");
+        layout.down = QStringLiteral("2");
+        return layout;
+    }
+    static LabelLayout barcodeLayout()
+    {
+        LabelLayout layout = plainLayout();
+        layout.barcodes = {{{5, 10, 45, 20}, {QStringLiteral("DejaVu Sans"), 8}, 0, 0, 0, {}}};
+        return layout;
+    }
+    static LabelRow row(const QString &name, int count)
+    {
+        return {QStringLiteral("8690000000012"), QStringLiteral("STK"), name,
+                QStringLiteral("1,00"), count};
+    }
+
+    QTemporaryDir directory;
+    ScriptedConnector connector;
+    RecordingDatabase db;
+    IniKeyFile keys;
+    RecordingPrinters printers;
+    RecordingSounds sounds;
+    FixedClock clock;
+    ScriptedPrompt prompt;
+    Program program{Ports{connector, db, keys, printers, sounds, clock, prompt}, directory.path()};
+    PrintRun run{program};
+};
