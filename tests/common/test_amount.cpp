@@ -36,6 +36,8 @@ TEST(Amount, LengthsAndSizesKeepTheirDecimals)
     EXPECT_EQ(amount::length(210), u"210,0"_s);
     EXPECT_EQ(amount::length(1234.56), u"1234,6"_s);
     EXPECT_EQ(amount::length(-0.04), u"0,0"_s);
+    EXPECT_EQ(amount::whole(0), u"0"_s);
+    EXPECT_EQ(amount::whole(1234567), u"1.234.567"_s);
     EXPECT_EQ(amount::points(8.25), u"8,25"_s);
     EXPECT_EQ(amount::points(10), u"10"_s);
     EXPECT_EQ(amount::points(9.75006), u"9,7501"_s);

@@ -53,6 +53,7 @@ struct LabelShop
     void stockUp(int count)
     {
         std::vector<Row> rows;
+        rows.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             rows.push_back({QStringLiteral("M%1").arg(i), QStringLiteral("Mal %1").arg(i),
                             QStringLiteral("ADET"), QString()});

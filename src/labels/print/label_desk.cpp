@@ -200,9 +200,9 @@ QString LabelDesk::foundText() const
 {
     if (m_stocks.size() == 0)
         return u"Aranan stok bulunamadı."_s;
-    const QString found = u"%1 satır listelendi."_s.arg(amount::whole(m_stocks.size()));
+    QString found = u"%1 satır listelendi."_s.arg(amount::whole(m_stocks.size()));
     if (m_prices.first.isEmpty() || m_prices.second.isEmpty())
-        return found + u" Fiyat tipi seçilmemiş: Ayarlar'dan seçiniz."_s;
+        found += u" Fiyat tipi seçilmemiş: Ayarlar'dan seçiniz."_s;
     return found;
 }
 

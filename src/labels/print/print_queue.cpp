@@ -7,7 +7,7 @@
 using namespace Qt::StringLiterals;
 
 PrintQueue::PrintQueue(QObject *parent)
-    : CellTable({{u"No"_s, true},
+    : CellTable({{u"No"_s},
                  {u"Barkod"_s},
                  {u"Stok Kodu"_s},
                  {u"Stok Adı"_s},

@@ -4,11 +4,9 @@
 #include <QThread>
 #include <QTimer>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 
 namespace {
 

@@ -2,6 +2,23 @@
 
 #include <QHeaderView>
 
+namespace {
+
+QPalette paleSelection()
+{
+    QPalette palette;
+    const QColor highlight = palette.color(QPalette::Highlight);
+    const QColor base = palette.color(QPalette::Base);
+    const auto mix = [](int strong, int weak) { return (strong + 3 * weak) / 4; };
+    palette.setColor(QPalette::Highlight,
+                     {mix(highlight.red(), base.red()), mix(highlight.green(), base.green()),
+                      mix(highlight.blue(), base.blue())});
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    return palette;
+}
+
+} // namespace
+
 ListView::ListView(QWidget *parent) : QTreeView(parent)
 {
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -15,6 +32,7 @@ ListView::ListView(QWidget *parent) : QTreeView(parent)
     setAllColumnsShowFocus(true);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    setPalette(paleSelection());
 }
 
 int ListView::selectedRow() const
@@ -50,4 +68,16 @@ void ListView::setWidths(const QList<int> &kept, const QList<int> &usual, int wi
         header()->resizeSection(column, widths.at(column));
     if (kept.isEmpty())
         header()->setSectionResizeMode(wideColumn, QHeaderView::Stretch);
+}
+
+void ListView::focusInEvent(QFocusEvent *event)
+{
+    setPalette({});
+    QTreeView::focusInEvent(event);
+}
+
+void ListView::focusOutEvent(QFocusEvent *event)
+{
+    setPalette(paleSelection());
+    QTreeView::focusOutEvent(event);
 }

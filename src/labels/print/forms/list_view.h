@@ -21,4 +21,9 @@ public:
     /// Widths in pixels: the kept ones, or else the usual ones with `wideColumn` taking all the
     /// room that is left.
     void setWidths(const QList<int> &kept, const QList<int> &usual, int wideColumn);
+
+protected:
+    /// The list with the focus shows its selection in full colour, the other one pale.
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 };

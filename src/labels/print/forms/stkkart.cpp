@@ -52,17 +52,19 @@ void stkkart::buildLists()
     m_ui->l2->setModel(&m_desk.queue());
     m_ui->l1->setWidths(m_desk.stockWidths(), kStockWidths, StockList::name);
     m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
-    m_ui->splitter->setStretchFactor(0, 3);
-    m_ui->splitter->setStretchFactor(1, 2);
+    m_ui->splitter->setStretchFactor(0, 5);
+    m_ui->splitter->setStretchFactor(1, 3);
 }
 
 void stkkart::buildStatusBar()
 {
     m_total->setObjectName(u"panel1"_s);
+    m_total->setMinimumWidth(190);
     m_status->setObjectName(u"status"_s);
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_progress->setObjectName(u"progress"_s);
     m_progress->setTextVisible(false);
-    m_progress->setMaximumWidth(240);
+    m_progress->setFixedWidth(180);
     m_ui->statusBar->addWidget(m_total);
     m_ui->statusBar->addWidget(m_status, 1);
     m_ui->statusBar->addPermanentWidget(m_progress);
