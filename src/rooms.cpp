@@ -1,6 +1,9 @@
 #include "rooms.h"
 
+#include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/stkkart.h"
+#include "labels/print/forms/yazfrm.h"
+#include "labels/print/queue_labels.h"
 #include "shell/forms/baglan.h"
 #include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
@@ -31,7 +34,7 @@ void showForm(QPointer<Form> &form, Make make)
 
 Rooms::Rooms(Program &program, Autostart &autostart)
     : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_strt(m_start, m_link), m_tray(QSystemTrayIcon::isSystemTrayAvailable())
+      m_desk(program), m_print(program), m_strt(m_start, m_link), m_tray(QSystemTrayIcon::isSystemTrayAvailable())
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -42,6 +45,7 @@ Rooms::Rooms(Program &program, Autostart &autostart)
     connect(&m_strt, &strt::loginWanted, this, &Rooms::showLogin);
     connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
     connect(&m_strt, &strt::unloaded, this, &Rooms::end);
+    connectPrinting();
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
             Qt::QueuedConnection);
@@ -52,6 +56,25 @@ Rooms::~Rooms()
     delete m_stkkart;
     delete m_baglan;
     delete m_kakknd;
+}
+
+/// The queue belongs to the desk and the run to the engine; they meet here.
+void Rooms::connectPrinting()
+{
+    m_progress = std::make_unique<print_progress>(m_print);
+    connect(&m_desk, &LabelDesk::printAllRequested, this,
+            [this] { m_print.yzdtum(labelRows(m_desk.queue())); });
+    connect(&m_desk, &LabelDesk::printSelectedRequested, this,
+            [this](int row) { m_print.yzdsec(labelRows(m_desk.queue()), row); });
+    connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
+    connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
+    connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
+}
+
+void Rooms::chooseLayout(PrintMode mode)
+{
+    yazfrm form(m_print, mode, QApplication::activeWindow());
+    form.exec();
 }
 
 void Rooms::open()
@@ -111,6 +134,7 @@ void Rooms::connectionUnloaded()
 /// Ends the program, unless a form has something to ask and is told to stay.
 void Rooms::end()
 {
+    m_print.stop();
     if (m_stkkart && !m_stkkart->close())
         return;
     QApplication::quit();

@@ -3,6 +3,7 @@
 #include "common/autostart.h"
 #include "common/program.h"
 #include "labels/print/label_desk.h"
+#include "labels/print/print_run.h"
 #include "shell/forms/strt.h"
 #include "shell/host_link.h"
 #include "shell/start_session.h"
@@ -12,6 +13,7 @@
 
 class baglan;
 class kakknd;
+class print_progress;
 class stkkart;
 QT_BEGIN_NAMESPACE
 class QToolButton;
@@ -40,6 +42,8 @@ public:
     bool restartWanted() const { return m_restart; }
 
 private:
+    void connectPrinting();
+    void chooseLayout(PrintMode mode);
     void showSettings();
     void connectionUnloaded();
     void end();
@@ -51,10 +55,12 @@ private:
     HostLink m_link;
     StartSession m_start;
     LabelDesk m_desk;
+    PrintRun m_print;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<baglan> m_baglan;
     QPointer<kakknd> m_kakknd;
+    std::unique_ptr<print_progress> m_progress;
     bool m_tray;
     bool m_restart = false;
 };

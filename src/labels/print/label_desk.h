@@ -74,6 +74,8 @@ Q_SIGNALS:
 
     /// A row came into the queue by itself: the row its count is meant for.
     void rowQueued(int queueRow);
+    /// The labels of this row are being printed.
+    void rowPrinting(int queueRow);
     /// A count was taken; one that was not leaves its box as it is.
     void countSet();
     void allCountsSet();

@@ -165,6 +165,7 @@ void stkkart::connectDesk()
                 m_progress->setValue(done);
             });
     connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
     connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
         m_ui->Text2->setText(u"1"_s);
