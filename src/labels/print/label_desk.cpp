@@ -83,7 +83,6 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
 
 void LabelDesk::olcuyukle()
 {
-    m_prices = {};
     resumeNext([this] {
         OpenDatabase db(m_program.db, m_program.path(settings::kFile));
         const RecordSet row = settings::row(db, u"stok");

@@ -1,13 +1,10 @@
 #include "labels/print/forms/stkkart.h"
 
-#include "common/amount.h"
 #include "labels/print/label_desk.h"
 #include "ui_stkkart.h"
 
 #include <QCloseEvent>
-#include <QLabel>
 #include <QMenu>
-#include <QProgressBar>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -21,21 +18,17 @@ const QList<int> kQueueWidths = {50, 150, 130, 300, 150, 110, 60};
 } // namespace
 
 stkkart::stkkart(LabelDesk &desk, QWidget *parent)
-    : QMainWindow(parent), m_desk(desk), m_ui(std::make_unique<Ui::stkkart>()),
-      m_total(new QLabel(this)), m_status(new QLabel(this)), m_progress(new QProgressBar(this)),
-      m_stopHint(new QLabel(u"<b>Esc</b>: durdur"_s, this))
+    : QMainWindow(parent), m_desk(desk), m_ui(std::make_unique<Ui::stkkart>())
 {
     m_ui->setupUi(this);
     m_lastSearch = m_ui->Text1;
     m_desk.olcuyukle();
     buildLists();
-    buildStatusBar();
     buildMenus();
     connectSearches();
     connectQueue();
     connectDesk();
     connectKeys();
-    showBusy(false);
     m_ui->Text1->setFocus();
 }
 
@@ -54,26 +47,6 @@ void stkkart::buildLists()
     m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
     m_ui->splitter->setStretchFactor(0, 5);
     m_ui->splitter->setStretchFactor(1, 3);
-}
-
-void stkkart::buildStatusBar()
-{
-    m_total->setObjectName(u"panel1"_s);
-    m_total->setMinimumWidth(190);
-    m_status->setObjectName(u"status"_s);
-    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_progress->setObjectName(u"progress"_s);
-    m_progress->setTextVisible(false);
-    m_progress->setFixedWidth(180);
-    m_ui->statusBar->addWidget(m_total);
-    m_ui->statusBar->addWidget(m_status, 1);
-    m_ui->statusBar->addPermanentWidget(m_progress);
-    m_ui->statusBar->addPermanentWidget(m_stopHint);
-    const auto showTotal = [this](qint64 total) {
-        m_total->setText(u"Toplam etiket: %1"_s.arg(amount::whole(total)));
-    };
-    connect(&m_desk.queue(), &PrintQueue::totalChanged, this, showTotal);
-    showTotal(m_desk.queue().total());
 }
 
 void stkkart::buildMenus()
@@ -157,13 +130,11 @@ void stkkart::connectQueue()
 void stkkart::connectDesk()
 {
     connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showBusy);
-    connect(&m_desk, &LabelDesk::statusChanged, m_status, &QLabel::setText);
-    connect(&m_desk, &LabelDesk::progressed, this,
-            [this](const QString &text, int done, int total) {
-                m_status->setText(text);
-                m_progress->setMaximum(total);
-                m_progress->setValue(done);
-            });
+    connect(&m_desk, &LabelDesk::busyChanged, m_ui->statusBar, &DeskStatusBar::showBusy);
+    connect(&m_desk, &LabelDesk::statusChanged, m_ui->statusBar, &DeskStatusBar::showText);
+    connect(&m_desk, &LabelDesk::progressed, m_ui->statusBar, &DeskStatusBar::showProgress);
+    connect(&m_desk.queue(), &PrintQueue::totalChanged, m_ui->statusBar, &DeskStatusBar::showTotal);
+    m_ui->statusBar->showTotal(m_desk.queue().total());
     connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
     connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
@@ -266,9 +237,6 @@ void stkkart::showBusy(bool busy)
          std::initializer_list<QWidget *>{m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm,
                                           m_ui->printSelected, m_ui->printAll})
         command->setDisabled(busy);
-    m_progress->setMaximum(0);
-    m_progress->setVisible(busy);
-    m_stopHint->setVisible(busy);
 }
 
 void stkkart::closeEvent(QCloseEvent *event)

@@ -7,10 +7,8 @@
 
 QT_BEGIN_NAMESPACE
 class QAbstractButton;
-class QLabel;
 class QLineEdit;
 class QMenu;
-class QProgressBar;
 class QToolButton;
 QT_END_NAMESPACE
 
@@ -38,7 +36,6 @@ protected:
 
 private:
     void buildLists();
-    void buildStatusBar();
     void buildMenus();
     void connectSearches();
     void connectQueue();
@@ -58,8 +55,4 @@ private:
     LabelDesk &m_desk;
     std::unique_ptr<Ui::stkkart> m_ui;
     QLineEdit *m_lastSearch; ///< the search box used last; Escape goes back to it
-    QLabel *m_total;
-    QLabel *m_status;
-    QProgressBar *m_progress;
-    QLabel *m_stopHint;
 };
