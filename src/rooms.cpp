@@ -34,7 +34,8 @@ void showForm(QPointer<Form> &form, Make make)
 
 Rooms::Rooms(Program &program, Autostart &autostart)
     : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_print(program), m_strt(m_start, m_link), m_tray(QSystemTrayIcon::isSystemTrayAvailable())
+      m_desk(program), m_print(program), m_strt(m_start, m_link),
+      m_tray(QSystemTrayIcon::isSystemTrayAvailable())
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
