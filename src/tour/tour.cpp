@@ -88,6 +88,11 @@ void Tour::queueAndPrint()
     step(u"Ekran resmi"_s, [this] { picture(u"stkkart"_s, u"stkkart"_s); });
     step(u"Tümü yazdırılır"_s, [this] { click(u"stkkart"_s, u"printAll"_s); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
+    step(u"Tasarım seçilerek yazdırılır"_s, [this] { click(u"stkkart"_s, u"chooseLayout"_s); });
+    step(u"Ekran resmi"_s, [this] {
+        picture(u"yazfrm"_s, u"yazfrm"_s);
+        press(window(u"yazfrm"_s), Qt::Key_Escape);
+    });
     step(u"Seçili satır yazdırılır"_s, [this] { click(u"stkkart"_s, u"printSelected"_s); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
