@@ -90,9 +90,13 @@ void Tour::queueAndPrint()
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
     step(u"Tasarım seçilerek yazdırılır"_s, [this] { click(u"stkkart"_s, u"chooseLayout"_s); });
     step(u"Ekran resmi"_s, [this] {
+        QWidget *list = control(u"yazfrm"_s, u"liste"_s);
+        for (int i = 0; i < 4; ++i)
+            press(list, Qt::Key_Down);
         picture(u"yazfrm"_s, u"yazfrm"_s);
-        press(window(u"yazfrm"_s), Qt::Key_Escape);
+        click(u"yazfrm"_s, u"yazdir"_s);
     });
+    step(u"Basılan etiketler"_s, [this] { collectPrints(); });
     step(u"Seçili satır yazdırılır"_s, [this] { click(u"stkkart"_s, u"printSelected"_s); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
