@@ -151,10 +151,12 @@ void Tour::tick()
     // A fresh timer each time: one that is being handled does not fire inside a dialog it opened.
     QTimer::singleShot(kTickMs, this, &Tour::tick);
     // A step that still runs only lets the next one in when it waits for the dialog it opened.
-    if (m_depth > 0 && !QApplication::activeModalWidget())
+    QWidget *dialog = QApplication::activeModalWidget();
+    if (m_depth > 0 && (!dialog || dialog == m_dialogBefore))
         return;
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
+    m_dialogBefore = dialog;
     ++m_depth;
     now.action();
     --m_depth;
