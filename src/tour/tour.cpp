@@ -154,6 +154,8 @@ void Tour::tick()
     QWidget *dialog = QApplication::activeModalWidget();
     if (m_depth > 0 && (!dialog || dialog == m_dialogBefore))
         return;
+    if (dialog && dialog->objectName() == u"print_progress"_s)
+        return; // it goes by itself
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
     m_dialogBefore = dialog;
