@@ -113,17 +113,17 @@ QByteArray typedColumns()
 
 QByteArray typedRow()
 {
-    const QByteArray latin5 = QByteArray::fromHex("dd6ee763fd");       // İnçcı
-    return "\xD1" + little(4, 1) + little(static_cast<quint64>(-7), 4) // TAM
-           + little(8, 1) + little(8690000000012, 8)                   // BUYUK
-           + little(8, 1) + little(0, 4) + little(1499000, 4)          // PARA 149,90
-           + little(8, 1) + QByteArray::fromHex("0000000000002940")    // SAYI 12,5
-           + little(9, 1) + little(1, 1) + little(1899, 8)             // ONDALIK 18,99
-           + little(8, 1) + little(46344, 4) + little(300 * 60, 4)     // ZAMAN
-           + little(3, 1) + little(739939, 3)                          // TARIH
-           + little(5, 2) + "ab   "                                    // SABIT
-           + little(5, 2) + latin5                                     // METIN
-           + pieces(FakeSqlServer::longText());                        // UZUN
+    const QByteArray latin5 = QByteArray::fromHex("dd6ee763fd");            // İnçcı
+    return "\xD1" + little(4, 1) + little(static_cast<quint64>(-7), 4)      // TAM
+           + little(8, 1) + little(8690000000012, 8)                        // BUYUK
+           + little(8, 1) + little(0, 4) + little(1499000, 4)               // PARA 149,90
+           + little(8, 1) + QByteArray::fromHex("0000000000002940")         // SAYI 12,5
+           + little(9, 1) + little(1, 1) + little(1899, 8)                  // ONDALIK 18,99
+           + little(8, 1) + little(46344, 4) + little(quint64{300} * 60, 4) // ZAMAN
+           + little(3, 1) + little(739939, 3)                               // TARIH
+           + little(5, 2) + "ab   "                                         // SABIT
+           + little(5, 2) + latin5                                          // METIN
+           + pieces(FakeSqlServer::longText());                             // UZUN
 }
 
 QByteArray nullRow()
@@ -147,7 +147,7 @@ QString passwordOf(const QByteArray &login)
     const auto number = [&](qsizetype at) {
         return qFromLittleEndian<quint16>(login.constData() + at);
     };
-    QByteArray bytes = login.sliced(header + number(place), number(place + 2) * 2);
+    QByteArray bytes = login.sliced(header + number(place), qsizetype{number(place + 2)} * 2);
     for (char &c : bytes) {
         const auto byte = static_cast<quint8>(static_cast<quint8>(c) ^ 0xA5U);
         c = static_cast<char>(byte << 4 | byte >> 4);

@@ -140,7 +140,7 @@ TEST_F(OdbcFaults, AnInstanceIsFoundThroughTheBrowserService)
     if (!browser.bind(QHostAddress::LocalHost, sql_browser::kPort))
         GTEST_SKIP() << "the port of the browser service is taken";
     const FakeSqlServer server(FakeSqlServer::Fault::none);
-    std::atomic<int> rows = 0;
+    std::atomic<qsizetype> rows = 0;
     std::thread client([&] {
         errorOf([&] { rows = connect(u"127.0.0.1\\SQL2"_s)->execute(u"select 1"_s).rowCount(); });
     });
