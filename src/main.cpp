@@ -19,9 +19,12 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QProcess>
 #include <QTextStream>
+#include <QTimer>
 #include <QTranslator>
 
 #include <memory>
@@ -29,6 +32,24 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Where the time goes until the first window can be used; shown with
+/// QT_LOGGING_RULES=tezgah.start=true, read by bench/start.sh.
+Q_LOGGING_CATEGORY(startLog, "tezgah.start", QtWarningMsg)
+
+class StartTimes
+{
+public:
+    StartTimes() { m_timer.start(); }
+    void reached(const char *milestone) const
+    {
+        qCInfo(startLog, "%s %.1f ms", milestone,
+               static_cast<double>(m_timer.nsecsElapsed()) * 1e-6);
+    }
+
+private:
+    QElapsedTimer m_timer;
+};
 
 /// Command line of the program.
 struct Options
@@ -80,7 +101,7 @@ void prepareFolder(Program &program)
     createSettingsFile(program);
 }
 
-int run(QApplication &app, const Options &options)
+int run(QApplication &app, const Options &options, const StartTimes &times)
 {
     const QString startedIn = QDir::currentPath();
     const QString tourFolder =
@@ -110,11 +131,15 @@ int run(QApplication &app, const Options &options)
         return 1;
     }
 
+    times.reached("folder");
+
     Rooms rooms(program, autostart);
     std::unique_ptr<Tour> tour;
     if (!tourFolder.isEmpty())
         tour = std::make_unique<Tour>(rooms, directory, tourFolder);
     rooms.open();
+    times.reached("host");
+    QTimer::singleShot(0, [&times] { times.reached("window"); });
     const int result = QApplication::exec();
     if (tour)
         return tour->succeeded() ? result : 1;
@@ -130,6 +155,7 @@ int run(QApplication &app, const Options &options)
 
 int main(int argc, char *argv[])
 {
+    const StartTimes times;
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
     nameApplication();
     if (onlyAsks(argc, argv)) {
@@ -142,5 +168,6 @@ int main(int argc, char *argv[])
     if (translator.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&translator);
     applyLook(app);
-    return run(app, readOptions(app));
+    times.reached("qt");
+    return run(app, readOptions(app), times);
 }

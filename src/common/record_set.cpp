@@ -15,9 +15,14 @@ const QVariant &RecordSet::value(QStringView column) const
 {
     if (eof())
         throw HostError(HostError::kNoRow, u"Okunacak kayıt yok."_s);
-    for (qsizetype i = 0; i < m_columns.size(); ++i)
+    // Rows are read field by field in much the same order, so the search goes on where the last one
+    // ended: a ledger table has a hundred columns, and a list of all stocks a hundred thousand rows.
+    for (qsizetype tried = 0; tried < m_columns.size(); ++tried) {
+        const qsizetype i = m_lastColumn;
         if (column.compare(m_columns.at(i), Qt::CaseInsensitive) == 0)
             return m_rows[m_at].at(static_cast<std::size_t>(i));
+        m_lastColumn = i + 1 < m_columns.size() ? i + 1 : 0;
+    }
     throw HostError(HostError::kNoColumn, u"Sütun bulunamadı: %1"_s.arg(column));
 }
 

@@ -42,4 +42,5 @@ private:
     QStringList m_columns;
     std::vector<Row> m_rows;
     std::size_t m_at = 0;
+    mutable qsizetype m_lastColumn = 0; ///< where the last field was found
 };

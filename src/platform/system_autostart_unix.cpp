@@ -32,8 +32,10 @@ bool SystemAutostart::set(bool on)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return false;
-    file.write(u"[Desktop Entry]\nType=Application\nName=Tezgâh\nExec=%1 --directory %2\n"_s
-                   .arg(quoted(QCoreApplication::applicationFilePath()), quoted(m_folder))
-                   .toUtf8());
-    return file.commit();
+    const QByteArray entry =
+        u"[Desktop Entry]\nType=Application\nName=Tezgâh\nExec=%1 --directory %2\n"_s
+            .arg(quoted(QCoreApplication::applicationFilePath()), quoted(m_folder))
+            .toUtf8();
+    // A disk that fills up shows when the last buffer is flushed, not at commit().
+    return file.write(entry) == entry.size() && file.flush() && file.commit();
 }

@@ -1,0 +1,175 @@
+#include "common/settings_database.h"
+#include "labels/layout/label_layout.h"
+#include "labels/print/label_desk.h"
+#include "labels/print/print_run.h"
+#include "labels/print/queue_labels.h"
+#include "shell/login_session.h"
+#include "shell/settings_session.h"
+#include "support/print_qt.h"
+#include "support/real_shop.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void overwrite(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+} // namespace
+
+TEST(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
+{
+    RealShop shop;
+    shop.open();
+    ASSERT_TRUE(Program::isOpen(shop.program.anabag));
+    ASSERT_TRUE(Program::isOpen(shop.program.bag));
+    // Record order, not number order: class n is the n-th record.
+    EXPECT_EQ(shop.program.kdvtab[1][1], u"5"_s);
+    EXPECT_EQ(shop.program.kdvtab[3][2], u"20"_s);
+    LoginSession login(shop.program);
+    bool accepted = false;
+    QObject::connect(&login, &LoginSession::accepted, [&] { accepted = true; });
+    login.load();
+    login.enter(QString());
+    EXPECT_TRUE(accepted) << "the password of a new shop is empty";
+}
+
+TEST(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
+{
+    RealShop shop;
+    shop.open();
+    LabelDesk desk(shop.program);
+    desk.olcuyukle();
+    const auto found = [&](const QString &text) {
+        desk.stkcinsibul(text);
+        return desk.stocks().size();
+    };
+    const int lower = found(u"süt"_s);
+    EXPECT_GT(lower, 50);
+    EXPECT_EQ(found(u"SÜT"_s), lower);
+    EXPECT_EQ(found(u"ılık"_s), found(u"ILIK"_s));
+    EXPECT_EQ(found(u"çikolata"_s), found(u"ÇİKOLATA"_s));
+    EXPECT_NE(found(u"PİRİNÇ"_s), 0);
+
+    // A quote breaks the statement: the user is told, list and queue stay.
+    desk.ektm();
+    const int listed = desk.stocks().size();
+    desk.stkcinsibul(u"Ali'nin"_s);
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    EXPECT_EQ(desk.stocks().size(), listed);
+    EXPECT_EQ(desk.queue().size(), listed);
+}
+
+TEST(DemoShop, SettingsAreSavedAndReadBack)
+{
+    RealShop shop;
+    shop.open();
+    SettingsSession first(shop.program);
+    first.load();
+    EXPECT_EQ(first.values().dep, u"MAĞAZA"_s);
+    EXPECT_EQ(first.lists().customers.code(0), u"120.00.001"_s);
+    ParameterValues v = first.values();
+    EXPECT_GE(v.br1fytIndex, 0);
+    v.bsl = u"Çarşı Şubesi"_s;
+    v.br1fytIndex = 2;
+    v.br1fyt = u"TOPTAN"_s;
+    v.lgpass = u"o'nun"_s; // breaks its own statement only
+    first.serverkaydet(v);
+
+    SettingsSession second(shop.program);
+    second.load();
+    EXPECT_EQ(second.values().bsl, u"Çarşı Şubesi"_s);
+    EXPECT_EQ(second.values().br1fytIndex, 2);
+    EXPECT_EQ(second.values().lgpass, QString());
+    EXPECT_EQ(settings::value(shop.program, u"stok", u"br1fyt"), u"3"_s);
+    EXPECT_TRUE(shop.prompt.shown.empty());
+}
+
+TEST(DemoShop, EveryShippedLayoutPrintsTheQueue)
+{
+    RealShop shop;
+    shop.open();
+    LabelDesk desk(shop.program);
+    desk.olcuyukle();
+    desk.stkkodbul(u"GID.001"_s);
+    desk.ektm();
+    PrintRun run(shop.program);
+    const QStringList layouts = run.layouts();
+    EXPECT_GE(layouts.size(), 4);
+    shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
+    for (const QString &layout : layouts) {
+        run.chooseLayout(labelRows(desk.queue()));
+        EXPECT_TRUE(run.yazzzz(layout)) << layout.toStdString();
+    }
+    EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
+}
+
+TEST(DemoShop, ALayoutForAPrinterThatIsGoneSaysSoAndKeepsTheQueue)
+{
+    RealShop shop;
+    shop.open();
+    LabelDesk desk(shop.program);
+    desk.stkkodbul(u"GID.001"_s);
+    desk.ektm();
+    const QString file = shop.program.path(u"ayar/Raf 3x8.ayr");
+    LabelLayout layout = openLayout(shop.keys, file);
+    layout.printer = u"Sökülmüş Yazıcı"_s;
+    ASSERT_TRUE(saveLayout(shop.keys, file, layout));
+    PrintRun run(shop.program);
+    run.yzdtum(labelRows(desk.queue()));
+    EXPECT_EQ(shop.prompt.warned, QStringList{u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s});
+    EXPECT_GT(desk.queue().size(), 0);
+}
+
+TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
+{
+    const QByteArray garbage = "SQLite format 3" + QByteArray(5000, '\xE7');
+    for (const QString &name :
+         {u"data.dbs"_s, u"DEMOANA.yerel"_s, u"DEMOSIRKET.yerel"_s, u"ayar/Raf 3x8.ayr"_s,
+          u"ayar/Default.zev"_s, u"Ayar.zev"_s, u"ayar/pic/tezgah.png"_s}) {
+        RealShop shop;
+        overwrite(shop.program.path(name), garbage);
+        shop.open();
+        LabelDesk desk(shop.program);
+        desk.olcuyukle();
+        desk.stkkodbul(u"GID.001"_s);
+        desk.ektm();
+        PrintRun run(shop.program);
+        run.yzdtum(labelRows(desk.queue()));
+        SettingsSession session(shop.program);
+        session.load();
+        session.serverkaydet(session.values());
+        if (name == u"DEMOSIRKET.yerel"_s) {
+            EXPECT_FALSE(shop.prompt.shown.empty()) << "a lost search is told";
+        }
+        if (name == u"data.dbs"_s) {
+            EXPECT_EQ(session.values().renkl, 0xFFFFFF) << "design values stay";
+        }
+    }
+}
+
+TEST(FirstRun, LeavesWhatIsThereAndMakesTheRest)
+{
+    RealShop shop;
+    const QString layout = shop.program.path(u"ayar/Raf 3x8.ayr");
+    overwrite(layout, "[label]\r\nsol=1\r\n");
+    QFile::remove(shop.program.path(u"ayar/Rulo 58x40.ayr"));
+    copyShippedFiles(shop.folder.path());
+    EXPECT_EQ(QFileInfo(layout).size(), 16);
+    EXPECT_TRUE(QFile::exists(shop.program.path(u"ayar/Rulo 58x40.ayr")));
+    EXPECT_TRUE(QFileInfo(shop.program.path(u"ayar/Rulo 58x40.ayr")).isWritable());
+    createSettingsFile(shop.program); // there already: untouched
+    EXPECT_FALSE(QFile::exists(shop.program.path(u"data.dbs.yeni")));
+
+    // A folder that cannot be written is told in words.
+    overwrite(shop.program.path(u"dosya"), "x");
+    EXPECT_THROW(copyShippedFiles(shop.program.path(u"dosya")), std::runtime_error);
+}
