@@ -94,18 +94,23 @@ QString totalText(float sum)
     return amount::money(amount::parse(amount::plain(sum)).value_or(0.0));
 }
 
-Totals hesapla(std::span<const SaleLine> lines)
+Figures figuresOf(const SaleLine &line)
+{
+    return {valueOf(line, SaleColumn::vatRate), valueOf(line, SaleColumn::amount),
+            valueOf(line, SaleColumn::discount), valueOf(line, SaleColumn::net)};
+}
+
+Totals hesapla(std::span<const Figures> lines)
 {
     float gross = 0.0F;
     float vat = 0.0F;
     float grand = 0.0F;
     float discount = 0.0F;
-    for (const SaleLine &line : lines) {
-        const double net = valueOf(line, SaleColumn::net);
-        add(gross, valueOf(line, SaleColumn::amount));
-        add(vat, valueOf(line, SaleColumn::vatRate) / 100.0 * net);
-        add(grand, net);
-        add(discount, valueOf(line, SaleColumn::discount));
+    for (const Figures &line : lines) {
+        add(gross, line.amount);
+        add(vat, line.vatRate / 100.0 * line.net);
+        add(grand, line.net);
+        add(discount, line.discount);
     }
     return {totalText(gross), totalText(vat), totalText(grand), totalText(discount)};
 }

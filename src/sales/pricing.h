@@ -48,8 +48,18 @@ struct Totals
     friend bool operator==(const Totals &, const Totals &) = default;
 };
 
+/// The cells of a line that the totals are made of, as numbers; unreadable text counts as 0.
+struct Figures
+{
+    double vatRate = 0.0;
+    double amount = 0.0;
+    double discount = 0.0;
+    double net = 0.0;
+};
+Figures figuresOf(const SaleLine &line);
+
 /// Sums from the first line to the last.
-Totals hesapla(std::span<const SaleLine> lines);
+Totals hesapla(std::span<const Figures> lines);
 
 /// Cash given less the grand total; "0,00" while the cash field holds no number.
 QString change(QStringView cash, QStringView grandTotal);

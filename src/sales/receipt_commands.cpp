@@ -162,7 +162,10 @@ Receipt sampleReceipt(const QDateTime &moment)
         sampleLine(u"Ekmek 250 g"_s, u"12,50"_s, 2, u"1"_s),
         sampleLine(u"Siyah Çay Dökme 1.000 g Yeni Ürün Uzun Ad"_s, u"189,90"_s, 1, u"10"_s),
         sampleLine(u"Beyaz Peynir"_s, u"1.249,90"_s, 1.25, u"20"_s)};
-    receipt.sale.totals = pricing::hesapla(receipt.sale.lines);
+    std::vector<pricing::Figures> figures;
+    for (const SaleLine &line : receipt.sale.lines)
+        figures.push_back(pricing::figuresOf(line));
+    receipt.sale.totals = pricing::hesapla(figures);
     receipt.sale.cash = u"2.000,00"_s;
     receipt.sale.change = pricing::change(receipt.sale.cash, receipt.sale.totals.grand);
     return receipt;

@@ -84,6 +84,7 @@ int SaleList::append(SaleLine line)
 {
     const int row = size();
     beginInsertRows({}, row, row);
+    m_figures.push_back(pricing::figuresOf(line));
     m_lines.push_back(std::move(line));
     endInsertRows();
     return row;
@@ -91,6 +92,7 @@ int SaleList::append(SaleLine line)
 
 void SaleList::replace(int row, SaleLine line)
 {
+    m_figures.at(static_cast<std::size_t>(row)) = pricing::figuresOf(line);
     m_lines.at(static_cast<std::size_t>(row)) = std::move(line);
     Q_EMIT dataChanged(index(row, 0), index(row, kSaleColumns - 1));
 }
@@ -99,6 +101,7 @@ void SaleList::remove(int row)
 {
     beginRemoveRows({}, row, row);
     m_lines.erase(m_lines.begin() + row);
+    m_figures.erase(m_figures.begin() + row);
     endRemoveRows();
 }
 
@@ -106,6 +109,7 @@ void SaleList::clear()
 {
     beginResetModel();
     m_lines.clear();
+    m_figures.clear();
     endResetModel();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sales/sale_line.h"
+#include "sales/pricing.h"
 
 #include <QAbstractTableModel>
 
@@ -24,6 +24,9 @@ public:
     const std::vector<SaleLine> &lines() const { return m_lines; }
     const SaleLine &line(int row) const { return m_lines.at(static_cast<std::size_t>(row)); }
 
+    /// The lines' figures, read once when a line changes: totals of a long list must not reread it.
+    const std::vector<pricing::Figures> &figures() const { return m_figures; }
+
     /// Returns the row of the new line.
     int append(SaleLine line);
     void replace(int row, SaleLine line);
@@ -36,4 +39,5 @@ public:
 
 private:
     std::vector<SaleLine> m_lines;
+    std::vector<pricing::Figures> m_figures;
 };

@@ -175,7 +175,7 @@ void TillSession::changeQuantity(double quantity)
 void TillSession::hesapla(int number)
 {
     ListState &state = at(number);
-    state.totals = pricing::hesapla(state.lines.lines());
+    state.totals = pricing::hesapla(state.lines.figures());
     Q_EMIT totalsChanged(number);
     if (state.cashGiven) {
         state.change = pricing::change(state.cash, state.totals.grand);

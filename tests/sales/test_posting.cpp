@@ -1,8 +1,7 @@
 #include "sales/posting.h"
 #include "sales/posting_statements.h"
 #include "sales/till_shop.h"
-
-#include <QRegularExpression>
+#include "sales/totals_of.h"
 
 #include <gtest/gtest.h>
 
@@ -26,9 +25,9 @@ SaleLine saleLine(const QString &barcode, const QString &stockCode, const QStrin
     return line;
 }
 
-struct Till : testing::Test
+struct LedgerPosting : testing::Test
 {
-    Till()
+    LedgerPosting()
     {
         shop.add({u"869001"_s, u"S1"_s});
         shop.add({u"869002"_s, u"S2"_s});
@@ -50,15 +49,9 @@ struct Till : testing::Test
     PostingResult post(std::vector<SaleLine> lines)
     {
         sale.lines = std::move(lines);
-        sale.totals = pricing::hesapla(sale.lines);
+        sale.totals = totalsOf(sale.lines);
         shop.host.statements.clear();
         return faturakaydet(shop.program, oku(shop.program), sale);
-    }
-
-    /// The statements sent that begin with one of these words.
-    QStringList sent(const QString &start) const
-    {
-        return shop.host.statements.filter(QRegularExpression(u"^"_s + start));
     }
 
     TillShop shop;
@@ -72,7 +65,7 @@ const QString kAccount =
 
 } // namespace
 
-TEST_F(Till, ASaleOfOneLineIsPostedStatementByStatement)
+TEST_F(LedgerPosting, ASaleOfOneLineIsPostedStatementByStatement)
 {
     shop.host.answers[u"select * from STKMIZDEGER where "_s + kStock.arg(1)] =
         TillShop::row({u"STKALACAK"_s}, {4.5});
@@ -182,39 +175,40 @@ TEST_F(Till, ASaleOfOneLineIsPostedStatementByStatement)
         EXPECT_EQ(shop.host.statements.at(i), expected.at(i)) << i;
 }
 
-TEST_F(Till, EveryLineIsPostedOnItsOwnAlsoOfOneStock)
+TEST_F(LedgerPosting, EveryLineIsPostedOnItsOwnAlsoOfOneStock)
 {
     const SaleLine line = saleLine(u"869001"_s, u"S1"_s, u"5,00"_s, 1);
     post({line, line, saleLine(u""_s, u"S1"_s, u"5,00"_s, 1.5)});
-    EXPECT_EQ(sent(u"UPDATE STKKART"_s).size(), 3);
-    EXPECT_EQ(sent(u"INSERT INTO STKHAR"_s).size(), 3);
-    const QStringList invoiceLines = sent(u"INSERT INTO FATHAR"_s);
+    EXPECT_EQ(shop.sent(u"UPDATE STKKART"_s).size(), 3);
+    EXPECT_EQ(shop.sent(u"INSERT INTO STKHAR"_s).size(), 3);
+    const QStringList invoiceLines = shop.sent(u"INSERT INTO FATHAR"_s);
     ASSERT_EQ(invoiceLines.size(), 3);
     EXPECT_TRUE(
         invoiceLines.at(2).contains(u"'C100','3','1','S1','Çay','ADET','D1','','1.5','1',"_s));
-    EXPECT_EQ(sent(u"INSERT INTO FATFISTOPLAM"_s).size(), 4);
+    EXPECT_EQ(shop.sent(u"INSERT INTO FATFISTOPLAM"_s).size(), 4);
 }
 
-TEST_F(Till, AnInvoiceOfSeveralVatRatesNamesNoRate)
+TEST_F(LedgerPosting, AnInvoiceOfSeveralVatRatesNamesNoRate)
 {
     post({saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1),
           saleLine(u"2"_s, u"S2"_s, u"5,00"_s, 1, {}, u"8"_s)});
-    EXPECT_TRUE(sent(u"INSERT INTO FATFIS "_s).first().contains(u"'FTR000007','0','10.00'"_s));
-    EXPECT_TRUE(
-        sent(u"INSERT INTO FATFISTOPLAM"_s).last().contains(u"'KDV(%0)','1.30','10.00','18'"_s));
+    EXPECT_TRUE(shop.sent(u"INSERT INTO FATFIS "_s).first().contains(u"'FTR000007','0','10.00'"_s));
+    EXPECT_TRUE(shop.sent(u"INSERT INTO FATFISTOPLAM"_s)
+                    .last()
+                    .contains(u"'KDV(%0)','1.30','10.00','18'"_s));
 }
 
-TEST_F(Till, TheAccountCounterIsAdvancedInSinglePrecision)
+TEST_F(LedgerPosting, TheAccountCounterIsAdvancedInSinglePrecision)
 {
     counter(ledger::kAccountCounter, u""_s, 16777216);
     counter(ledger::kInvoiceCounter, u""_s, 16777216);
     post({saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1)});
-    EXPECT_EQ(sent(u"UPDATE EVRAKNO"_s).first(),
+    EXPECT_EQ(shop.sent(u"UPDATE EVRAKNO"_s).first(),
               u"UPDATE EVRAKNO SET EVRNO= '16777216' where EVRNOMODUL='2'AND EVRSIRANO='3'"_s);
-    EXPECT_TRUE(sent(u"UPDATE EVRAKNO"_s).at(1).contains(u"'16777217'"_s));
+    EXPECT_TRUE(shop.sent(u"UPDATE EVRAKNO"_s).at(1).contains(u"'16777217'"_s));
 }
 
-TEST_F(Till, AMissingCounterIsToldAndPostingGoesOn)
+TEST_F(LedgerPosting, AMissingCounterIsToldAndPostingGoesOn)
 {
     shop.host.answers.remove(ledger::counterRow(ledger::kInvoiceCounter));
     const PostingResult result = post({saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1)});
@@ -224,7 +218,7 @@ TEST_F(Till, AMissingCounterIsToldAndPostingGoesOn)
     EXPECT_EQ(shop.host.statements.size(), 35);
 }
 
-TEST_F(Till, SummaryAmountsHaveNoZeroBeforeThePoint)
+TEST_F(LedgerPosting, SummaryAmountsHaveNoZeroBeforeThePoint)
 {
     for (const auto &[value, text] : std::vector<std::pair<double, QString>>{
              {0, u".00"_s}, {0.5, u".50"_s}, {-0.5, u"-.50"_s}, {1234567.891, u"1234567.89"_s}})
@@ -233,7 +227,7 @@ TEST_F(Till, SummaryAmountsHaveNoZeroBeforeThePoint)
 
 /// One run per statement: the others still go out, except those that would write back a value
 /// which could not be read.
-TEST_F(Till, AFailedStatementDoesNotStopTheOthers)
+TEST_F(LedgerPosting, AFailedStatementDoesNotStopTheOthers)
 {
     const std::vector<SaleLine> lines = {saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1),
                                          saleLine(u"2"_s, u"S2"_s, u"7,00"_s, 2)};
@@ -258,7 +252,7 @@ TEST_F(Till, AFailedStatementDoesNotStopTheOthers)
     }
 }
 
-TEST_F(Till, ALostConnectionIsReportedAndNothingIsPostedWhenNothingWasWritten)
+TEST_F(LedgerPosting, ALostConnectionIsReportedAndNothingIsPostedWhenNothingWasWritten)
 {
     const std::vector<SaleLine> lines = {saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1)};
     post(lines);
@@ -282,14 +276,14 @@ TEST_F(Till, ALostConnectionIsReportedAndNothingIsPostedWhenNothingWasWritten)
     EXPECT_EQ(post(lines).failed, 0);
 }
 
-TEST_F(Till, HostileValuesInTheLedgerAreCountedNotWrittenOver)
+TEST_F(LedgerPosting, HostileValuesInTheLedgerAreCountedNotWrittenOver)
 {
     counter(ledger::kAccountCounter, u"C"_s, u"abc"_s);
     shop.host.answers[queries::stockCard(u"S1"_s)] = TillShop::row({u"STKBAKIYE"_s}, {u"çok"_s});
     shop.host.answers.remove(u"select * from CARKART where CARKOD='C100'"_s);
     const PostingResult result = post({saleLine(u"1"_s, u"S1"_s, u""_s, 1, {}, u"yok"_s)});
     EXPECT_EQ(result.failed, 3);
-    EXPECT_TRUE(sent(u"UPDATE STKKART"_s).isEmpty());
-    EXPECT_TRUE(sent(u"UPDATE CARKART"_s).isEmpty());
-    EXPECT_EQ(sent(u"UPDATE EVRAKNO"_s).size(), 2);
+    EXPECT_TRUE(shop.sent(u"UPDATE STKKART"_s).isEmpty());
+    EXPECT_TRUE(shop.sent(u"UPDATE CARKART"_s).isEmpty());
+    EXPECT_EQ(shop.sent(u"UPDATE EVRAKNO"_s).size(), 2);
 }

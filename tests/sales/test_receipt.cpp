@@ -2,6 +2,7 @@
 #include "sales/receipt_painter.h"
 #include "sales/receipt_store.h"
 #include "sales/till_shop.h"
+#include "sales/totals_of.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -42,7 +43,7 @@ Receipt receiptAt(const QTime &time)
         pricing::recompute(line, quantity);
         receipt.sale.lines.push_back(line);
     }
-    receipt.sale.totals = pricing::hesapla(receipt.sale.lines);
+    receipt.sale.totals = totalsOf(receipt.sale.lines);
     receipt.sale.cash = u"2.000,00"_s;
     receipt.sale.change = pricing::change(receipt.sale.cash, receipt.sale.totals.grand);
     return receipt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakes/fake_ports.h"
+#include "sales/recording_paper.h"
 #include "sales/sale_queries.h"
 #include "support/print_qt.h"
 
@@ -32,6 +33,10 @@ struct TillShop : FakeMachine
                                            {QStringLiteral("stkfistip"), QStringLiteral("7")},
                                            {QStringLiteral("crfistip"), QStringLiteral("5")},
                                            {QStringLiteral("ftfistip"), QStringLiteral("3")}});
+        printers.list = QStringList{QStringLiteral("Lazer"), QStringLiteral("PDF")};
+        printers.opens = [this](const QString &, const PrinterSetup &setup) {
+            return std::make_unique<RecordedDocument>(printed, setup, printerBroken);
+        };
         program.kdvtab[1] = {QString(), QStringLiteral("10"), QStringLiteral("18")};
         program.kdvtab[2] = {QString(), QStringLiteral("20"), QStringLiteral("8")};
         program.kdvtab[100] = {QString(), QStringLiteral("99"), QStringLiteral("1")};
@@ -68,5 +73,17 @@ struct TillShop : FakeMachine
                         item.vatClass}});
     }
 
+    /// The statements the host was sent that begin with this.
+    QStringList sent(const QString &start) const
+    {
+        QStringList found;
+        for (const QString &statement : host.statements)
+            if (statement.startsWith(start))
+                found += statement;
+        return found;
+    }
+
     RecordingHost &host = openCompany();
+    std::vector<PrintedPaper> printed;
+    bool printerBroken = false;
 };
