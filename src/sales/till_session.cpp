@@ -231,6 +231,11 @@ void TillSession::setCashier(const Cashier &cashier)
     Q_EMIT cashierChanged();
 }
 
+std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
+{
+    return std::make_unique<CashierChoice>(m_program, m_settings.cashierByCode());
+}
+
 Sale TillSession::capture(int number) const
 {
     const ListState &state = at(number);
@@ -344,6 +349,12 @@ bool TillSession::mayClose()
            m_program.mesajgoster(lists + u"  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER "
                                          "SİLİNECEKTİR. YİNEDE KAPATMAK İSTİYORMUSUNUZ...?"_s,
                                  4, 3, 2);
+}
+
+void TillSession::discard()
+{
+    for (int number = 0; number < kSaleLists; ++number)
+        clearList(number);
 }
 
 QList<int> TillSession::columnWidths() const

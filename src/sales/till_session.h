@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
 class Program;
@@ -62,8 +63,14 @@ public:
     /// Takes the cash typed for a list. False: not an amount, the cashier was told.
     bool acceptCash(int number);
 
+    /// What the cashier dialog works with; connect its chosen() to setCashier().
+    std::unique_ptr<CashierChoice> cashierChoice() const;
+
     /// Warns of lists that still hold lines; true when the form may close.
     bool mayClose();
+
+    /// Empties all lists; the till was closed.
+    void discard();
 
     QList<int> columnWidths() const;
     void saveColumnWidths(const QList<int> &widths);
