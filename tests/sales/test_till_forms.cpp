@@ -47,12 +47,17 @@ struct TillForm : testing::Test
     QString label(const QString &name) { return control<QLabel>(name).text(); }
 
     /// Keys go where the focus is, as on a real keyboard.
+    static QWidget *target()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
+        return QApplication::focusWidget();
+    }
     static void type(const QString &text)
     {
         for (const QChar c : text)
-            QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+            QTest::keyClick(target(), c.toLatin1());
     }
-    static void key(Qt::Key which) { QTest::keyClick(QApplication::focusWidget(), which); }
+    static void key(Qt::Key which) { QTest::keyClick(target(), which); }
     static void scan(const QString &code)
     {
         type(code);
@@ -60,7 +65,22 @@ struct TillForm : testing::Test
     }
 
     /// What the user does in the dialog that opens next.
-    static void inDialog(const std::function<void()> &keys) { QTimer::singleShot(0, keys); }
+    static void inDialog(const std::function<void()> &keys)
+    {
+        target(); // the window has the keyboard before the dialog takes it
+        QTimer::singleShot(0, [keys] {
+            EXPECT_TRUE(QTest::qWaitFor([] {
+                const QWidget *dialog = QApplication::activeModalWidget();
+                return dialog && QApplication::focusWidget() &&
+                       QApplication::focusWidget()->window() == dialog;
+            }));
+            keys();
+            if (auto *left = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+                ADD_FAILURE() << "dialog still open: " << left->objectName().toStdString();
+                left->reject();
+            }
+        });
+    }
 
     TillShop shop;
     TillSession session{shop.program};
@@ -101,11 +121,11 @@ TEST_F(TillForm, AWholeSaleIsDoneByKeys)
     EXPECT_EQ(label(u"gentop1"_s), u"30,00"_s);
 
     key(Qt::Key_F6);
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"nkit1"_s);
+    EXPECT_EQ(target()->objectName(), u"nkit1"_s);
     type(u"1.000"_s);
     EXPECT_EQ(label(u"prust1"_s), u"970,00"_s);
     key(Qt::Key_Return);
-    EXPECT_EQ(QApplication::focusWidget(), &entry());
+    EXPECT_EQ(target(), &entry());
     EXPECT_EQ(control<QLineEdit>(u"nkit1"_s).text(), u"1.000,00"_s);
 
     shop.prompt.answers = {};
@@ -137,16 +157,16 @@ TEST_F(TillForm, TheEntryBoxGetsTheFocusBack)
     scan(u"869001"_s);
     QTableView &list = control<QTableView>(u"l1"_s);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 20));
-    EXPECT_EQ(QApplication::focusWidget(), &entry());
+    EXPECT_EQ(target(), &entry());
     for (QPushButton *button : form.findChildren<QPushButton *>())
         EXPECT_EQ(button->focusPolicy(), Qt::NoFocus) << button->objectName().toStdString();
     QTest::mouseClick(&control<QLineEdit>(u"nkit1"_s), Qt::LeftButton);
-    EXPECT_NE(QApplication::focusWidget(), &entry());
+    EXPECT_NE(target(), &entry());
     key(Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), &entry());
+    EXPECT_EQ(target(), &entry());
     inDialog([] { scan(u"1"_s); });
     QTest::mouseClick(&control<QPushButton>(u"button2"_s), Qt::LeftButton);
-    EXPECT_EQ(QApplication::focusWidget(), &entry());
+    EXPECT_EQ(target(), &entry());
 }
 
 TEST_F(TillForm, AScanIntoTheQuantityDialogIsRefused)
@@ -176,7 +196,8 @@ TEST_F(TillForm, AnUnknownCodeIsSeen)
 TEST_F(TillForm, ScansUnderAMessageBoxAreKept)
 {
     QDialog box(&form);
-    QTimer::singleShot(0, &box, [&] {
+    new QLineEdit(&box);
+    inDialog([&] {
         scan(u"869001"_s);
         scan(u"869002"_s);
         EXPECT_TRUE(box.isVisible());

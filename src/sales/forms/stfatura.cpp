@@ -7,6 +7,7 @@
 #include "sales/till_session.h"
 #include "ui_stfatura.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QTableView>
 
@@ -190,6 +191,9 @@ void stfatura::acceptCash()
 
 void stfatura::focusEntry()
 {
+    // A dialog that closed does not hand the keyboard back on every system.
+    if (isVisible() && !isActiveWindow() && !QApplication::activeModalWidget())
+        activateWindow();
     m_ui->srvadi->setFocus();
 }
 
