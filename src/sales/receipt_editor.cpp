@@ -15,12 +15,16 @@ const ReceiptLayout &ReceiptEditor::load()
 {
     m_stored = receipt_store::fisoku(m_program);
     m_layout = m_stored;
+    m_touched = false;
     return m_layout;
 }
 
 void ReceiptEditor::edit(const ReceiptLayout &layout)
 {
     m_layout = layout;
+    if (!m_touched)
+        m_stored = layout;
+    m_touched = true;
     Q_EMIT previewChanged();
 }
 

@@ -18,7 +18,8 @@ public:
     const ReceiptLayout &load();
     const ReceiptLayout &layout() const { return m_layout; }
 
-    /// Takes what the fields hold now and draws it anew.
+    /// Takes what the fields hold now and draws it anew. The first time they only show the stored
+    /// layout in their own spelling: that is no change.
     void edit(const ReceiptLayout &layout);
 
     /// The sample sale in the edited layout.
@@ -43,4 +44,5 @@ private:
     Program &m_program;
     ReceiptLayout m_stored;
     ReceiptLayout m_layout;
+    bool m_touched = false; ///< edited after the fields first showed the layout
 };

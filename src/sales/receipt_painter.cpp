@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
-constexpr double kSmallestShare = 0.65;  ///< of its size, for a text that may be shortened instead
+constexpr double kSmallestShare = 0.8;   ///< of its size, for a text that may be shortened instead
 constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length to whole dots
 
 QFont fontOf(const ReceiptText &text, double dpi)

@@ -12,10 +12,13 @@ const std::array<QString, kSaleColumns> &captions()
     return texts;
 }
 
-bool isFigure(int column)
+QVariant alignment(int column)
 {
-    return column + 1 >= static_cast<int>(SaleColumn::price) ||
-           column + 1 == static_cast<int>(SaleColumn::vatRate);
+    const auto which = static_cast<SaleColumn>(column + 1);
+    Qt::Alignment across = which >= SaleColumn::price ? Qt::AlignRight : Qt::AlignLeft;
+    if (which == SaleColumn::vatRate || which == SaleColumn::unit)
+        across = Qt::AlignHCenter;
+    return QVariant::fromValue(across | Qt::AlignVCenter);
 }
 
 QChar upper(QChar c)
@@ -61,8 +64,7 @@ QVariant SaleList::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return text;
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::Alignment(
-            (isFigure(index.column()) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+        return alignment(index.column());
     default:
         return {};
     }
@@ -75,8 +77,7 @@ QVariant SaleList::headerData(int section, Qt::Orientation orientation, int role
     if (role == Qt::DisplayRole)
         return captions()[static_cast<std::size_t>(section)];
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(
-            Qt::Alignment((isFigure(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+        return alignment(section);
     return {};
 }
 

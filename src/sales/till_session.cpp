@@ -136,8 +136,8 @@ QString TillSession::refusedQuantity(const QString &typed) const
     if (!currentLine())
         return u"Seçili satır yok."_s;
     if (!quantity::parse(typed))
-        return u"Miktar 0'dan büyük, en çok %1 olmalı; ondalık ayırıcı virgüldür."_s.arg(
-            amount::plain(quantity::kMost));
+        return u"Miktar 0’dan büyük, en çok %1 olmalı; ondalık ayırıcı virgüldür."_s.arg(
+            amount::money(quantity::kMost));
     return {};
 }
 
@@ -157,7 +157,7 @@ QString TillSession::miktarekle(const QString &typed)
     const SaleLine &line = active().lines.line(active().currentRow);
     const double sum = pricing::valueOf(line, SaleColumn::quantity) + *quantity::parse(typed);
     if (sum > quantity::kMost)
-        return u"Toplam miktar en çok %1 olabilir."_s.arg(amount::plain(quantity::kMost));
+        return u"Toplam miktar en çok %1 olabilir."_s.arg(amount::money(quantity::kMost));
     changeQuantity(sum);
     return {};
 }

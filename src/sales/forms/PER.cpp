@@ -4,13 +4,31 @@
 #include "ui_PER.h"
 
 #include <QKeyEvent>
-#include <QStyle>
+#include <QPainter>
+
+namespace {
+
+/// Head and shoulders.
+QPixmap person(int size, const QColor &colour)
+{
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawEllipse(QRectF(size * 0.3, size * 0.08, size * 0.4, size * 0.4));
+    painter.drawChord(QRectF(size * 0.1, size * 0.54, size * 0.8, size * 0.84), 0, 180 * 16);
+    return picture;
+}
+
+} // namespace
 
 PER::PER(CashierChoice &choice, QWidget *parent)
     : QDialog(parent), m_choice(choice), m_ui(std::make_unique<Ui::PER>())
 {
     m_ui->setupUi(this);
-    m_ui->Image2->setPixmap(style()->standardIcon(QStyle::SP_DirHomeIcon).pixmap(28));
+    m_ui->Image2->setPixmap(person(32, palette().color(QPalette::Highlight)));
     m_ui->f1->setVisible(!choice.byCode());
     m_ui->f2->setVisible(choice.byCode());
 

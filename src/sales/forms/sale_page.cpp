@@ -4,12 +4,41 @@
 #include "sales/till_session.h"
 #include "ui_sale_page.h"
 
+#include <numeric>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<int, kSaleColumns> kPlainWidths = {130, 100, 230, 60, 70,
-                                                        100, 80,  100, 90, 105};
+/// Width of each column before the shop changed it, in digits of the list's font.
+constexpr std::array<double, kSaleColumns> kPlainDigits = {13.5, 8, 18, 5, 6, 9, 6, 9.5, 7.5, 9.5};
+constexpr int kCellPadding = 8; ///< pixels beside a cell's text
+constexpr int kNameColumn = static_cast<int>(SaleColumn::name) - 1;
+constexpr int kLeastName = 180; ///< pixels
+
+/// What a narrow window does without, first to go first.
+constexpr std::array kDispensable = {SaleColumn::stockCode, SaleColumn::unit,
+                                     SaleColumn::barcode,   SaleColumn::vatRate,
+                                     SaleColumn::discount,  SaleColumn::amount};
+
+/// Type sizes of the totals panel in points: figures, cash box, large figures.
+struct PanelSizes
+{
+    double figure;
+    double cash;
+    double large;
+};
+constexpr PanelSizes kTall = {17, 24, 36};
+constexpr PanelSizes kLow = {13, 17, 26};
+constexpr int kTallPanel = 440; ///< pixels; a lower panel takes the smaller sizes
+
+void setPoints(QWidget &widget, double points)
+{
+    QFont font = widget.font();
+    font.setPointSizeF(points);
+    widget.setFont(font);
+}
+
 constexpr int kRowPadding = 10; ///< pixels above and below a row's text together
 
 } // namespace
@@ -20,7 +49,8 @@ sale_page::sale_page(TillSession &session, int number, QWidget *parent)
     m_ui->setupUi(this);
     m_ui->l->setModel(&session.list(number));
     m_ui->nkit->setValidator(new AmountValidator(this));
-    setColumnWidths(QList<int>(kPlainWidths.begin(), kPlainWidths.end()));
+    m_ui->l->viewport()->installEventFilter(this);
+    m_ui->l->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
     nameControls(number == 0 ? u"1"_s : u"1%1"_s.arg(number == 1 ? 1 : 3));
 
     const auto forThis = [this](auto &&show) {
@@ -82,16 +112,59 @@ void sale_page::setLook(const ListLook &look)
 
 QList<int> sale_page::columnWidths() const
 {
-    QList<int> widths;
-    for (int column = 0; column < kSaleColumns; ++column)
-        widths += m_ui->l->columnWidth(column);
+    QList<int> widths = m_widths;
+    for (int column = 0; column < widths.size(); ++column)
+        if (!m_ui->l->isColumnHidden(column))
+            widths[column] = m_ui->l->columnWidth(column);
     return widths;
 }
 
 void sale_page::setColumnWidths(const QList<int> &widths)
 {
-    for (int column = 0; column < widths.size() && column < kSaleColumns; ++column)
-        m_ui->l->setColumnWidth(column, widths.at(column));
+    m_widths = widths;
+    if (m_widths.isEmpty())
+        for (const double digits : kPlainDigits)
+            m_widths +=
+                qRound(digits * m_ui->l->fontMetrics().horizontalAdvance(u'0')) + kCellPadding;
+    for (int column = 0; column < kSaleColumns; ++column)
+        m_ui->l->setColumnWidth(column, m_widths.at(column));
+    fitColumns();
+}
+
+/// The name takes what the other columns leave; when that is too little, columns go until it fits.
+void sale_page::fitColumns()
+{
+    m_widths = columnWidths();
+    if (m_widths.isEmpty())
+        return;
+    int needed = std::accumulate(m_widths.cbegin(), m_widths.cend(), 0) - m_widths.at(kNameColumn) +
+                 kLeastName;
+    for (const SaleColumn dispensable : kDispensable) {
+        const int column = static_cast<int>(dispensable) - 1;
+        const bool hide = needed > m_ui->l->viewport()->width();
+        if (hide)
+            needed -= m_widths.at(column);
+        if (hide != m_ui->l->isColumnHidden(column))
+            m_ui->l->setColumnHidden(column, hide);
+    }
+}
+
+void sale_page::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const PanelSizes &sizes = height() < kTallPanel ? kLow : kTall;
+    for (QLabel *figure : {m_ui->sttop, m_ui->indtop, m_ui->kdvtop})
+        setPoints(*figure, sizes.figure);
+    setPoints(*m_ui->nkit, sizes.cash);
+    setPoints(*m_ui->gentop, sizes.large);
+    setPoints(*m_ui->prust, sizes.large);
+}
+
+bool sale_page::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void sale_page::showTotals()

@@ -31,13 +31,20 @@ public:
     QLineEdit &cashBox() const;
 
     void setLook(const ListLook &look);
+    /// Pixels, also of columns that a narrow window leaves out. No widths: the plain ones.
     QList<int> columnWidths() const;
     void setColumnWidths(const QList<int> &widths);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void clicked(); ///< the list was clicked
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
+    void fitColumns();
     void nameControls(const QString &suffix);
     void showTotals();
     void showCash();
@@ -45,5 +52,6 @@ private:
 
     TillSession &m_session;
     int m_number;
+    QList<int> m_widths;
     std::unique_ptr<Ui::sale_page> m_ui;
 };

@@ -41,9 +41,8 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
     connectSession();
     session.load();
     const QList<int> widths = session.columnWidths();
-    if (!widths.isEmpty())
-        for (sale_page *each : m_pages)
-            each->setColumnWidths(widths);
+    for (sale_page *each : m_pages)
+        each->setColumnWidths(widths);
     showList(session.activeList());
     showMode();
     showNotice({}, false);
@@ -245,8 +244,8 @@ void stfatura::showMode()
 {
     const bool stock = m_session.entryMode() == TillSession::EntryMode::stockCode;
     m_ui->mode->setText(stock ? u"STOK KODU"_s : u"BARKOD"_s);
-    m_ui->srvadi->setPlaceholderText(stock ? u"Stok kodunu yazıp Enter’a basın"_s
-                                           : u"Barkodu okutun ya da yazıp Enter’a basın"_s);
+    m_ui->srvadi->setPlaceholderText(stock ? u"Stok kodunu yazın"_s
+                                           : u"Barkodu okutun"_s);
     paintLabel(*m_ui->mode, stock ? kStockModeColour : kGoodColour);
 }
 
