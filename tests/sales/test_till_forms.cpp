@@ -200,12 +200,16 @@ TEST_F(TillForm, ScansUnderAMessageBoxAreKept)
     inDialog([&] {
         scan(u"869001"_s);
         scan(u"869002"_s);
+        type(u"8690"_s); // the rest comes after the box has closed
         EXPECT_TRUE(box.isVisible());
         EXPECT_TRUE(session.list(0).isEmpty());
         box.accept();
     });
     box.exec();
     EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 2; }));
+    EXPECT_EQ(entry().text(), u"8690"_s);
+    scan(u"03"_s);
+    EXPECT_EQ(session.list(0).size(), 3);
 }
 
 TEST_F(TillForm, TheCashierIsChosenFromTheListOrByCode)

@@ -39,7 +39,7 @@ bool ScanKeeper::eventFilter(QObject *watched, QEvent *event)
         const auto *target = qobject_cast<QWidget *>(watched);
         if (box && target && target->window() == box)
             return keep(static_cast<const QKeyEvent &>(*event));
-    } else if (event->type() == QEvent::Hide && !m_codes.isEmpty()) {
+    } else if (event->type() == QEvent::Hide && !(m_codes.isEmpty() && m_partial.isEmpty())) {
         QTimer::singleShot(0, this, &ScanKeeper::deliver);
     }
     return false;
@@ -67,5 +67,6 @@ void ScanKeeper::deliver()
         QTimer::singleShot(50, this, &ScanKeeper::deliver);
         return;
     }
-    Q_EMIT kept(std::exchange(m_codes, {}));
+    if (!m_codes.isEmpty() || !m_partial.isEmpty())
+        Q_EMIT kept(std::exchange(m_codes, {}), std::exchange(m_partial, {}));
 }

@@ -24,7 +24,8 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    void kept(const QStringList &codes); ///< whole codes, each was ended by Enter
+    /// Codes that Enter ended, and the beginning of one that was still being typed.
+    void kept(const QStringList &codes, const QString &beginning);
 
 private:
     bool keep(const QKeyEvent &event);

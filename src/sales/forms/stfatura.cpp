@@ -108,10 +108,13 @@ void stfatura::connectSession()
         m_panels[3]->setText(m_session.cashier().name);
     });
     auto *keeper = new ScanKeeper(*this);
-    connect(keeper, &ScanKeeper::kept, this, [this](const QStringList &codes) {
-        for (const QString &code : codes)
-            m_session.enterCode(code);
-    });
+    connect(keeper, &ScanKeeper::kept, this,
+            [this](const QStringList &codes, const QString &beginning) {
+                for (const QString &code : codes)
+                    m_session.enterCode(code);
+                m_ui->srvadi->setText(beginning + m_ui->srvadi->text());
+                focusEntry();
+            });
 }
 
 bool stfatura::eventFilter(QObject *watched, QEvent *event)
@@ -244,8 +247,7 @@ void stfatura::showMode()
 {
     const bool stock = m_session.entryMode() == TillSession::EntryMode::stockCode;
     m_ui->mode->setText(stock ? u"STOK KODU"_s : u"BARKOD"_s);
-    m_ui->srvadi->setPlaceholderText(stock ? u"Stok kodunu yazın"_s
-                                           : u"Barkodu okutun"_s);
+    m_ui->srvadi->setPlaceholderText(stock ? u"Stok kodunu yazın"_s : u"Barkodu okutun"_s);
     paintLabel(*m_ui->mode, stock ? kStockModeColour : kGoodColour);
 }
 
