@@ -118,11 +118,12 @@ class NoPrinters final : public Printers
 {
 public:
     QStringList names() const override { return list; }
-    std::unique_ptr<PrintDocument> open(const QString &, const PrinterSetup &) override
+    std::unique_ptr<PrintDocument> open(const QString &name, const PrinterSetup &setup) override
     {
-        return nullptr;
+        return opens ? opens(name, setup) : nullptr;
     }
     QStringList list;
+    std::function<std::unique_ptr<PrintDocument>(const QString &, const PrinterSetup &)> opens;
 };
 
 class RecordingSounds final : public Sounds
@@ -146,6 +147,8 @@ public:
     Answer show(const Message &message) override
     {
         shown.push_back(message);
+        if (onShow)
+            onShow();
         if (answers.empty())
             return Answer::no;
         const Answer next = answers.front();
@@ -160,6 +163,7 @@ public:
     }
 
     std::vector<Message> shown;
+    std::function<void()> onShow; ///< what the user does while a box is open
     std::vector<Answer> answers;
     QStringList warned;
     QStringList asked;

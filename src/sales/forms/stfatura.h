@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <array>
+#include <memory>
+
+class sale_page;
+class TillSession;
+
+QT_BEGIN_NAMESPACE
+class QKeyEvent;
+class QLabel;
+QT_END_NAMESPACE
+
+namespace Ui {
+class stfatura;
+}
+
+/// The till.
+class stfatura final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit stfatura(TillSession &session, QWidget *parent = nullptr);
+    ~stfatura() override;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void buildPages();
+    void buildStatusBar();
+    void connectButtons();
+    void connectSession();
+
+    bool formKey(const QKeyEvent &event);
+    bool enterPressed(QObject *box);
+    void acceptCash();
+    void focusEntry();
+    void focusCash();
+    void askQuantity(bool adding);
+    void chooseCashier();
+
+    void showSettings();
+    void showMode();
+    void showNotice(const QString &text, bool fault);
+    void showList(int number);
+    sale_page &page() const;
+
+    TillSession &m_session;
+    std::unique_ptr<Ui::stfatura> m_ui;
+    std::array<sale_page *, 3> m_pages{};
+    std::array<QLabel *, 4> m_panels{}; ///< of the status bar; the fourth shows the cashier
+};

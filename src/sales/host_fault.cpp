@@ -1,0 +1,20 @@
+#include "sales/host_fault.h"
+
+#include "common/program.h"
+
+using namespace Qt::StringLiterals;
+
+void tellHostFault(Program &program, const HostError &error)
+{
+    if (error.connectionLost())
+        tellConnectionLost(program);
+    else
+        program.report(error);
+}
+
+void tellConnectionLost(Program &program)
+{
+    program.mesajgoster(u"MUV SQL Server Bağlantısı Kurulamıyor. Server Bağlantısını Tekrar "
+                        "Yapmayı Deneyin..."_s,
+                        3, 3, 1);
+}

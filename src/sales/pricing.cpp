@@ -1,0 +1,124 @@
+#include "sales/pricing.h"
+
+#include "common/amount.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace pricing {
+
+namespace {
+
+constexpr QStringView kSeparator = u"<>";
+
+float percentOf(double base, float percent)
+{
+    return narrow(base * (static_cast<double>(percent) / 100.0));
+}
+
+/// One running total: widened for the addition, narrowed when stored.
+void add(float &sum, double value)
+{
+    sum = narrow(static_cast<double>(sum) + value);
+}
+
+} // namespace
+
+float narrow(double value)
+{
+    constexpr double most = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(value, -most, most));
+}
+
+Discounts cascade(double lineAmount, const std::array<float, 3> &percent)
+{
+    Discounts result{percent, {}};
+    double left = lineAmount;
+    for (std::size_t i = 0; i < percent.size(); ++i) {
+        result.amount[i] = percentOf(left, percent[i]);
+        left -= static_cast<double>(result.amount[i]);
+    }
+    return result;
+}
+
+QString discountTag(const Discounts &discounts)
+{
+    QString tag;
+    for (const float percent : discounts.percent)
+        tag.append(kSeparator).append(amount::plain(percent));
+    for (const float part : discounts.amount)
+        tag.append(kSeparator).append(amount::plain(part));
+    return tag;
+}
+
+Discounts discountsOf(QStringView tag)
+{
+    const QList<QStringView> elements = tag.split(kSeparator);
+    const auto element = [&](std::size_t i) {
+        const auto at = static_cast<qsizetype>(i);
+        return at < elements.size() ? amount::single(elements.at(at)) : 0.0F;
+    };
+    Discounts discounts;
+    for (std::size_t i = 0; i < discounts.percent.size(); ++i) {
+        discounts.percent[i] = element(1 + i);
+        discounts.amount[i] = element(4 + i);
+    }
+    return discounts;
+}
+
+double valueOf(const SaleLine &line, SaleColumn column)
+{
+    return amount::parse(line[column]).value_or(0.0);
+}
+
+void recompute(SaleLine &line, double quantity)
+{
+    line[SaleColumn::quantity] = amount::plain(quantity);
+    const double lineAmount =
+        valueOf(line, SaleColumn::quantity) * valueOf(line, SaleColumn::price);
+    line[SaleColumn::amount] = amount::money(lineAmount);
+
+    const Discounts discounts = cascade(lineAmount, discountsOf(line.tag).percent);
+    line.tag = discountTag(discounts);
+    const auto discount = static_cast<double>(discounts.total());
+    line[SaleColumn::discount] = amount::money(discount);
+    line[SaleColumn::net] = amount::money(lineAmount - discount);
+}
+
+QString totalText(float sum)
+{
+    return amount::money(amount::parse(amount::plain(sum)).value_or(0.0));
+}
+
+Figures figuresOf(const SaleLine &line)
+{
+    return {valueOf(line, SaleColumn::vatRate), valueOf(line, SaleColumn::amount),
+            valueOf(line, SaleColumn::discount), valueOf(line, SaleColumn::net)};
+}
+
+Totals hesapla(std::span<const Figures> lines)
+{
+    float gross = 0.0F;
+    float vat = 0.0F;
+    float grand = 0.0F;
+    float discount = 0.0F;
+    for (const Figures &line : lines) {
+        add(gross, line.amount);
+        add(vat, line.vatRate / 100.0 * line.net);
+        add(grand, line.net);
+        add(discount, line.discount);
+    }
+    return {totalText(gross), totalText(vat), totalText(grand), totalText(discount)};
+}
+
+QString change(QStringView cash, QStringView grandTotal)
+{
+    const auto given = amount::parse(cash);
+    return given ? amount::money(*given - amount::parse(grandTotal).value_or(0.0)) : u"0,00"_s;
+}
+
+} // namespace pricing

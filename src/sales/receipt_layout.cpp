@@ -1,0 +1,97 @@
+#include "sales/receipt_layout.h"
+
+#include "common/amount.h"
+
+#include <QStringBuilder>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView kFieldSeparator = u"<>";
+const QString kCountMarker = u"<*say*>"_s;
+const QString kLineMarker = u"<\\?\\>"_s;
+constexpr double kSmallestPoints = 4.0;
+constexpr double kLargestPoints = 72.0;
+constexpr double kPlainPaper = 80.0; ///< mm
+constexpr double kNarrowestPaper = 20.0;
+constexpr double kWidestPaper = 500.0;
+
+bool isTrue(QStringView flag)
+{
+    return flag.compare(u"true", Qt::CaseInsensitive) == 0 || flag == u"Doğru" || flag == u"1" ||
+           flag == u"-1";
+}
+
+QString cleanLine(QString piece)
+{
+    return piece.remove(kCountMarker).remove(u'\r').remove(u'\n');
+}
+
+} // namespace
+
+ReceiptStyle styleOf(QStringView options)
+{
+    const auto fields = options.split(kFieldSeparator);
+    const auto field = [&](qsizetype i) {
+        return i < fields.size() ? fields.at(i).trimmed() : QStringView();
+    };
+    ReceiptStyle style;
+    style.carried = field(0).toString();
+    style.font = field(1).toString();
+    if (const auto points = amount::parse(field(2)))
+        style.points = std::clamp(*points, kSmallestPoints, kLargestPoints);
+    style.bold = isTrue(field(3));
+    return style;
+}
+
+QString optionString(const ReceiptStyle &style)
+{
+    return style.carried % kFieldSeparator % style.font % kFieldSeparator %
+           amount::points(style.points) % kFieldSeparator % (style.bold ? u"True"_s : u"False"_s);
+}
+
+QStringList printedLines(const QString &text)
+{
+    if (text.isEmpty())
+        return {};
+    const qsizetype count = text.count(kCountMarker) + 1;
+    QStringList lines = text.split(kLineMarker).mid(0, count);
+    for (QString &line : lines)
+        line = cleanLine(line);
+    return lines;
+}
+
+QString editableText(const QString &text)
+{
+    QStringList lines = text.split(kLineMarker);
+    for (QString &line : lines)
+        line = cleanLine(line);
+    return lines.join(u'\n');
+}
+
+QString blockText(const QString &editable)
+{
+    return editable.split(u'\n').join(kCountMarker + kLineMarker);
+}
+
+double ReceiptLayout::paperWidth() const
+{
+    return widths[6] > 0.0 ? std::clamp(widths[6], kNarrowestPaper, kWidestPaper) : kPlainPaper;
+}
+
+ReceiptLayout defaultReceiptLayout()
+{
+    ReceiptLayout layout;
+    layout.headerOptions = optionString({{}, u"Arial"_s, 12.0, true});
+    layout.headerText = blockText(u"MAĞAZA ADI\nAdres, ilçe / il\nVergi dairesi ve numarası"_s);
+    layout.receiptOptions = optionString({{}, u"Arial"_s, 9.0, false});
+    layout.belowText = blockText(u"Bilgi fişidir, mali değeri yoktur.\nTEŞEKKÜR EDERİZ"_s);
+    layout.productOptions = optionString({{}, u"Arial"_s, 9.0, false});
+    layout.lastNumber = u"0"_s;
+    layout.widths = {72.0, 72.0, 33.0, 10.0, 9.0, 20.0, 80.0};
+    layout.leftMargin = 4.0;
+    return layout;
+}

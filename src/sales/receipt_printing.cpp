@@ -1,0 +1,38 @@
+#include "sales/receipt_printing.h"
+
+#include "common/program.h"
+#include "sales/receipt_painter.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOwnPaper = 256; ///< paper number that means "the given size"
+
+PrinterSetup setupFor(const QString &printer, const ReceiptPage &page)
+{
+    PrinterSetup setup;
+    setup.document = u"Fiş"_s;
+    if (printer == kPdfPrinter) {
+        setup.paperCode = kOwnPaper;
+        setup.paper = QSizeF(page.width, page.length);
+    }
+    return setup;
+}
+
+} // namespace
+
+bool yaziciseciver(const Program &program, const QString &printer)
+{
+    return !printer.isEmpty() && program.printers.names().contains(printer);
+}
+
+void printReceipt(Program &program, const QString &printer, const ReceiptPage &page)
+{
+    const auto document = program.printers.open(printer, setupFor(printer, page));
+    if (!document)
+        throw PrintError(u"\"%1\" adlı yazıcı bulunamadı."_s.arg(printer));
+    if (!paintReceipt(document->device(), page))
+        throw PrintError(u"\"%1\" yazıcısı yazdırmayı kabul etmedi."_s.arg(printer));
+    document->finish();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "sales/receipt_layout.h"
+
+class Program;
+
+/// The receipt layout database `Fis.dbs` of the working folder: one-row tables like those of the
+/// settings database.
+namespace receipt_store {
+
+inline constexpr QStringView kFile = u"Fis.dbs";
+
+/// Reads the layout. Tables and rows that are missing are made with the values of
+/// defaultReceiptLayout(); what cannot be read at all has them too.
+ReceiptLayout fisoku(Program &program);
+
+/// Writes everything but the receipt counter. Apostrophes in texts become the typographic ’, which
+/// the quoted statements can carry. Throws HostError when a statement is refused; the rows before
+/// it are then saved.
+void save(Program &program, const ReceiptLayout &layout);
+
+/// Writes the receipt counter; returns false when the file refused.
+bool saveNumber(Program &program, const QString &number);
+
+} // namespace receipt_store

@@ -1,0 +1,141 @@
+#pragma once
+
+#include "sales/cashier.h"
+#include "sales/item_lookup.h"
+#include "sales/posting.h"
+#include "sales/receipt_commands.h"
+#include "sales/sale_list.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+class Program;
+
+inline constexpr int kSaleLists = 3;
+
+/// The till: three sale lists of which one is active, the road from a scan to a receipt. Lists are
+/// numbered 0 to 2 for SATIS1 to SATIS3; out-of-range numbers are ignored.
+class TillSession final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Which box Enter feeds.
+    enum class EntryMode
+    {
+        barcode,
+        stockCode
+    };
+
+    explicit TillSession(Program &program, QObject *parent = nullptr);
+
+    /// Reads the settings and the receipt layout; again after they were changed.
+    void load();
+
+    const SaleSettings &settings() const { return m_settings; }
+    SaleList &list(int number) { return m_lists.at(static_cast<std::size_t>(number)).lines; }
+    const pricing::Totals &totals(int number) const { return at(number).totals; }
+    const QString &cash(int number) const { return at(number).cash; }
+    const QString &change(int number) const { return at(number).change; }
+    int currentRow(int number) const { return at(number).currentRow; }
+    int activeList() const { return m_active; }
+    EntryMode entryMode() const { return m_mode; }
+    const Cashier &cashier() const { return m_cashier; }
+
+    /// "SATIS1" to "SATIS3".
+    static QString caption(int number);
+
+    /// Name and quantity of the current line of the active list; nothing when there is none.
+    struct CurrentLine
+    {
+        QString name;
+        QString quantity;
+    };
+    std::optional<CurrentLine> currentLine() const;
+
+    /// Sets, or adds to, the quantity of the current line. Returns why the typed text is refused,
+    /// "" when the line was changed.
+    QString miktargir(const QString &typed);
+    QString miktarekle(const QString &typed);
+
+    /// Takes the cash typed for a list. False: not an amount, the cashier was told.
+    bool acceptCash(int number);
+
+    /// What the cashier dialog works with; connect its chosen() to setCashier().
+    std::unique_ptr<CashierChoice> cashierChoice() const;
+
+    /// Warns of lists that still hold lines; true when the form may close.
+    bool mayClose();
+
+    /// Empties all lists; the till was closed.
+    void discard();
+
+    QList<int> columnWidths() const;
+    void saveColumnWidths(const QList<int> &widths);
+
+public Q_SLOTS:
+    void enterCode(const QString &code); ///< Enter in the entry box
+    void toggleEntryMode();
+    void selectList(int number);
+    void selectRow(int number, int row);           ///< in that list
+    void moveSelection(int rows);                  ///< in the active list
+    void sil();                                    ///< deletes the current line of the active list
+    void setCash(int number, const QString &text); ///< the cash box was edited
+    void setCashier(const Cashier &cashier);
+    void post();    ///< posts the active list and prints its receipt
+    void reprint(); ///< prints the last receipt of the active list again
+
+Q_SIGNALS:
+    void settingsLoaded();
+    void totalsChanged(int number);
+    void cashChanged(int number); ///< cash set by the program, or change recomputed
+    void currentRowChanged(int number, int row);
+    void activeListChanged(int number);
+    void entryModeChanged();
+    void entryCleared(); ///< the entry box is to be emptied
+    void entryRefused(); ///< the text stays, selected: the next scan replaces it
+    void noticed(const QString &text, bool fault); ///< one line for the cashier
+    void cashierChanged();
+
+private:
+    struct ListState
+    {
+        SaleList lines;
+        pricing::Totals totals;
+        QString cash = QStringLiteral("0,00");
+        QString change = QStringLiteral("0,00");
+        bool cashGiven = false; ///< typed since the last reset
+        int currentRow = -1;
+        std::optional<Receipt> lastReceipt;
+    };
+
+    const ListState &at(int number) const { return m_lists.at(static_cast<std::size_t>(number)); }
+    ListState &at(int number) { return m_lists.at(static_cast<std::size_t>(number)); }
+    ListState &active() { return at(m_active); }
+
+    void hesapla(int number);
+    void resetCash(int number);
+    void makeCurrent(int number, int row);
+    void changeQuantity(double quantity);
+    QString refusedQuantity(const QString &typed) const;
+
+    Sale capture(int number) const;
+    void postList(int number);
+    void clearList(int number);
+    Receipt nextReceipt(Sale sale);
+    void print(const Receipt &receipt);
+    void tellFailures(const PostingResult &result);
+
+    Program &m_program;
+    SaleSettings m_settings;
+    ReceiptLayout m_layout;
+    ItemLookup m_lookup;
+    std::array<ListState, kSaleLists> m_lists;
+    int m_active = 0;
+    EntryMode m_mode = EntryMode::barcode;
+    Cashier m_cashier;
+    bool m_posting = false;
+    QStringList m_heldCodes; ///< entered while a sale was being posted
+};

@@ -1,0 +1,238 @@
+#include "sales/receipt_commands.h"
+#include "sales/receipt_painter.h"
+#include "sales/receipt_store.h"
+#include "sales/till_shop.h"
+#include "sales/totals_of.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ReceiptLayout plainLayout()
+{
+    ReceiptLayout layout;
+    layout.headerOptions = u"x<>Arial<>12<>true"_s;
+    layout.headerText = u"BAKKAL<*say*><\\?\\>Çarşı 1"_s;
+    layout.receiptOptions = u"<>Courier<>8<>false"_s;
+    layout.aboveText = u"Hoş geldiniz"_s;
+    layout.belowText = u"Teşekkürler"_s;
+    layout.productOptions = u"<>Arial<>9<>False"_s;
+    layout.widths = {70, 60, 30, 10, 9.5, 20, 80};
+    layout.leftMargin = 3;
+    return layout;
+}
+
+Receipt receiptAt(const QTime &time)
+{
+    Receipt receipt{{}, u"57"_s};
+    receipt.sale.moment = QDateTime(QDate(2026, 3, 7), time);
+    for (const auto &[name, price, quantity] : std::vector<std::tuple<QString, QString, double>>{
+             {u"Çay"_s, u"1.000,50"_s, 2}, {u"Şeker"_s, u"12,00"_s, 1.5}}) {
+        SaleLine line;
+        line[SaleColumn::name] = name;
+        line[SaleColumn::price] = price;
+        line[SaleColumn::vatRate] = u"18"_s;
+        line.tag = pricing::discountTag({{10, 0, 0}, {}});
+        pricing::recompute(line, quantity);
+        receipt.sale.lines.push_back(line);
+    }
+    receipt.sale.totals = totalsOf(receipt.sale.lines);
+    receipt.sale.cash = u"2.000,00"_s;
+    receipt.sale.change = pricing::change(receipt.sale.cash, receipt.sale.totals.grand);
+    return receipt;
+}
+
+QStringList texts(const ReceiptPage &page)
+{
+    QStringList result;
+    for (const ReceiptText &text : page.texts)
+        result += text.text;
+    return result;
+}
+
+} // namespace
+
+TEST(Receipt, IsDrawnBlockByBlock)
+{
+    Receipt receipt = receiptAt(QTime(14, 5));
+    receipt.sale.cashierName = u"Ayşe"_s;
+    EXPECT_EQ(toText(drawReceipt(plainLayout(), receipt)),
+              u"page 80,0 x 71,5\n"
+              "3,0 2,0 w70,0 Arial 12 bold | BAKKAL\n"
+              "3,0 7,3 w70,0 Arial 12 bold | Çarşı 1\n"
+              "3,0 12,6 w60,0 Courier 8 | Hoş geldiniz\n"
+              "3,0 16,1 w60,0 Courier 8 | TARİH: 07.03.2026  SAAT: 14:5\n"
+              "3,0 19,6 w60,0 Courier 8 | FIS NO: 57\n"
+              "3,0 26,7 w30,0 Arial 9 … | Çay\n"
+              "33,0 26,7 w10,0 Arial 9 | 2X\n"
+              "43,0 26,7 w9,5 Arial 9 | 18 %\n"
+              "52,5 26,7 w20,0 Arial 9 | *2.001,00\n"
+              "3,0 30,7 w30,0 Arial 9 … | Şeker\n"
+              "33,0 30,7 w10,0 Arial 9 | 1,5X\n"
+              "43,0 30,7 w9,5 Arial 9 | 18 %\n"
+              "52,5 30,7 w20,0 Arial 9 | *18,00\n"
+              "3,0 38,6 w49,5 Arial 9 | ARATOP\n"
+              "52,5 38,6 w20,0 Arial 9 | *2.019,00\n"
+              "3,0 42,6 w49,5 Arial 9 | TOPKDV\n"
+              "52,5 42,6 w20,0 Arial 9 | *327,08\n"
+              "3,0 46,5 w49,5 Arial 9 | TOPLAM\n"
+              "52,5 46,5 w20,0 Arial 9 | *1.817,10\n"
+              "3,0 54,5 w49,5 Arial 9 | NAKİT\n"
+              "52,5 54,5 w20,0 Arial 9 | *2.000,00\n"
+              "3,0 58,4 w49,5 Arial 9 | P.ÜSTÜ\n"
+              "52,5 58,4 w20,0 Arial 9 | *182,90\n"
+              "3,0 62,4 w60,0 Courier 8 | Kasiyer: Ayşe\n"
+              "3,0 65,9 w60,0 Courier 8 | Teşekkürler\n"_s);
+}
+
+TEST(Receipt, WithoutNamedFontsThePrinterKeepsItsOwn)
+{
+    ReceiptLayout layout = plainLayout();
+    layout.namedFonts = false;
+    const ReceiptPage page = drawReceipt(layout, receiptAt(QTime(9, 5)));
+    EXPECT_TRUE(page.texts.front().bold);
+    EXPECT_EQ(page.texts.front().points, 12.0);
+    for (const ReceiptText &text : page.texts)
+        EXPECT_EQ(text.font, QString());
+    EXPECT_TRUE(texts(page).contains(u"TARİH: 07.03.2026  SAAT: 9:5"_s));
+}
+
+TEST(Receipt, EmptyBlocksPrintNothing)
+{
+    ReceiptLayout layout = plainLayout();
+    layout.headerText.clear();
+    layout.aboveText.clear();
+    layout.belowText.clear();
+    const QStringList lines = texts(drawReceipt(layout, receiptAt(QTime(9, 5))));
+    EXPECT_TRUE(lines.first().startsWith(u"TARİH"_s));
+    EXPECT_TRUE(lines.last().startsWith(u'*'));
+}
+
+TEST(Receipt, MarkersOfATextBlockNeedNotPair)
+{
+    struct Case
+    {
+        QString text;
+        QStringList lines;
+    };
+    for (const auto &[text, lines] : std::vector<Case>{
+             {u""_s, {}},
+             {u"tek"_s, {u"tek"_s}},
+             {u"a<*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}},
+             {u"a<\\?\\>b<*say*>"_s, {u"a"_s, u"b"_s}},
+             {u"a<\\?\\>b"_s, {u"a"_s}},                       // one line only
+             {u"a<*say*><*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}}, // past the last piece
+             {u"a\r\n<*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}},
+         })
+        EXPECT_EQ(printedLines(text), lines) << text.toStdString();
+    const QString typed = u"bir\n\nüç"_s;
+    EXPECT_EQ(editableText(blockText(typed)), typed);
+    EXPECT_EQ(printedLines(blockText(typed)).size(), 3);
+}
+
+TEST(Receipt, DamagedOptionsGiveAPlainStyle)
+{
+    EXPECT_EQ(styleOf(u""), (ReceiptStyle{{}, {}, 9, false}));
+    EXPECT_EQ(styleOf(u"a<>Arial<>8,5<>TRUE<>x"), (ReceiptStyle{u"a"_s, u"Arial"_s, 8.5, true}));
+    EXPECT_EQ(styleOf(u"<>Arial<>9999<>evet"), (ReceiptStyle{{}, u"Arial"_s, 72, false}));
+    const ReceiptStyle style{u"k"_s, u"Arial"_s, 10.5, true};
+    EXPECT_EQ(styleOf(optionString(style)), style);
+}
+
+TEST(Receipt, LongTextsStayInTheirRoom)
+{
+    ReceiptText name{0, 0, 30, u"DejaVu Sans"_s, 9, false, true, QString(200, u'W')};
+    ReceiptText figure{0, 0, 20, u"DejaVu Sans"_s, 9, false, false, u"*123.456.789.012,00"_s};
+    for (const ReceiptText &text : {name, figure}) {
+        QImage image(800, 60, QImage::Format_Grayscale8);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        paintText(painter, text, QSizeF(254, 254), 0); // ten dots in a millimetre
+        painter.end();
+        int rightmost = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = rightmost; x < image.width(); ++x)
+                if (qGray(image.pixel(x, y)) < 128)
+                    rightmost = x;
+        EXPECT_GT(rightmost, 100);
+        EXPECT_LE(rightmost, static_cast<int>(text.width * 10) + 2);
+    }
+}
+
+TEST(Receipt, PaperThatEndsGetsANewPage)
+{
+    Receipt receipt = receiptAt(QTime(9, 5));
+    const SaleLine line = receipt.sale.lines.front();
+    receipt.sale.lines.assign(300, line);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    EXPECT_TRUE(paintReceipt(writer, drawReceipt(plainLayout(), receipt)));
+    EXPECT_EQ(buffer.data().count("/Type /Page\n"), 5);
+}
+
+TEST(ReceiptStore, TheStoredLayoutIsRead)
+{
+    FakeMachine machine;
+    machine.db.setRow(u"baslik"_s, {{u"bilgi"_s, u"x<>Arial<>12<>true"_s}, {u"text"_s, u"AD"_s}});
+    machine.db.setRow(u"fis"_s, {{u"bilgi"_s, u"o"_s}, {u"ust"_s, u"üst"_s}, {u"alt"_s, u"alt"_s}});
+    machine.db.setRow(u"urun"_s, {{u"bilgi"_s, u"p"_s}});
+    machine.db.setRow(u"zno"_s, {{u"zno"_s, u"41"_s}});
+    machine.db.setRow(u"fnt"_s, {{u"fnt"_s, u"0"_s}});
+    machine.db.setRow(
+        u"karakter"_s,
+        {{u"b1"_s, u"70,5"_s}, {u"b2"_s, u"60"_s}, {u"b3"_s, u"geniş"_s}, {u"b7"_s, u"58"_s}});
+    machine.db.setRow(u"sol"_s, {{u"sol"_s, u"2,5"_s}});
+    const ReceiptLayout layout = receipt_store::fisoku(machine.program);
+    EXPECT_EQ(layout.headerText, u"AD"_s);
+    EXPECT_EQ(layout.belowText, u"alt"_s);
+    EXPECT_EQ(layout.lastNumber, u"41"_s);
+    EXPECT_FALSE(layout.namedFonts);
+    EXPECT_EQ(layout.widths[0], 70.5);
+    EXPECT_EQ(layout.widths[2], 0.0);
+    EXPECT_EQ(layout.paperWidth(), 58.0);
+    EXPECT_EQ(layout.leftMargin, 2.5);
+    EXPECT_EQ(machine.db.statements.size(), 7);
+    EXPECT_EQ(machine.db.opened, QStringList{u"/shop/Fis.dbs"_s});
+    EXPECT_EQ(machine.db.closed, 1);
+}
+
+TEST(ReceiptStore, MissingTablesAreMadeWithADecentLayout)
+{
+    FakeMachine machine;
+    machine.db.failOn = [](const QString &statement) { return statement.startsWith(u"select"_s); };
+    EXPECT_EQ(receipt_store::fisoku(machine.program), defaultReceiptLayout());
+    EXPECT_EQ(machine.db.statements.filter(u"create table"_s).size(), 7);
+    EXPECT_TRUE(machine.db.statements.contains(
+        u"create table karakter (id text,b1 text,b2 text,b3 text,b4 text,b5 text,b6 text,b7 text)"_s));
+    EXPECT_TRUE(machine.db.statements.contains(u"insert into zno (id,zno) values ('1','0')"_s));
+}
+
+TEST(ReceiptStore, ALayoutIsSavedTableByTable)
+{
+    FakeMachine machine;
+    ReceiptLayout layout = plainLayout();
+    layout.belowText = u"Ali'nin dükkânı"_s;
+    receipt_store::save(machine.program, layout);
+    EXPECT_EQ(
+        machine.db.statements,
+        QStringList({u"Update baslik set bilgi = 'x<>Arial<>12<>true',text = "
+                     "'BAKKAL<*say*><\\?\\>Çarşı 1' Where id ='1'"_s,
+                     u"Update fis set bilgi = '<>Courier<>8<>false',ust = 'Hoş geldiniz',alt = "
+                     "'Ali’nin dükkânı' Where id ='1'"_s,
+                     u"Update urun set bilgi = '<>Arial<>9<>False' Where id ='1'"_s,
+                     u"Update fnt set fnt = '1' Where id ='1'"_s,
+                     u"Update karakter set b1 = '70',b2 = '60',b3 = '30',b4 = '10',b5 = '9,5',b6 = "
+                     "'20',b7 = '80' Where id ='1'"_s,
+                     u"Update sol set sol = '3' Where id ='1'"_s}));
+    machine.db.failOn = [](const QString &) { return true; };
+    EXPECT_THROW(receipt_store::save(machine.program, layout), HostError);
+    EXPECT_FALSE(receipt_store::saveNumber(machine.program, u"5"_s));
+}

@@ -1,0 +1,347 @@
+#include "sales/till_session.h"
+#include "sales/till_shop.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kLost = u"MUV SQL Server Bağlantısı Kurulamıyor. Server Bağlantısını Tekrar Yapmayı "
+                      "Deneyin..."_s;
+
+struct Till : testing::Test
+{
+    Till()
+    {
+        shop.add({u"869001"_s, u"S1"_s, u"Çay"_s, 100.0, {10, 10, 0}, 1});
+        shop.add({u"869002"_s, u"S2"_s, u"Şeker"_s, 20.0, {}, 2});
+        for (const QStringView where :
+             {u"'2'AND EVRSIRANO='3'", u"'3'AND EVRSIRANO='2'", u"'1'AND EVRSIRANO='2'"})
+            shop.host.answers[u"select * from EVRAKNO where EVRNOMODUL="_s + where.toString()] =
+                TillShop::row({u"EVRONTAKI"_s, u"EVRNO"_s}, {u"E"_s, 12});
+        shop.host.answers[u"select * from CARKART where CARKOD='C100'"_s] =
+            TillShop::row({u"CARBORCTOP"_s, u"CARBAKIYE"_s}, {0.0, 0.0});
+        shop.db.setRow(u"zno"_s, {{u"zno"_s, u"56"_s}});
+        till.load();
+        QObject::connect(&till, &TillSession::noticed,
+                         [this](const QString &text, bool) { notice = text; });
+        QObject::connect(&till, &TillSession::entryCleared, [this] { ++cleared; });
+    }
+
+    void scan(const QStringList &codes)
+    {
+        for (const QString &code : codes)
+            till.enterCode(code);
+    }
+    QString cell(int list, int row, SaleColumn column) { return till.list(list).line(row)[column]; }
+    QStringList messages() const
+    {
+        QStringList texts;
+        for (const Message &message : shop.prompt.shown)
+            texts += message.text;
+        return texts;
+    }
+
+    TillShop shop;
+    TillSession till{shop.program};
+    QString notice;
+    int cleared = 0;
+};
+
+} // namespace
+
+TEST_F(Till, ScansFillTheActiveListAndItsTotals)
+{
+    scan({u"869001"_s, u"869002"_s, u"869001"_s, u"yok"_s});
+    EXPECT_EQ(till.list(0).size(), 2);
+    EXPECT_EQ(till.totals(0).grand, u"182,00"_s);
+    EXPECT_EQ(till.totals(0).discount, u"38,00"_s);
+    EXPECT_EQ(till.totals(0).vat, u"30,76"_s);
+    EXPECT_EQ(till.currentRow(0), 0);
+    EXPECT_EQ(notice, u"Barkod bulunamadı: yok"_s);
+    EXPECT_EQ(cleared, 4);
+
+    till.selectList(2);
+    scan({u"869002"_s});
+    EXPECT_EQ(till.list(2).size(), 1);
+    EXPECT_EQ(till.list(0).size(), 2);
+    EXPECT_EQ(notice, QString());
+}
+
+TEST_F(Till, TheOtherEntryModeTakesStockCodesAndResetsAllCashFields)
+{
+    scan({u"869002"_s});
+    till.setCash(0, u"50"_s);
+    till.setCash(1, u"50"_s);
+    till.selectList(1);
+    scan({u"869002"_s});
+    EXPECT_EQ(till.cash(0), u"50"_s);
+    EXPECT_EQ(till.cash(1), u"0,00"_s);
+    till.toggleEntryMode();
+    scan({u"S1"_s});
+    EXPECT_EQ(till.cash(0), u"0,00"_s);
+    EXPECT_EQ(cell(1, 1, SaleColumn::stockCode), u"S1"_s);
+}
+
+TEST_F(Till, ChangeFollowsTheCashAndTheTotals)
+{
+    scan({u"869002"_s});
+    till.setCash(0, u"1.000,5"_s);
+    EXPECT_EQ(till.change(0), u"980,50"_s);
+    EXPECT_TRUE(till.acceptCash(0));
+    EXPECT_EQ(till.cash(0), u"1.000,50"_s);
+    EXPECT_EQ(till.miktargir(u"2"_s), QString());
+    EXPECT_EQ(till.change(0), u"960,50"_s);
+    till.setCash(0, u"8690123456789"_s);
+    EXPECT_FALSE(till.acceptCash(0));
+    till.setCash(0, u""_s);
+    EXPECT_EQ(till.change(0), u"0,00"_s);
+    EXPECT_TRUE(till.acceptCash(0));
+    EXPECT_EQ(till.cash(0), u"0,00"_s);
+}
+
+TEST_F(Till, QuantitiesAreSetAndAddedToTheCurrentLine)
+{
+    EXPECT_NE(till.miktargir(u"2"_s), QString()); // no line yet
+    scan({u"869002"_s, u"869001"_s});
+    till.moveSelection(-1);
+    EXPECT_EQ(till.miktargir(u"1,5"_s), QString());
+    EXPECT_EQ(till.miktarekle(u"0,25"_s), QString());
+    EXPECT_EQ(cell(0, 0, SaleColumn::quantity), u"1,75"_s);
+    EXPECT_EQ(cell(0, 0, SaleColumn::net), u"35,00"_s);
+    for (const QString &refused : {u"0"_s, u"-1"_s, u"999.999.999"_s, u"beş"_s, u""_s}) {
+        EXPECT_NE(till.miktargir(refused), QString());
+        EXPECT_NE(till.miktarekle(refused), QString());
+    }
+    EXPECT_NE(till.miktarekle(u"999.999"_s), QString());
+    EXPECT_EQ(cell(0, 0, SaleColumn::quantity), u"1,75"_s);
+}
+
+TEST_F(Till, ALineIsDeletedOnlyWhenConfirmed)
+{
+    scan({u"869001"_s, u"869002"_s});
+    till.sil();
+    EXPECT_EQ(till.list(0).size(), 2);
+    shop.prompt.answers = {Answer::yes};
+    till.sil();
+    EXPECT_EQ(messages().last(), u"Kaydi Silmek Istediginize Eminmisiniz...?"_s);
+    EXPECT_EQ(till.list(0).size(), 1);
+    EXPECT_EQ(till.currentRow(0), 0);
+    EXPECT_EQ(till.totals(0).grand, u"81,00"_s);
+    shop.prompt.answers = {Answer::yes};
+    till.sil();
+    EXPECT_EQ(till.currentRow(0), -1);
+    EXPECT_EQ(till.totals(0), pricing::Totals());
+    till.sil(); // nothing left: nothing asked
+    EXPECT_EQ(shop.prompt.shown.size(), 3U);
+}
+
+TEST_F(Till, APostedSaleLeavesTheListAndItsReceiptShowsIt)
+{
+    till.setCashier({u"P1"_s, u"Ayşe"_s});
+    scan({u"869001"_s, u"869002"_s});
+    till.setCash(0, u"150"_s);
+    till.post();
+    EXPECT_TRUE(till.list(0).isEmpty());
+    EXPECT_EQ(till.totals(0), pricing::Totals());
+    EXPECT_EQ(till.cash(0), u"0,00"_s);
+    EXPECT_EQ(till.change(0), u"0,00"_s);
+    EXPECT_TRUE(messages().isEmpty());
+    EXPECT_TRUE(shop.sent(u"INSERT INTO CARFIS"_s).first().contains(u"'P1'"_s));
+
+    ASSERT_EQ(shop.printed.size(), 1U);
+    const QStringList texts = shop.printed[0].texts;
+    for (const QString &text : {u"FIS NO: 57"_s, u"Çay"_s, u"Şeker"_s, u"*120,00"_s, u"*101,00"_s,
+                                u"*150,00"_s, u"*49,00"_s, u"Kasiyer: Ayşe"_s})
+        EXPECT_TRUE(texts.contains(text)) << text.toStdString();
+    EXPECT_EQ(shop.printed[0].setup.paperCode, 256);
+    EXPECT_EQ(shop.printed[0].setup.paper.width(), 80.0);
+    EXPECT_TRUE(shop.db.statements.contains(u"Update zno set zno = '57' Where id ='1'"_s));
+
+    const qsizetype statements = shop.host.statements.size();
+    till.post();
+    EXPECT_EQ(shop.host.statements.size(), statements);
+    EXPECT_EQ(shop.printed.size(), 1U);
+}
+
+TEST_F(Till, TheLastReceiptOfEachListIsPrintedAgain)
+{
+    scan({u"869001"_s});
+    till.post();
+    till.reprint();
+    ASSERT_EQ(shop.printed.size(), 2U);
+    EXPECT_EQ(shop.printed[0].texts, shop.printed[1].texts);
+    till.selectList(1);
+    till.reprint();
+    EXPECT_EQ(shop.printed.size(), 2U);
+}
+
+TEST_F(Till, WithoutItsPrinterNothingIsPosted)
+{
+    shop.printers.list = QStringList{u"Lazer"_s};
+    scan({u"869001"_s});
+    const qsizetype statements = shop.host.statements.size();
+    till.post();
+    EXPECT_EQ(messages(), QStringList{u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
+                                      "Deneyiniz..."_s});
+    EXPECT_EQ(shop.host.statements.size(), statements);
+    EXPECT_EQ(till.list(0).size(), 1);
+}
+
+TEST_F(Till, APrinterThatFailsLeavesTheSalePosted)
+{
+    shop.printerBroken = true;
+    scan({u"869001"_s});
+    till.post();
+    EXPECT_TRUE(till.list(0).isEmpty());
+    ASSERT_EQ(messages().size(), 1);
+    EXPECT_TRUE(messages().first().contains(u"kâğıt bitti"_s));
+    shop.printerBroken = false;
+    till.reprint();
+    EXPECT_EQ(shop.printed.size(), 1U);
+}
+
+TEST_F(Till, AShopThatPrintsNoReceiptsCanStillReprint)
+{
+    shop.db.setRow(u"yazici"_s, {{u"yazici1"_s, u"PDF"_s}, {u"yazdirma"_s, u"0"_s}});
+    till.load();
+    scan({u"869001"_s});
+    till.post();
+    EXPECT_TRUE(shop.printed.empty());
+    till.reprint();
+    EXPECT_EQ(shop.printed.size(), 1U);
+}
+
+TEST_F(Till, FailedStatementsAreToldWithTheirDocuments)
+{
+    shop.host.failOn = [](const QString &statement) -> std::optional<int> {
+        return statement.startsWith(u"INSERT INTO FATFIS"_s) ? std::optional(HostError::kStatement)
+                                                             : std::nullopt;
+    };
+    scan({u"869001"_s});
+    till.post();
+    ASSERT_EQ(messages().size(), 1);
+    EXPECT_TRUE(messages()[0].contains(u"5 kayıt"_s));
+    EXPECT_TRUE(messages()[0].contains(u"Fatura E000012"_s));
+    EXPECT_TRUE(till.list(0).isEmpty());
+    EXPECT_EQ(shop.printed.size(), 1U);
+}
+
+TEST_F(Till, ALostHostIsToldAndTheListStands)
+{
+    scan({u"869001"_s});
+    shop.host.open = false;
+    till.post();
+    EXPECT_EQ(messages().first(), kLost);
+    EXPECT_EQ(till.list(0).size(), 1);
+    EXPECT_TRUE(shop.printed.empty());
+
+    scan({u"869002"_s});
+    EXPECT_EQ(messages().last(), kLost);
+    EXPECT_EQ(cleared, 1); // the code of the failed scan stays in the box
+
+    shop.host.open = true;
+    till.post();
+    EXPECT_TRUE(till.list(0).isEmpty());
+    EXPECT_EQ(shop.printed.size(), 1U);
+}
+
+TEST_F(Till, AnImpatientKeyPostsOnceAndScansMeanwhileGoToTheNextSale)
+{
+    shop.host.answers.remove(u"select * from EVRAKNO where EVRNOMODUL='3'AND EVRSIRANO='2'"_s);
+    scan({u"869001"_s});
+    shop.prompt.onShow = [this] {
+        till.post();
+        scan({u"869002"_s});
+    };
+    till.post();
+    EXPECT_EQ(shop.sent(u"INSERT INTO FATFIS "_s).size(), 1);
+    EXPECT_EQ(shop.sent(u"INSERT INTO FATHAR"_s).size(), 1);
+    ASSERT_EQ(till.list(0).size(), 1);
+    EXPECT_EQ(cell(0, 0, SaleColumn::stockCode), u"S2"_s);
+}
+
+TEST_F(Till, AStatementTheServerRefusesIsNoticedWithoutAMessageBox)
+{
+    shop.host.failOn = [](const QString &) { return std::optional(HostError::kStatement); };
+    scan({u"8'69"_s});
+    EXPECT_TRUE(messages().isEmpty());
+    EXPECT_TRUE(notice.startsWith(u"Aranamadı: 8'69"_s));
+    EXPECT_EQ(shop.sounds.played.last(), u"/shop/sndoff.sun"_s);
+}
+
+TEST_F(Till, ClosingWarnsOfTheListsThatHoldLines)
+{
+    EXPECT_TRUE(till.mayClose());
+    till.selectList(1);
+    scan({u"869001"_s});
+    EXPECT_FALSE(till.mayClose());
+    EXPECT_EQ(messages().last(),
+              u" (SATIS2)  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER SİLİNECEKTİR. YİNEDE "
+              "KAPATMAK İSTİYORMUSUNUZ...?"_s);
+    till.selectList(2);
+    scan({u"869001"_s});
+    shop.prompt.answers = {Answer::yes};
+    EXPECT_TRUE(till.mayClose());
+    EXPECT_TRUE(messages().last().startsWith(u" (SATIS2) (SATIS3)  LİST"_s));
+}
+
+TEST_F(Till, ColumnWidthsAreKept)
+{
+    till.saveColumnWidths({120, 80, 300, 60, 60, 90, 70, 90, 90, 100});
+    EXPECT_EQ(shop.db.statements.last(),
+              u"Update olcu set olcu = '120-80-300-60-60-90-70-90-90-100' Where id ='1'"_s);
+    const auto widthsOf = [this](const QString &stored) {
+        shop.db.setRow(u"olcu"_s, {{u"olcu"_s, stored}});
+        return till.columnWidths();
+    };
+    EXPECT_EQ(widthsOf(u"120-80,5-300-60-60-90-70-90-90-100"_s).value(1), 81);
+    for (const QString &damaged : {u""_s, u"1-2"_s, u"a-b-c"_s, u"0-0-0-0-0-0-0-0-0-0"_s,
+                                   u"99999-80-300-60-60-90-70-90-90-100"_s})
+        EXPECT_TRUE(widthsOf(damaged).isEmpty());
+}
+
+TEST_F(Till, AListOfTwoThousandLinesIsSold)
+{
+    for (int i = 0; i < 2000; ++i) {
+        const QString code = QString::number(100000 + i);
+        shop.add({code, u"S"_s + code, u"Ürün"_s, 17.35});
+        till.enterCode(code);
+    }
+    EXPECT_EQ(till.totals(0).grand, u"34.699,65"_s);
+    till.post();
+    EXPECT_EQ(shop.sent(u"INSERT INTO STKHAR"_s).size(), 2000);
+    EXPECT_TRUE(till.list(0).isEmpty());
+}
+
+TEST(Cashiers, AreChosenByNameOrByPersonalCode)
+{
+    TillShop shop;
+    shop.host.answers[queries::cashiers()] =
+        RecordSet({u"PERKOD"_s, u"PERADSOYAD"_s, u"PEROZKOD"_s}, {{u"P1"_s, u"Ayşe"_s, u"1907"_s},
+                                                                  {u"P2"_s, u"Ali"_s, u"Hö77"_s},
+                                                                  {u"P3"_s, u"Can"_s, u"1907"_s},
+                                                                  {u"P4"_s, u"Ece"_s, QVariant()}});
+    CashierChoice choice(shop.program, true);
+    Cashier last;
+    QObject::connect(&choice, &CashierChoice::chosen, [&](const Cashier &c) { last = c; });
+    int refused = 0;
+    QObject::connect(&choice, &CashierChoice::rejected, [&] { ++refused; });
+    choice.load();
+    EXPECT_EQ(choice.names(), QStringList({u"Ayşe"_s, u"Ali"_s, u"Can"_s, u"Ece"_s}));
+
+    choice.perlistesec(1);
+    EXPECT_EQ(last, (Cashier{u"P2"_s, u"Ali"_s}));
+    choice.perlistesec(-1);
+    choice.perlistesec(4);
+    EXPECT_EQ(last.code, u"P2"_s);
+    choice.persifresec(u"1907"_s);
+    EXPECT_EQ(last, (Cashier{u"P1"_s, u"Ayşe"_s}));
+    choice.persifresec(u""_s);
+    EXPECT_EQ(last.code, u"P4"_s);
+    choice.persifresec(u"hö77"_s);
+    EXPECT_EQ(last.code, u"P4"_s);
+    EXPECT_EQ(refused, 1);
+    EXPECT_EQ(shop.prompt.shown.back().text, u"GİRİLEN ŞİFREYİ KULLANAN PERSONEL BULUNAMADI..."_s);
+}

@@ -1,0 +1,247 @@
+#include "sales/forms/stfatura.h"
+#include "sales/till_session.h"
+#include "sales/till_shop.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The real till on fakes, driven by keys as a cashier and a scanner would.
+struct TillForm : testing::Test
+{
+    TillForm()
+    {
+        for (int i = 0; i < 30; ++i) {
+            const QString code = QString::number(869000 + i);
+            shop.add({code, u"S%1"_s.arg(i), u"Ürün %1"_s.arg(i), 10.0 + i});
+        }
+        shop.host.answers[queries::cashiers()] =
+            RecordSet({u"PERKOD"_s, u"PERADSOYAD"_s, u"PEROZKOD"_s},
+                      {{u"P1"_s, u"Ayşe"_s, u"1907"_s}, {u"P2"_s, u"Ali"_s, u"2580"_s}});
+        form.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+
+    template <typename Control>
+    Control &control(const QString &name)
+    {
+        auto *found = form.findChild<Control *>(name);
+        if (!found)
+            throw std::runtime_error("no control " + name.toStdString());
+        return *found;
+    }
+    QLineEdit &entry() { return control<QLineEdit>(u"srvadi"_s); }
+    QString label(const QString &name) { return control<QLabel>(name).text(); }
+
+    /// Keys go where the focus is, as on a real keyboard.
+    static QWidget *target()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
+        return QApplication::focusWidget();
+    }
+    static void type(const QString &text)
+    {
+        for (const QChar c : text)
+            QTest::keyClick(target(), c.toLatin1());
+    }
+    static void key(Qt::Key which) { QTest::keyClick(target(), which); }
+    static void scan(const QString &code)
+    {
+        type(code);
+        key(Qt::Key_Return);
+    }
+
+    /// What the user does in the dialog that opens next.
+    static void inDialog(const std::function<void()> &keys)
+    {
+        target(); // the window has the keyboard before the dialog takes it
+        QTimer::singleShot(0, [keys] {
+            EXPECT_TRUE(QTest::qWaitFor([] {
+                const QWidget *dialog = QApplication::activeModalWidget();
+                return dialog && QApplication::focusWidget() &&
+                       QApplication::focusWidget()->window() == dialog;
+            }));
+            keys();
+            if (auto *left = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+                ADD_FAILURE() << "dialog still open: " << left->objectName().toStdString();
+                left->reject();
+            }
+        });
+    }
+
+    TillShop shop;
+    TillSession session{shop.program};
+    stfatura form{session};
+};
+
+} // namespace
+
+TEST_F(TillForm, ABurstOfScansLosesNothing)
+{
+    for (int i = 0; i < 30; ++i)
+        scan(QString::number(869000 + i));
+    EXPECT_EQ(session.list(0).size(), 30);
+    EXPECT_EQ(label(u"gentop1"_s), u"735,00"_s);
+    EXPECT_EQ(entry().text(), QString());
+    EXPECT_EQ(control<QTableView>(u"l1"_s).currentIndex().row(), 29);
+}
+
+TEST_F(TillForm, AWholeSaleIsDoneByKeys)
+{
+    scan(u"869005"_s);
+    scan(u"869006"_s);
+    scan(u"869005"_s);
+    EXPECT_EQ(label(u"gentop1"_s), u"46,00"_s);
+    key(Qt::Key_Down);
+    inDialog([] {
+        type(u"2,,5"_s); // the second comma is dropped
+        key(Qt::Key_Return);
+    });
+    key(Qt::Key_F3);
+    EXPECT_EQ(label(u"gentop1"_s), u"70,00"_s);
+    inDialog([] { key(Qt::Key_Escape); });
+    key(Qt::Key_F4);
+    EXPECT_EQ(label(u"gentop1"_s), u"70,00"_s);
+
+    shop.prompt.answers = {Answer::yes};
+    key(Qt::Key_Delete);
+    EXPECT_EQ(label(u"gentop1"_s), u"30,00"_s);
+
+    key(Qt::Key_F6);
+    EXPECT_EQ(target()->objectName(), u"nkit1"_s);
+    type(u"1.000"_s);
+    EXPECT_EQ(label(u"prust1"_s), u"970,00"_s);
+    key(Qt::Key_Return);
+    EXPECT_EQ(target(), &entry());
+    EXPECT_EQ(control<QLineEdit>(u"nkit1"_s).text(), u"1.000,00"_s);
+
+    shop.prompt.answers = {};
+    key(Qt::Key_F2);
+    EXPECT_EQ(label(u"gentop1"_s), u"0,00"_s);
+    EXPECT_EQ(label(u"prust1"_s), u"0,00"_s);
+    ASSERT_EQ(shop.printed.size(), 1U);
+    EXPECT_TRUE(shop.printed[0].texts.contains(u"*970,00"_s));
+}
+
+TEST_F(TillForm, ListsAreSwitchedByKeysAndByMouse)
+{
+    scan(u"869001"_s);
+    key(Qt::Key_F8);
+    scan(u"869002"_s);
+    EXPECT_EQ(session.list(1).size(), 1);
+    EXPECT_EQ(label(u"gentop11"_s), u"12,00"_s);
+    QTabBar &tabs = control<QTabBar>(u"tb1"_s);
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(2).center());
+    scan(u"869003"_s);
+    EXPECT_EQ(label(u"gentop13"_s), u"13,00"_s);
+    key(Qt::Key_F5);
+    scan(u"S4"_s);
+    EXPECT_EQ(session.list(2).size(), 2);
+}
+
+TEST_F(TillForm, TheEntryBoxGetsTheFocusBack)
+{
+    scan(u"869001"_s);
+    QTableView &list = control<QTableView>(u"l1"_s);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 20));
+    EXPECT_EQ(target(), &entry());
+    for (QPushButton *button : form.findChildren<QPushButton *>())
+        EXPECT_EQ(button->focusPolicy(), Qt::NoFocus) << button->objectName().toStdString();
+    QTest::mouseClick(&control<QLineEdit>(u"nkit1"_s), Qt::LeftButton);
+    EXPECT_NE(target(), &entry());
+    key(Qt::Key_Tab);
+    EXPECT_EQ(target(), &entry());
+    inDialog([] { scan(u"1"_s); });
+    QTest::mouseClick(&control<QPushButton>(u"button2"_s), Qt::LeftButton);
+    EXPECT_EQ(target(), &entry());
+}
+
+TEST_F(TillForm, AScanIntoTheQuantityDialogIsRefused)
+{
+    scan(u"869001"_s);
+    inDialog([] {
+        scan(u"8690123456789"_s);
+        auto *dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_FALSE(dialog->findChild<QLabel *>(u"fault"_s)->text().isEmpty());
+        key(Qt::Key_Escape);
+    });
+    key(Qt::Key_F3);
+    EXPECT_EQ(session.list(0).line(0)[SaleColumn::quantity], u"1"_s);
+}
+
+TEST_F(TillForm, AnUnknownCodeIsSeen)
+{
+    scan(u"123"_s);
+    EXPECT_EQ(label(u"notice"_s), u"Barkod bulunamadı: 123"_s);
+    scan(QString(500, u'9'));
+    EXPECT_LT(label(u"notice"_s).size(), 200);
+    scan(u"869001"_s);
+    EXPECT_EQ(label(u"notice"_s), QString());
+}
+
+TEST_F(TillForm, ScansUnderAMessageBoxAreKept)
+{
+    QDialog box(&form);
+    new QLineEdit(&box);
+    inDialog([&] {
+        scan(u"869001"_s);
+        scan(u"869002"_s);
+        type(u"8690"_s); // the rest comes after the box has closed
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_TRUE(session.list(0).isEmpty());
+        box.accept();
+    });
+    box.exec();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 2; }));
+    EXPECT_EQ(entry().text(), u"8690"_s);
+    scan(u"03"_s);
+    EXPECT_EQ(session.list(0).size(), 3);
+}
+
+TEST_F(TillForm, TheCashierIsChosenFromTheListOrByCode)
+{
+    inDialog([] {
+        key(Qt::Key_Down);
+        key(Qt::Key_Return);
+    });
+    key(Qt::Key_F10);
+    EXPECT_EQ(label(u"panel4"_s), u"Ali"_s);
+
+    shop.db.setRow(u"per"_s, {{u"per"_s, u"1"_s}});
+    session.load();
+    inDialog([] {
+        scan(u"0000"_s); // refused, the box is empty again
+        scan(u"1907"_s);
+    });
+    key(Qt::Key_F10);
+    EXPECT_EQ(label(u"panel4"_s), u"Ayşe"_s);
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    inDialog([] { key(Qt::Key_Escape); });
+    key(Qt::Key_F10);
+    EXPECT_EQ(label(u"panel4"_s), u"Ayşe"_s);
+}
+
+TEST_F(TillForm, ClosingAsksAndKeepsTheColumnWidths)
+{
+    scan(u"869001"_s);
+    EXPECT_FALSE(form.close());
+    EXPECT_EQ(session.list(0).size(), 1);
+    shop.prompt.answers = {Answer::yes};
+    EXPECT_TRUE(form.close());
+    EXPECT_TRUE(session.list(0).isEmpty());
+    EXPECT_TRUE(shop.db.statements.filter(u"Update olcu"_s).size() == 1);
+}
