@@ -33,6 +33,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The last net: an error that no handler caught is shown, and the program goes on.
+class Application final : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    void reportTo(Program &program) { m_program = &program; }
+
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception &error) {
+            if (!m_program)
+                throw;
+            m_program->report(error);
+            return true;
+        }
+    }
+
+private:
+    Program *m_program = nullptr;
+};
+
 /// Where the time goes until the first window can be used; shown with
 /// QT_LOGGING_RULES=tezgah.start=true, read by bench/start.sh.
 Q_LOGGING_CATEGORY(startLog, "tezgah.start", QtWarningMsg)
@@ -94,25 +118,32 @@ bool onlyAsks(int argc, char *argv[])
 /// are missing, the next start tries again.
 void prepareFolder(Program &program)
 {
-    if (QFile::exists(program.path(settings::kFile)))
+    if (QFile::exists(program.path(settings::kFile))) {
+        const QString told = repairSettingsFile(program);
+        if (!told.isEmpty())
+            program.mesajgoster(told, 2, 3, 1);
         return;
+    }
     copyShippedFiles(program.directory());
     createDemoShop(program.directory(), program.clock.now().date());
     createSettingsFile(program);
 }
 
-int run(QApplication &app, const Options &options, const StartTimes &times)
+int run(Application &app, const Options &options, const StartTimes &times)
 {
     const QString startedIn = QDir::currentPath();
     const QString tourFolder =
         options.tour.isEmpty() ? QString() : QDir(options.tour).absolutePath();
     if (!options.directory.isEmpty() && !QDir::setCurrent(options.directory)) {
-        QTextStream(stderr) << u"Klasör açılamadı: %1\n"_s.arg(options.directory);
+        const QString told = u"Klasör açılamadı: %1"_s.arg(options.directory);
+        QTextStream(stderr) << told << Qt::endl;
+        if (options.tour.isEmpty())
+            WindowPrompt().warn(told, true);
         return 2;
     }
     SingleInstance instance(tourFolder.isEmpty() ? u"tezgah"_s : u"tezgah-tour"_s);
     if (!instance.first())
-        return 0;
+        return tourFolder.isEmpty() ? 0 : 1;
 
     const QString directory = QDir::currentPath();
     ProfileKeyFile keys;
@@ -124,6 +155,7 @@ int run(QApplication &app, const Options &options, const StartTimes &times)
     WindowPrompt prompt;
     SystemAutostart autostart(directory);
     Program program({host, db, keys, printers, sounds, clock, prompt}, directory);
+    app.reportTo(program);
     try {
         prepareFolder(program);
     } catch (const std::exception &error) {
@@ -137,7 +169,7 @@ int run(QApplication &app, const Options &options, const StartTimes &times)
     std::unique_ptr<Tour> tour;
     if (!tourFolder.isEmpty())
         tour = std::make_unique<Tour>(rooms, directory, tourFolder);
-    rooms.open();
+    program.handle([&] { rooms.open(); });
     times.reached("host");
     QTimer::singleShot(0, [&times] { times.reached("window"); });
     const int result = QApplication::exec();
@@ -145,8 +177,9 @@ int run(QApplication &app, const Options &options, const StartTimes &times)
         return tour->succeeded() ? result : 1;
     if (rooms.restartWanted()) {
         instance.release();
-        QProcess::startDetached(QCoreApplication::applicationFilePath(), app.arguments().mid(1),
-                                startedIn);
+        if (!QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                     app.arguments().mid(1), startedIn))
+            program.mesajgoster(u"Program yeniden başlatılamadı; elle başlatın."_s, 3, 3, 1);
     }
     return result;
 }
@@ -163,7 +196,7 @@ int main(int argc, char *argv[])
         readOptions(app);
         return 0;
     }
-    QApplication app(argc, argv);
+    Application app(argc, argv);
     QTranslator translator;
     if (translator.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&translator);

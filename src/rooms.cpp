@@ -4,6 +4,9 @@
 #include "labels/print/forms/stkkart.h"
 #include "labels/print/forms/yazfrm.h"
 #include "labels/print/queue_labels.h"
+#include "sales/forms/receipt_designer.h"
+#include "sales/forms/stfatura.h"
+#include "sales/receipt_editor.h"
 #include "shell/forms/baglan.h"
 #include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
@@ -15,13 +18,17 @@
 #include <QMenu>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Brings a form up, making it first when it is not there.
 template <typename Form, typename Make>
 void showForm(QPointer<Form> &form, Make make)
 {
-    if (!form) {
+    // A form that was closed while it still worked lives on unseen until it is done; it is not
+    // shown again.
+    if (!form || !form->isVisible()) {
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
     }
@@ -30,22 +37,22 @@ void showForm(QPointer<Form> &form, Make make)
     form->activateWindow();
 }
 
+bool hasTray()
+{
+    return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
 } // namespace
 
 Rooms::Rooms(Program &program, Autostart &autostart)
     : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_print(program), m_strt(m_start, m_link),
-      m_tray(QSystemTrayIcon::isSystemTrayAvailable())
+      m_desk(program), m_print(program), m_till(program), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
     connect(&m_start, &StartSession::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_start, &StartSession::stockListWanted, this, &Rooms::showStockList);
-    connect(&m_strt, &strt::stkkartWanted, this, &Rooms::showStockList);
-    connect(&m_strt, &strt::baglanWanted, this, &Rooms::showConnection);
-    connect(&m_strt, &strt::loginWanted, this, &Rooms::showLogin);
-    connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
-    connect(&m_strt, &strt::unloaded, this, &Rooms::end);
+    connectMenu();
     connectPrinting();
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
@@ -54,9 +61,19 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 
 Rooms::~Rooms()
 {
-    delete m_stkkart;
-    delete m_baglan;
-    delete m_kakknd;
+    for (QWidget *form : std::initializer_list<QWidget *>{
+             m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_stfatura, m_stkkart})
+        delete form;
+}
+
+void Rooms::connectMenu()
+{
+    connect(&m_strt, &strt::stfaturaWanted, this, &Rooms::showSales);
+    connect(&m_strt, &strt::stkkartWanted, this, &Rooms::showStockList);
+    connect(&m_strt, &strt::baglanWanted, this, &Rooms::showConnection);
+    connect(&m_strt, &strt::loginWanted, this, &Rooms::showLogin);
+    connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
+    connect(&m_strt, &strt::unloaded, this, &Rooms::end);
 }
 
 /// The queue belongs to the desk and the run to the engine; they meet here.
@@ -76,7 +93,7 @@ void Rooms::connectPrinting()
 
 void Rooms::chooseLayout(PrintMode mode)
 {
-    yazfrm form(m_print, mode, QApplication::activeWindow());
+    yazfrm form(m_print, mode, m_stkkart);
     form.exec();
 }
 
@@ -94,12 +111,21 @@ void Rooms::showStockList()
     });
 }
 
+void Rooms::showSales()
+{
+    showForm(m_stfatura, [this] {
+        auto *form = new stfatura(m_till);
+        giveMenu(form->menuButton());
+        return form;
+    });
+}
+
 void Rooms::showConnection()
 {
     showForm(m_baglan, [this] {
         auto *form = new baglan(m_link);
         giveMenu(form->menuButton());
-        connect(form, &baglan::loginWanted, this, &Rooms::showLogin);
+        connect(form, &baglan::loginWanted, this, &Rooms::showLoginModal);
         connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded);
         return form;
     });
@@ -107,20 +133,72 @@ void Rooms::showConnection()
 
 void Rooms::showLogin()
 {
-    LoginSession session(m_program);
-    login form(session, QApplication::activeWindow());
-    if (form.exec() == QDialog::Accepted)
-        showSettings();
+    if (m_parametre) {
+        m_parametre->raise();
+        m_parametre->activateWindow();
+        return;
+    }
+    showForm(m_login, [this] {
+        auto *session = new LoginSession(m_program);
+        auto *form = new login(*session);
+        session->setParent(form);
+        connect(form, &login::accepted, this, &Rooms::showSettings);
+        return form;
+    });
+}
+
+void Rooms::showLoginModal()
+{
+    showLogin();
+    if (m_login) {
+        m_login->hide(); // modality takes effect when a window is shown
+        m_login->setModal(true);
+        m_login->show();
+    }
 }
 
 void Rooms::showSettings()
 {
-    SettingsSession session(m_program);
-    connect(&session, &SettingsSession::saved, &m_desk, &LabelDesk::olcuyukle);
-    connect(&session, &SettingsSession::saved, this,
-            [this, &session] { m_autostart.set(session.values().c1); });
-    parametre form(session, QApplication::activeWindow());
-    form.exec();
+    showForm(m_parametre, [this] {
+        auto *session = new SettingsSession(m_program);
+        auto *form = new parametre(*session);
+        session->setParent(form);
+        connect(session, &SettingsSession::saved, this,
+                [this, session] { settingsSaved(session->values().c1); });
+        connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::settingsSaved(bool startWithMachine)
+{
+    m_desk.olcuyukle();
+    if (m_stfatura)
+        m_till.load();
+    if (!m_autostart.set(startWithMachine))
+        m_program.mesajgoster(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s, 2, 3, 1);
+    // The connection dialog looks at the master connection only, so a company name that was
+    // corrected while the master is open is tried here.
+    if (m_link.masterOpen() && !Program::isOpen(m_program.bag)) {
+        m_link.ayaroku();
+        m_link.sqlbaglan2();
+    }
+}
+
+void Rooms::showReceiptDesigner()
+{
+    showForm(m_designer, [this] {
+        auto *editor = new ReceiptEditor(m_program);
+        auto *form = new receipt_designer(*editor, m_parametre);
+        editor->setParent(form);
+        connect(editor, &ReceiptEditor::saved, this, [this] {
+            if (m_stfatura)
+                m_till.load();
+        });
+        form->setModal(true);
+        return form;
+    });
 }
 
 void Rooms::showAbout()
@@ -134,13 +212,23 @@ void Rooms::connectionUnloaded()
     end();
 }
 
-/// Ends the program, unless a form has something to ask and is told to stay.
+/// Ends the program, unless the till holds goods and the cashier wants to keep them. A print run
+/// comes to its end first.
 void Rooms::end()
 {
-    m_print.stop();
-    if (m_stkkart && !m_stkkart->close())
+    if (m_print.isRunning()) {
+        connect(&m_print, &PrintRun::finished, this, &Rooms::end,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        m_print.stop();
         return;
-    QApplication::quit();
+    }
+    if (m_stfatura && !m_stfatura->close()) {
+        m_restart = false;
+        return;
+    }
+    if (m_stkkart)
+        m_stkkart->close();
+    QCoreApplication::exit(0);
 }
 
 /// Without a tray nobody could reach a program that shows no window.
@@ -149,13 +237,13 @@ void Rooms::endWhenNothingShows()
     for (const QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible())
             return;
-    if (!m_tray)
-        QApplication::quit();
+    if (!hasTray())
+        end();
 }
 
 void Rooms::giveMenu(QToolButton *button)
 {
     button->setMenu(m_strt.men());
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setVisible(!m_tray);
+    button->setVisible(!hasTray());
 }

@@ -4,6 +4,7 @@
 #include "common/program.h"
 #include "labels/print/label_desk.h"
 #include "labels/print/print_run.h"
+#include "sales/till_session.h"
 #include "shell/forms/strt.h"
 #include "shell/host_link.h"
 #include "shell/start_session.h"
@@ -13,7 +14,11 @@
 
 class baglan;
 class kakknd;
+class login;
+class parametre;
 class print_progress;
+class receipt_designer;
+class stfatura;
 class stkkart;
 QT_BEGIN_NAMESPACE
 class QToolButton;
@@ -33,6 +38,7 @@ public:
     void open();
 
     void showStockList();
+    void showSales();
     void showConnection();
     void showLogin();
     void showAbout();
@@ -42,9 +48,13 @@ public:
     bool restartWanted() const { return m_restart; }
 
 private:
+    void connectMenu();
     void connectPrinting();
     void chooseLayout(PrintMode mode);
+    void showLoginModal();
     void showSettings();
+    void settingsSaved(bool startWithMachine);
+    void showReceiptDesigner();
     void connectionUnloaded();
     void end();
     void endWhenNothingShows();
@@ -56,11 +66,15 @@ private:
     StartSession m_start;
     LabelDesk m_desk;
     PrintRun m_print;
+    TillSession m_till;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
+    QPointer<stfatura> m_stfatura;
     QPointer<baglan> m_baglan;
+    QPointer<login> m_login;
+    QPointer<parametre> m_parametre;
+    QPointer<receipt_designer> m_designer;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<print_progress> m_progress;
-    bool m_tray;
     bool m_restart = false;
 };

@@ -11,6 +11,14 @@ CodeList CodeList::read(RecordSet records, QStringView display, QStringView key)
     return list;
 }
 
+int CodeList::find(const QString &name, const QString &key) const
+{
+    for (int i = 0; i < names.size(); ++i)
+        if (names.at(i) == name && code(i) == key)
+            return i;
+    return static_cast<int>(names.indexOf(name));
+}
+
 QString CodeList::code(int index) const
 {
     if (index < 0 || index >= names.size())

@@ -14,6 +14,9 @@ struct CodeList
     /// Reads all records; `display` and `key` are column names. Throws HostError.
     static CodeList read(RecordSet records, QStringView display, QStringView key);
 
+    /// The entry of that name, of several the one with that key; −1 when the name is not listed.
+    int find(const QString &name, const QString &key) const;
+
     /// The key of entry `index`; "" when there is no such entry.
     QString code(int index) const;
 };

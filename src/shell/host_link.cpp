@@ -42,7 +42,8 @@ std::unique_ptr<HostConnection> HostLink::open(const QString &database)
 void HostLink::sqlbaglan()
 {
     ayaroku();
-    Q_EMIT connecting(m_server.server);
+    if (m_server.server.compare(kEmbeddedServer, Qt::CaseInsensitive) != 0)
+        Q_EMIT connecting(m_server.server); // the embedded databases open in no time
     m_program.anabag.reset();
     m_program.anabag = open(m_server.master);
     if (!masterOpen()) {

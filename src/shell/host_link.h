@@ -39,7 +39,7 @@ public:
     const ServerSettings &server() const { return m_server; }
 
 Q_SIGNALS:
-    void connecting(const QString &server); ///< a blocking attempt begins
+    void connecting(const QString &server); ///< an attempt begins that may block for seconds
     void connected();                       ///< it ended, open or not
     void connectionDialogWanted();
     void stockListWanted();

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -71,17 +72,52 @@ const std::vector<Table> &firstRows()
     return tables;
 }
 
-void createTable(LocalDatabase &db, const Table &table)
+/// Whether new rows hold the demo shop's values or empty ones.
+enum class Values
+{
+    demo,
+    empty
+};
+
+QStringList columnNames(const Table &table)
 {
     QStringList names{u"id"_s};
-    QStringList values{u"'1'"_s};
-    for (const Column &column : table.columns) {
+    for (const Column &column : table.columns)
         names += column.name.toString();
-        values += u"'%1'"_s.arg(column.value);
+    return names;
+}
+
+void createTable(LocalDatabase &db, const Table &table)
+{
+    db.execute(u"create table %1 (%2)"_s.arg(table.name,
+                                             columnNames(table).join(u" text,"_s) + u" text"_s));
+}
+
+void insertRow(LocalDatabase &db, const Table &table, Values values)
+{
+    QStringList quoted{u"'1'"_s};
+    for (const Column &column : table.columns)
+        quoted += values == Values::demo ? u"'%1'"_s.arg(column.value) : u"''"_s;
+    db.execute(u"insert into %1 (%2) values (%3)"_s.arg(table.name, columnNames(table).join(u','),
+                                                        quoted.join(u',')));
+}
+
+/// Adds what is missing; returns whether anything was.
+bool complete(LocalDatabase &db, Values values)
+{
+    bool added = false;
+    for (const Table &table : firstRows()) {
+        const QString count = u"select count(*) as N from sqlite_master where name='%1'"_s;
+        if (db.execute(count.arg(table.name)).number(u"N") == 0) {
+            createTable(db, table);
+            added = true;
+        }
+        if (db.execute(u"select id from %1 where id='1'"_s.arg(table.name)).eof()) {
+            insertRow(db, table, values);
+            added = true;
+        }
     }
-    db.execute(u"create table %1 (%2)"_s.arg(table.name, names.join(u" text,"_s) + u" text"_s));
-    db.execute(
-        u"insert into %1 (%2) values (%3)"_s.arg(table.name, names.join(u','), values.join(u',')));
+    return added;
 }
 
 } // namespace
@@ -94,11 +130,34 @@ void createSettingsFile(Program &program)
     const QString unfinished = file + u".yeni"_s;
     QFile::remove(unfinished);
     {
-        OpenDatabase db(program.db, unfinished);
-        for (const Table &table : firstRows())
-            createTable(program.db, table);
+        const OpenDatabase open(program.db, unfinished);
+        complete(program.db, Values::demo);
     }
     if (!QFile::rename(unfinished, file))
         throw HostError(HostError::kStatement,
                         u"Ayar dosyası oluşturulamadı: %1"_s.arg(QDir::toNativeSeparators(file)));
+}
+
+QString repairSettingsFile(Program &program)
+{
+    const QString file = program.path(settings::kFile);
+    const auto repair = [&] {
+        const OpenDatabase open(program.db, file);
+        return complete(program.db, Values::empty);
+    };
+    try {
+        return repair() ? u"Ayar dosyasında (data.dbs) eksik bölümler vardı; boş olarak eklendi. "
+                          "Ayarları denetleyin."_s
+                        : QString();
+    } catch (const HostError &) {
+        if (!QFileInfo(file).isWritable())
+            throw;
+    }
+    const QString kept = file + u".bozuk"_s;
+    QFile::remove(kept);
+    QFile::rename(file, kept);
+    repair();
+    return u"Ayar dosyası (data.dbs) okunamadı; data.dbs.bozuk adıyla saklandı ve boş olarak "
+           u"yeniden "
+           "oluşturuldu. Ayarları yeniden girin."_s;
 }

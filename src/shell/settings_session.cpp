@@ -2,6 +2,7 @@
 
 #include "common/resume_next.h"
 #include "common/settings_database.h"
+#include "common/turkish.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -52,6 +53,8 @@ QString flag(bool on)
     return on ? u"1"_s : u"0"_s;
 }
 
+constexpr int kLastStyle = 3; ///< bold italic
+
 /// A full disk shows up as a failed save long before the last byte; a settings file needs far less.
 constexpr qint64 kLeastFreeBytes = 512 * 1024;
 
@@ -77,6 +80,40 @@ QString SettingsSession::obstacle() const
     if (disk.isValid() && disk.bytesAvailable() < kLeastFreeBytes)
         return u"Ayarlar kaydedilemez: %1 klasörünün diski dolu."_s.arg(folder);
     return {};
+}
+
+QStringList SettingsSession::warnings(const ParameterValues &v)
+{
+    const struct
+    {
+        QStringView name;
+        const QString &value;
+    } texts[] = {{u"KDV oranı", v.kdv},
+                 {u"Fiş yazıcısı", v.yazici},
+                 {u"Giriş parolası", v.lgpass},
+                 {u"Sunucu", v.srvadi},
+                 {u"Kullanıcı", v.kladi},
+                 {u"Parola", v.pass},
+                 {u"Şirket veritabanı", v.sqladi},
+                 {u"Ana veritabanı", v.mastersql},
+                 {u"Örnek adı", v.instance},
+                 {u"1. birim fiyatı", v.br1fyt},
+                 {u"2. birim fiyatı", v.br2fyt},
+                 {u"Başlık", v.bsl},
+                 {u"Yazı tipi", v.fnt},
+                 {u"Boyut", v.sz}};
+    QStringList warnings;
+    for (const auto &text : texts)
+        if (text.value.contains(u'\''))
+            warnings += u"%1: tek tırnak (') içeren bölüm kaydedilemez."_s.arg(text.name);
+    for (const QString &part : {v.srvadi, v.kladi, v.pass, v.sqladi, v.mastersql})
+        if (part.contains(u';')) {
+            warnings += u"Sunucu bilgilerinde noktalı virgül bağlantıyı bozar."_s;
+            break;
+        }
+    if (turkish::upper(v.lgpass) != v.lgpass)
+        warnings += u"Giriş parolasında küçük harf var: girişte bu parola kabul edilmez."_s;
+    return warnings;
 }
 
 void SettingsSession::oku()
@@ -115,6 +152,8 @@ void SettingsSession::oku()
         liste.into(m_values.stl, u"bold");
         liste.into(m_values.fnt, u"font");
         liste.into(m_values.sz, u"size");
+        if (m_values.stl < 0 || m_values.stl > kLastStyle)
+            m_values.stl = 0;
         QString colours;
         liste.into(colours, u"listrenk");
         const QStringList both = colours.split(kCodeMark.toString());
@@ -164,8 +203,8 @@ void SettingsSession::oku1()
         stok.into(m_br1code, u"br1fyt");
         stok.into(m_br2code, u"br2fyt");
     });
-    m_values.br1fytIndex = static_cast<int>(m_lists.priceTypes.names.indexOf(m_values.br1fyt));
-    m_values.br2fytIndex = static_cast<int>(m_lists.priceTypes.names.indexOf(m_values.br2fyt));
+    m_values.br1fytIndex = m_lists.priceTypes.find(m_values.br1fyt, m_br1code);
+    m_values.br2fytIndex = m_lists.priceTypes.find(m_values.br2fyt, m_br2code);
 }
 
 void SettingsSession::serverkaydet(const ParameterValues &values)

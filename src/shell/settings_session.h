@@ -74,6 +74,10 @@ public:
     const ParameterLists &lists() const { return m_lists; }
     QStringList printers() const { return m_program.printers.names(); }
 
+    /// What of these values would not be saved or would not work, in words for the user: saving
+    /// itself reports nothing.
+    static QStringList warnings(const ParameterValues &values);
+
     /// Why nothing could be saved in the working folder (read-only, disk full), "" when it can. The
     /// dialog says so when it opens, before anything is typed: saving itself reports nothing.
     QString obstacle() const;

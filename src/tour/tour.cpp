@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTabWidget>
 #include <QTextStream>
 #include <QTimer>
@@ -18,6 +19,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kTickMs = 120; ///< long enough for a form to lay itself out between two steps
+constexpr int kPatienceMs = 3000;
+constexpr int kLongestMs = 240'000;
 constexpr QSize kScreen(1366, 768);
 
 } // namespace
@@ -31,6 +34,7 @@ Tour::Tour(Rooms &rooms, const QString &directory, const QString &folder)
     settings();
     connection();
     QTimer::singleShot(kTickMs, this, &Tour::tick);
+    QTimer::singleShot(kLongestMs, this, &Tour::giveUp);
 }
 
 void Tour::stockList()
@@ -146,6 +150,8 @@ void Tour::tick()
 {
     if (m_next == m_steps.size()) {
         m_ended = true;
+        // The connection dialog ends the program by itself, unless the connection was never open.
+        QTimer::singleShot(kPatienceMs, this, &Tour::giveUp);
         return;
     }
     // A fresh timer each time: one that is being handled does not fire inside a dialog it opened.
@@ -158,10 +164,16 @@ void Tour::tick()
         return; // it goes by itself
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
-    m_dialogBefore = dialog;
-    ++m_depth;
+    const QScopedValueRollback before(m_dialogBefore, dialog);
+    const QScopedValueRollback depth(m_depth, m_depth + 1);
     now.action();
-    --m_depth;
+}
+
+/// Ends a tour that has come to a stop.
+void Tour::giveUp()
+{
+    fail(u"program kendiliğinden bitmedi"_s);
+    QApplication::exit(1);
 }
 
 void Tour::fail(const QString &what)
@@ -177,8 +189,7 @@ QWidget *Tour::window(const QString &name)
         if (candidate->isVisible() && candidate->objectName() == name)
             return candidate;
     fail(u"%1 penceresi açık değil"_s.arg(name));
-    static QWidget nowhere;
-    return &nowhere;
+    return &m_nowhere;
 }
 
 QWidget *Tour::control(const QString &windowName, const QString &name)
@@ -244,7 +255,8 @@ void Tour::collectPrints()
         if (printed.absolutePath() != QDir(m_folder).absolutePath() &&
             !QFile::copy(printed.filePath(name), path))
             fail(u"%1 kopyalanamadı"_s.arg(name));
-        say(u"   çıktı: "_s + QDir::toNativeSeparators(path));
+        else
+            say(u"   çıktı: "_s + QDir::toNativeSeparators(path));
     }
     if (fresh == 0)
         fail(u"hiçbir şey basılmadı"_s);

@@ -2,14 +2,12 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QWidget>
 
 #include <functional>
 #include <vector>
 
 class Rooms;
-QT_BEGIN_NAMESPACE
-class QWidget;
-QT_END_NAMESPACE
 
 /// Drives the program's real forms by keys, as a user would, and leaves a picture of each form and
 /// everything that was printed in a folder. Says on standard output what it does and where each
@@ -35,6 +33,7 @@ private:
     void connection();
 
     void tick();
+    void giveUp();
     void fail(const QString &what);
     QWidget *window(const QString &name);
     QWidget *control(const QString &windowName, const QString &name);
@@ -56,9 +55,10 @@ private:
     QString m_folder;
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
-    int m_depth = 0; ///< steps that wait for a dialog they opened
+    int m_depth = 0;                   ///< steps that wait for a dialog they opened
     QWidget *m_dialogBefore = nullptr; ///< the dialog in which the latest step began, only compared
     int m_failures = 0;
     bool m_ended = false;
+    QWidget m_nowhere; ///< stands for a window that is not there
     QStringList m_collected;
 };

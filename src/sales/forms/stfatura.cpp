@@ -51,6 +51,11 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
 
 stfatura::~stfatura() = default;
 
+QToolButton *stfatura::menuButton() const
+{
+    return m_ui->menuButton;
+}
+
 void stfatura::buildPages()
 {
     for (int number = 0; number < kSaleLists; ++number) {

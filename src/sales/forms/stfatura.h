@@ -11,6 +11,7 @@ class TillSession;
 QT_BEGIN_NAMESPACE
 class QKeyEvent;
 class QLabel;
+class QToolButton;
 QT_END_NAMESPACE
 
 namespace Ui {
@@ -25,6 +26,9 @@ class stfatura final : public QMainWindow
 public:
     explicit stfatura(TillSession &session, QWidget *parent = nullptr);
     ~stfatura() override;
+
+    /// Where the main menu goes on a desktop without a tray; hidden until it is shown.
+    QToolButton *menuButton() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

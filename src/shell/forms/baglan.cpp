@@ -18,12 +18,7 @@ baglan::baglan(HostLink &link, QWidget *parent)
 {
     m_ui->setupUi(this);
     m_ui->button1->setEnabled(!m_link.masterOpen());
-    const QString state = m_link.masterOpen()
-                              ? u"%1 sunucusuna bağlantı açık."_s
-                              : u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa "
-                                u"yeniden bağlanın; adresi "
-                                "değiştiyse ayarlardan düzeltin."_s;
-    m_ui->durum->setText(state.arg(m_link.server().server));
+    showState();
     connect(m_ui->button1, &QPushButton::clicked, this, &baglan::connectToHost);
     connect(m_ui->button2, &QPushButton::clicked, this, &baglan::loginWanted);
     connect(&m_timer, &QTimer::timeout, this, &baglan::tick);
@@ -31,6 +26,16 @@ baglan::baglan(HostLink &link, QWidget *parent)
 }
 
 baglan::~baglan() = default;
+
+void baglan::showState()
+{
+    const QString state = m_link.masterOpen()
+                              ? u"%1 sunucusuna bağlantı açık."_s
+                              : u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa "
+                                u"yeniden bağlanın; adresi "
+                                "değiştiyse ayarlardan düzeltin."_s;
+    m_ui->durum->setText(state.arg(m_link.server().server));
+}
 
 QToolButton *baglan::menuButton() const
 {
@@ -52,6 +57,7 @@ void baglan::connectToHost()
 {
     m_ui->button1->setEnabled(false);
     m_link.sqlbaglan();
+    showState();
 }
 
 void baglan::done(int)

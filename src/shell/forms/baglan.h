@@ -36,6 +36,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void showState();
     void tick();
     void connectToHost();
 

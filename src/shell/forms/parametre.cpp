@@ -57,6 +57,7 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     yaziyukle();
     yazyukle();
     m_session.load();
+    m_obstacle = m_session.obstacle();
     fillCodeLists();
     display(m_session.values());
 
@@ -73,6 +74,9 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     connectSample(m_ui->yz3, m_ui->sz3, m_ui->orn3, u"20"_s);
     for (const QLineEdit *edit : findChildren<QLineEdit *>())
         connect(edit, &QLineEdit::textChanged, this, &parametre::warn);
+    for (const QComboBox *list : findChildren<QComboBox *>())
+        connect(list, &QComboBox::currentIndexChanged, this, &parametre::warn);
+    connect(m_ui->button6, &QPushButton::clicked, this, &parametre::receiptLayoutWanted);
     warn();
 }
 
@@ -185,6 +189,10 @@ ParameterValues parametre::entered() const
 
 void parametre::serverkaydet()
 {
+    m_obstacle = m_session.obstacle();
+    warn();
+    if (!m_obstacle.isEmpty())
+        return; // nothing could be saved: what was typed stays on screen
     m_session.serverkaydet(entered());
     accept();
 }
@@ -229,18 +237,9 @@ void parametre::showPasswords(bool visible)
 /// Saving reports nothing, so what would be lost is said while it is typed.
 void parametre::warn()
 {
-    QStringList texts{m_session.obstacle()};
-    for (const QLineEdit *edit : findChildren<QLineEdit *>())
-        if (edit->text().contains(u'\''))
-            texts += u"Tek tırnak (') içeren bir bölüm kaydedilemez: %1"_s.arg(edit->text());
-    for (const QChar c : m_ui->lgpass->text())
-        if (c.isLower()) {
-            texts += u"Giriş parolasında küçük harf var: girişte bu parola kabul edilmez."_s;
-            break;
-        }
-    if (m_ui->srvadi->text().contains(u';') || m_ui->pass->text().contains(u';'))
-        texts += u"Sunucu adında veya parolada noktalı virgül bağlantıyı bozar."_s;
-    texts.removeAll(QString());
+    QStringList texts = SettingsSession::warnings(entered());
+    if (!m_obstacle.isEmpty())
+        texts.prepend(m_obstacle);
     m_ui->uyari->setText(texts.join(u'\n'));
     m_ui->uyari->setVisible(!texts.isEmpty());
 }

@@ -25,6 +25,9 @@ public:
     explicit parametre(SettingsSession &session, QWidget *parent = nullptr);
     ~parametre() override;
 
+Q_SIGNALS:
+    void receiptLayoutWanted();
+
 private:
     void yaziyukle();
     void yazyukle();
@@ -39,4 +42,5 @@ private:
 
     std::unique_ptr<Ui::parametre> m_ui;
     SettingsSession &m_session;
+    QString m_obstacle; ///< why nothing could be saved
 };

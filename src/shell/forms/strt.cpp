@@ -1,6 +1,5 @@
 #include "shell/forms/strt.h"
 
-#include "common/host_connection.h"
 #include "shell/forms/look.h"
 #include "shell/host_link.h"
 #include "shell/start_session.h"
@@ -55,8 +54,6 @@ void strt::kpt()
 /// Connecting blocks for up to ten seconds, so the notice is painted before it begins.
 void strt::showConnecting(const QString &server)
 {
-    if (server == kEmbeddedServer)
-        return;
     auto notice = std::make_unique<QLabel>(u"%1 sunucusuna bağlanılıyor…"_s.arg(server), nullptr,
                                            Qt::SplashScreen | Qt::WindowStaysOnTopHint);
     notice->setTextFormat(Qt::PlainText);
