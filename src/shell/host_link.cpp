@@ -31,12 +31,14 @@ void HostLink::ayaroku()
 
 std::unique_ptr<HostConnection> HostLink::open(const QString &database)
 {
-    std::unique_ptr<HostConnection> connection;
-    resumeNext([&] {
-        connection = m_program.host.open(
+    try {
+        m_failure.clear();
+        return m_program.host.open(
             connectionString({m_server.server, m_server.user, m_server.password, database}));
-    });
-    return connection;
+    } catch (const HostError &error) {
+        m_failure = error.text(); // start-up goes on; the connection dialog tells it
+        return nullptr;
+    }
 }
 
 void HostLink::sqlbaglan()

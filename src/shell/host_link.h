@@ -38,6 +38,9 @@ public:
     bool masterOpen() const { return Program::isOpen(m_program.anabag); }
     const ServerSettings &server() const { return m_server; }
 
+    /// Why the last connection did not open, in the engine's words; "" when it did.
+    const QString &failure() const { return m_failure; }
+
 Q_SIGNALS:
     void connecting(const QString &server); ///< an attempt begins that may block for seconds
     void connected();                       ///< it ended, open or not
@@ -50,4 +53,5 @@ private:
 
     Program &m_program;
     ServerSettings m_server;
+    QString m_failure;
 };

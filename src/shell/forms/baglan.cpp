@@ -29,12 +29,14 @@ baglan::~baglan() = default;
 
 void baglan::showState()
 {
-    const QString state = m_link.masterOpen()
-                              ? u"%1 sunucusuna bağlantı açık."_s
-                              : u"%1 sunucusundaki veritabanına ulaşılamıyor.\nSunucu açıksa "
-                                u"yeniden bağlanın; adresi "
-                                "değiştiyse ayarlardan düzeltin."_s;
-    m_ui->durum->setText(state.arg(m_link.server().server));
+    QString state = u"%1 sunucusuna bağlantı açık."_s;
+    if (!m_link.masterOpen())
+        state = u"%1 sunucusundaki veritabanına ulaşılamıyor.\n"
+                "Sunucu açıksa yeniden bağlanın; adresi değiştiyse ayarlardan düzeltin."_s;
+    state = state.arg(m_link.server().server);
+    if (!m_link.failure().isEmpty())
+        state += u"\n\n"_s + m_link.failure();
+    m_ui->durum->setText(state);
 }
 
 QToolButton *baglan::menuButton() const

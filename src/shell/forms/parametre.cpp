@@ -53,6 +53,9 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::parametre>()), m_session(session)
 {
     m_ui->setupUi(this);
+    QPalette warning = m_ui->uyari->palette();
+    warning.setColor(QPalette::WindowText, QColor(0xA0, 0x20, 0x20));
+    m_ui->uyari->setPalette(warning);
     m_ui->stl->addItems({u"Normal"_s, u"Kalın"_s, u"İtalik"_s, u"Kalın İtalik"_s});
     yaziyukle();
     yazyukle();
