@@ -17,8 +17,10 @@ if [ "${1:-}" != --tour ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$tezgah" --directory dukkan
 fi
 
-shop=$(mktemp -d)
-trap 'rm -rf "$shop"' EXIT
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir -m 700 "$work/run" "$work/dukkan" # with a lock of its own, apart from a program that runs
 rm -rf cikti
 mkdir -p cikti
-QT_QPA_PLATFORM=offscreen "$tezgah" --directory "$shop" --tour cikti
+XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen \
+    "$tezgah" --directory "$work/dukkan" --tour cikti
