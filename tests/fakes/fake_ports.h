@@ -173,6 +173,11 @@ public:
 /// A whole machine of fakes and a program on it.
 struct FakeMachine
 {
+    /// `directory`: the working folder; the default one does not exist.
+    explicit FakeMachine(const QString &directory = QStringLiteral("/shop"))
+        : program(Ports{connector, db, keys, printers, sounds, clock, prompt}, directory)
+    {}
+
     ScriptedConnector connector;
     RecordingDatabase db;
     MemoryKeyFile keys;
@@ -180,8 +185,7 @@ struct FakeMachine
     RecordingSounds sounds;
     FixedClock clock;
     ScriptedPrompt prompt;
-    Program program{Ports{connector, db, keys, printers, sounds, clock, prompt},
-                    QStringLiteral("/shop")};
+    Program program;
 
     /// Opens the company connection on a recording host and returns it.
     RecordingHost &openCompany()

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -111,7 +112,8 @@ TEST(ConnectionForm, EscapeUnloadsTooAndAnOpenConnectionNeedsNoButton)
 
 TEST(SettingsForm, WhatIsTypedIsSavedAndTheDialogUnloads)
 {
-    FakeMachine machine;
+    const QTemporaryDir folder;
+    FakeMachine machine(folder.path());
     machine.printers.list = {u"Kasa"_s, u"PDF"_s};
     machine.db.setRow(u"yazici"_s, {{u"yazici1"_s, u"Sökülmüş"_s}, {u"yazdirma"_s, u"1"_s}});
     SettingsSession session(machine.program);
@@ -133,7 +135,8 @@ TEST(SettingsForm, WhatIsTypedIsSavedAndTheDialogUnloads)
 
 TEST(SettingsForm, WarnsOfWhatWouldNotBeSaved)
 {
-    FakeMachine machine;
+    const QTemporaryDir folder;
+    FakeMachine machine(folder.path());
     SettingsSession session(machine.program);
     parametre form(session);
     form.show();
@@ -146,7 +149,8 @@ TEST(SettingsForm, WarnsOfWhatWouldNotBeSaved)
 
 TEST(SettingsForm, TheInstanceBoxFollowsItsCheckBoxAndSamplesShowTheirFont)
 {
-    FakeMachine machine;
+    const QTemporaryDir folder;
+    FakeMachine machine(folder.path());
     SettingsSession session(machine.program);
     parametre form(session);
     EXPECT_FALSE(child<QLineEdit>(form, u"instance"_s)->isEnabled());
