@@ -39,12 +39,6 @@ QString truthText(bool value)
     return value ? u"True"_s : u"False"_s;
 }
 
-/// The number as its seven significant digits show it, so that 0.35F is written 0,4.
-QString lengthText(float millimetres)
-{
-    return amount::length(amount::parse(amount::plain(millimetres)).value_or(0));
-}
-
 /// A picture is only ever taken from the picture folder, whatever path a file names.
 QString bareName(const QString &path)
 {
@@ -125,7 +119,7 @@ public:
     {
         m_entries.push_back({m_section, key, value});
     }
-    void putLength(const QString &key, float mm) { put(key, lengthText(mm)); }
+    void putLength(const QString &key, float mm) { put(key, amount::length(mm)); }
     void putFlag(const QString &key, bool value) { put(key, truthText(value)); }
     void putNumber(const QString &key, int value) { put(key, QString::number(value)); }
 
