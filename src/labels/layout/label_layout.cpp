@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -18,13 +17,6 @@ constexpr double kLargestAngle = 3600;
 double bounded(double value, double most)
 {
     return std::fabs(value) <= most ? value : 0;
-}
-
-/// Whole number nearest to the text's number; 0 for unreadable text and beyond 32 bits.
-int wholeNumber(QStringView text)
-{
-    const double value = std::nearbyint(amount::parse(text).value_or(0));
-    return static_cast<int>(bounded(value, std::numeric_limits<int>::max()));
 }
 
 /// Layouts hold the words True and False; other programs have left numbers and Turkish words.
@@ -77,7 +69,7 @@ public:
         const float value = amount::single(text(key));
         return std::fabs(value) <= kLongestLength ? value : 0;
     }
-    int number(const QString &key) const { return wholeNumber(text(key)); }
+    int number(const QString &key) const { return amount::integer(text(key)); }
     bool flag(const QString &key) const { return truth(text(key)); }
 
     double points(const QString &key) const
