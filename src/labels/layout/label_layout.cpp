@@ -272,10 +272,20 @@ constexpr PageKey kPageKeys[] = {
 
 QString defaultFile(const QString &directory)
 {
-    return directory + u"/ayar/Default.zev"_s;
+    return layoutFolder(directory) + u"/Default.zev"_s;
 }
 
 } // namespace
+
+QString layoutFolder(const QString &directory)
+{
+    return directory + u"/ayar"_s;
+}
+
+QString pictureFolder(const QString &directory)
+{
+    return layoutFolder(directory) + u"/pic"_s;
+}
 
 LabelLayout openLayout(KeyFile &keys, const QString &file)
 {
