@@ -1,6 +1,7 @@
 // Label sheets to PDF: the whole run as the shop makes it, against a floor that paints the same
 // bars and texts, worked out beforehand, straight onto a QPdfWriter.
 
+#include "common/millimetres.h"
 #include "fakes/fake_ports.h"
 #include "labels/print/label_builder.h"
 #include "labels/print/label_painter.h"

@@ -70,6 +70,13 @@ QString significant(double value, int digits)
     return text;
 }
 
+/// The number that a single's own digits spell. Widening it would show digits it never had:
+/// 1.995F as 1.9949999.
+double spelled(float value)
+{
+    return parse(plain(value)).value_or(std::numeric_limits<double>::quiet_NaN());
+}
+
 } // namespace
 
 QString money(double value)
@@ -79,6 +86,11 @@ QString money(double value)
     QString digits = fixedDigits(std::fabs(value), 2);
     digits.replace(u'.', u',');
     return withSign(std::signbit(value), group(digits));
+}
+
+QString money(float value)
+{
+    return money(spelled(value));
 }
 
 QString whole(qint64 value)
@@ -95,6 +107,11 @@ QString length(double millimetres)
     QString digits = fixedDigits(std::fabs(millimetres), 1);
     digits.replace(u'.', u',');
     return withSign(std::signbit(millimetres), digits);
+}
+
+QString length(float millimetres)
+{
+    return length(spelled(millimetres));
 }
 
 QString plain(double value)
@@ -161,6 +178,12 @@ float single(QStringView text)
     if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max()))
         return 0.0F;
     return static_cast<float>(value);
+}
+
+int integer(QStringView text, int least, int most)
+{
+    const double value = std::nearbyint(parse(text).value_or(0.0));
+    return value >= least && value <= most ? static_cast<int>(value) : 0;
 }
 
 std::optional<int> labelCount(QStringView text)

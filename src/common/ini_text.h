@@ -42,7 +42,7 @@ class IniText
 public:
     static constexpr qsizetype kLongestValue = 254;
     /// Nothing a shop keeps in a key file comes near; a larger file is not one.
-    static constexpr qsizetype kLargestText = 1 << 24;
+    static constexpr qsizetype kLargestText = qsizetype{1} << 24;
 
     IniText() = default;
     /// At most kLargestText bytes.

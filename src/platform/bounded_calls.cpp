@@ -33,12 +33,28 @@ void work(Call &call, const std::function<void(BoundedCalls::Life &)> &body)
 
 } // namespace
 
+BoundedCalls::BoundedCalls(std::chrono::milliseconds farewell)
+    : m_farewell(farewell), m_threads(std::make_unique<QThreadPool>())
+{}
+
+BoundedCalls::~BoundedCalls()
+{
+    // The end of a pool waits without limit for its threads, so this one may not be ended.
+    if (!m_threads->waitForDone(static_cast<int>(m_farewell.count())))
+        static_cast<void>(m_threads.release());
+}
+
+void BoundedCalls::start(std::function<void()> call)
+{
+    // Calls that were left alone may not keep others from starting.
+    m_threads->setMaxThreadCount(m_threads->activeThreadCount() + 1);
+    m_threads->start(std::move(call));
+}
+
 bool BoundedCalls::run(std::chrono::milliseconds patience, std::function<void(Life &)> body)
 {
     const auto call = std::make_shared<Call>();
-    // Calls that were left alone may not keep others from starting.
-    m_threads.setMaxThreadCount(m_threads.activeThreadCount() + 1);
-    m_threads.start([call, body = std::move(body)] { work(*call, body); });
+    start([call, body = std::move(body)] { work(*call, body); });
     std::unique_lock lock(call->mutex);
     while (!call->done) {
         const auto deadline = call->life.last() + patience;

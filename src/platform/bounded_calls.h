@@ -5,12 +5,23 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <memory>
 
 /// Runs calls into drivers that may hang on threads of their own, so that the user never waits
 /// longer than agreed, whatever a driver does about its time-outs.
 class BoundedCalls
 {
 public:
+    /// How long the end of the program waits for calls that were left alone.
+    static constexpr std::chrono::milliseconds kFarewell{3000};
+
+    explicit BoundedCalls(std::chrono::milliseconds farewell = kFarewell);
+    /// A call that still hangs after the farewell is abandoned with its thread: the process must be
+    /// able to end, or it keeps the next start out of the shop.
+    ~BoundedCalls();
+    BoundedCalls(const BoundedCalls &) = delete;
+    BoundedCalls &operator=(const BoundedCalls &) = delete;
+
     /// A call that takes long but goes on (rows keep coming) says so here.
     class Life
     {
@@ -27,6 +38,10 @@ public:
     /// alone and must own all it touches. What it throws is thrown here.
     bool run(std::chrono::milliseconds patience, std::function<void(Life &)> call);
 
+    /// Starts a call nobody waits for; it must own all it touches and may not throw.
+    void start(std::function<void()> call);
+
 private:
-    QThreadPool m_threads; ///< its end waits for calls that were left alone
+    std::chrono::milliseconds m_farewell;
+    std::unique_ptr<QThreadPool> m_threads;
 };

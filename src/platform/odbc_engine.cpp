@@ -60,6 +60,19 @@ OdbcEngine::OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSett
     m_session = std::move(*session);
 }
 
+OdbcEngine::~OdbcEngine()
+{
+    leaveSession();
+}
+
+/// Closing a connection asks the server, and a driver may wait for its answer as long as it likes.
+void OdbcEngine::leaveSession()
+{
+    if (m_session)
+        m_calls->start(
+            [session = std::exchange(m_session, nullptr)]() mutable { session.reset(); });
+}
+
 int OdbcEngine::state() const
 {
     return m_session ? 1 : 0;
@@ -78,12 +91,12 @@ RecordSet OdbcEngine::execute(const QString &statement)
                 *rows = session->execute(statement, life);
             });
         if (!finished) {
-            m_session.reset();
+            leaveSession();
             throw silent(statement);
         }
     } catch (const HostError &) {
         if (m_session && m_session->lost())
-            m_session.reset();
+            leaveSession();
         throw;
     }
     return std::move(*rows);

@@ -23,11 +23,17 @@ public:
     /// Throws HostError kConnectionLost.
     OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSettings &settings,
                const OdbcOverride &override);
+    /// Does not wait for the driver to close the connection.
+    ~OdbcEngine() override;
+    OdbcEngine(const OdbcEngine &) = delete;
+    OdbcEngine &operator=(const OdbcEngine &) = delete;
 
     int state() const override;
     RecordSet execute(const QString &statement) override;
 
 private:
+    void leaveSession();
+
     std::shared_ptr<BoundedCalls> m_calls;
     std::shared_ptr<OdbcSession> m_session; ///< null once the connection is lost
 };

@@ -91,7 +91,7 @@ void recompute(SaleLine &line, double quantity)
 
 QString totalText(float sum)
 {
-    return amount::money(amount::parse(amount::plain(sum)).value_or(0.0));
+    return amount::money(sum);
 }
 
 Figures figuresOf(const SaleLine &line)

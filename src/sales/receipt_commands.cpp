@@ -1,6 +1,7 @@
 #include "sales/receipt_commands.h"
 
 #include "common/amount.h"
+#include "common/millimetres.h"
 #include "common/record_set.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMmPerPoint = 25.4 / 72.0;
+constexpr double kMmPerPoint = kMmPerInch / 72.0;
 constexpr double kLeading = 1.25;  ///< line height over font size
 constexpr double kEdge = 2.0;      ///< mm left free above and below
 constexpr double kLeastRoom = 5.0; ///< mm

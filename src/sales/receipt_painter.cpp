@@ -1,5 +1,7 @@
 #include "sales/receipt_painter.h"
 
+#include "common/millimetres.h"
+
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -9,7 +11,6 @@
 
 namespace {
 
-constexpr double kMmPerInch = 25.4;
 constexpr double kPointsPerInch = 72.0;
 constexpr double kSmallestShare = 0.8;   ///< of its size, for a text that may be shortened instead
 constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length to whole dots

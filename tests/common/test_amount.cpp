@@ -1,9 +1,8 @@
 #include "common/amount.h"
 #include "support/print_qt.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
@@ -31,11 +30,35 @@ TEST(Amount, MoneyIsGroupedRoundedAndTurkish)
         EXPECT_EQ(amount::money(c.value), c.text) << c.value;
 }
 
+TEST(Amount, MoneyOfASingleGoesByItsSevenDigits)
+{
+    const struct
+    {
+        float value;
+        QString text;
+    } cases[] = {
+        {0.0F, u"0,00"_s},
+        {2.1F - 0.105F, u"2,00"_s}, // widened it reads 1.9949999
+        {9.9F - 2.475F, u"7,43"_s},
+        {149.9F - 7.495F, u"142,41"_s},
+        {-1.995F, u"-2,00"_s},
+        {123456.78F, u"123.456,80"_s},
+        {12345678.91F, u"12.345.680,00"_s},
+        {-1e10F, u"-10.000.000.000,00"_s},
+        {1e-10F, u"0,00"_s},
+        {std::nanf(""), QString()},
+        {HUGE_VALF, QString()},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(amount::money(c.value), c.text) << c.value;
+}
+
 TEST(Amount, LengthsAndSizesKeepTheirDecimals)
 {
-    EXPECT_EQ(amount::length(210), u"210,0"_s);
+    EXPECT_EQ(amount::length(210.0), u"210,0"_s);
     EXPECT_EQ(amount::length(1234.56), u"1234,6"_s);
     EXPECT_EQ(amount::length(-0.04), u"0,0"_s);
+    EXPECT_EQ(amount::length(0.35F), u"0,4"_s); // widened it reads 0.3499999
     EXPECT_EQ(amount::whole(0), u"0"_s);
     EXPECT_EQ(amount::whole(1234567), u"1.234.567"_s);
     EXPECT_EQ(amount::points(8.25), u"8,25"_s);
@@ -81,9 +104,24 @@ TEST(Amount, ParsesWhatUsersType)
     EXPECT_EQ(amount::single(u"abc"), 0.0F);
 }
 
+TEST(Amount, WholeNumbersAreRoundedAndKeptInTheirRange)
+{
+    const struct
+    {
+        QString text;
+        int value;
+    } cases[] = {{u"9"_s, 9},     {u"9,5"_s, 10}, {u"8,5"_s, 8}, {u"-4"_s, -4},        {u"-5"_s, 0},
+                 {u"100"_s, 100}, {u"101"_s, 0},  {u"x"_s, 0},   {u"99999999999"_s, 0}};
+    for (const auto &c : cases)
+        EXPECT_EQ(amount::integer(c.text, -4, 100), c.value) << c.text.toStdString();
+    EXPECT_EQ(amount::integer(u"-2147483640"), -2147483640);
+    EXPECT_EQ(amount::integer(u"2147483648"), 0);
+}
+
 TEST(Amount, LabelCountsArePositiveWholeNumbers)
 {
     EXPECT_EQ(amount::labelCount(u" 24 "), 24);
-    for (const QString &bad : {u"0"_s, u"-1"_s, u"2,5"_s, u"abc"_s, u""_s, u"1.000"_s, u"1000000"_s, u"١"_s})
+    for (const QString &bad :
+         {u"0"_s, u"-1"_s, u"2,5"_s, u"abc"_s, u""_s, u"1.000"_s, u"1000000"_s, u"١"_s})
         EXPECT_FALSE(amount::labelCount(bad)) << bad.toStdString();
 }

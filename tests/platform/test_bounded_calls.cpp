@@ -1,5 +1,6 @@
 #include "platform/bounded_calls.h"
 
+#include <future>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <thread>
@@ -31,7 +32,26 @@ TEST(BoundedCalls, LeavesASilentCallAloneAndRunsTheNext)
         EXPECT_FALSE(finished);
         EXPECT_TRUE(calls.run(500ms, [](BoundedCalls::Life &) {}));
     }
-    EXPECT_TRUE(finished); // nothing runs on when the program has ended
+    EXPECT_TRUE(finished); // what ends soon is waited for
+}
+
+TEST(BoundedCalls, TheEndDoesNotWaitForACallThatNeverReturns)
+{
+    const auto hanging = std::make_shared<std::promise<void>>();
+    const auto ended = std::make_shared<std::promise<void>>();
+    const auto start = std::chrono::steady_clock::now();
+    {
+        BoundedCalls calls(100ms);
+        calls.start([=] {
+            hanging->get_future().wait();
+            ended->set_value();
+        });
+        EXPECT_FALSE(
+            calls.run(50ms, [](BoundedCalls::Life &) { std::this_thread::sleep_for(1h); }));
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    hanging->set_value(); // an abandoned call touches nothing of the pool it came from
+    EXPECT_EQ(ended->get_future().wait_for(5s), std::future_status::ready);
 }
 
 TEST(BoundedCalls, PassesOnWhatACallThrows)

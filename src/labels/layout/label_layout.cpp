@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -20,13 +19,6 @@ double bounded(double value, double most)
     return std::fabs(value) <= most ? value : 0;
 }
 
-/// Whole number nearest to the text's number; 0 for unreadable text and beyond 32 bits.
-int wholeNumber(QStringView text)
-{
-    const double value = std::nearbyint(amount::parse(text).value_or(0));
-    return static_cast<int>(bounded(value, std::numeric_limits<int>::max()));
-}
-
 /// Layouts hold the words True and False; other programs have left numbers and Turkish words.
 bool truth(QStringView text)
 {
@@ -37,12 +29,6 @@ bool truth(QStringView text)
 QString truthText(bool value)
 {
     return value ? u"True"_s : u"False"_s;
-}
-
-/// The number as its seven significant digits show it, so that 0.35F is written 0,4.
-QString lengthText(float millimetres)
-{
-    return amount::length(amount::parse(amount::plain(millimetres)).value_or(0));
 }
 
 /// A picture is only ever taken from the picture folder, whatever path a file names.
@@ -83,7 +69,7 @@ public:
         const float value = amount::single(text(key));
         return std::fabs(value) <= kLongestLength ? value : 0;
     }
-    int number(const QString &key) const { return wholeNumber(text(key)); }
+    int number(const QString &key) const { return amount::integer(text(key)); }
     bool flag(const QString &key) const { return truth(text(key)); }
 
     double points(const QString &key) const
@@ -125,7 +111,7 @@ public:
     {
         m_entries.push_back({m_section, key, value});
     }
-    void putLength(const QString &key, float mm) { put(key, lengthText(mm)); }
+    void putLength(const QString &key, float mm) { put(key, amount::length(mm)); }
     void putFlag(const QString &key, bool value) { put(key, truthText(value)); }
     void putNumber(const QString &key, int value) { put(key, QString::number(value)); }
 
@@ -286,10 +272,20 @@ constexpr PageKey kPageKeys[] = {
 
 QString defaultFile(const QString &directory)
 {
-    return directory + u"/ayar/Default.zev"_s;
+    return layoutFolder(directory) + u"/Default.zev"_s;
 }
 
 } // namespace
+
+QString layoutFolder(const QString &directory)
+{
+    return directory + u"/ayar"_s;
+}
+
+QString pictureFolder(const QString &directory)
+{
+    return layoutFolder(directory) + u"/pic"_s;
+}
 
 LabelLayout openLayout(KeyFile &keys, const QString &file)
 {

@@ -108,6 +108,10 @@ inline constexpr int kMostElements = 1000;
 inline constexpr float kLongestLength = 10'000.0F;
 inline constexpr double kLargestFont = 1638.0;
 
+/// Where the layout files and their pictures are. `directory`: the working folder.
+QString layoutFolder(const QString &directory);
+QString pictureFolder(const QString &directory);
+
 /// Reads a layout file. Missing files, sections and keys give empty values, unreadable numbers 0;
 /// each kind ends at the first serial number whose width is empty.
 LabelLayout openLayout(KeyFile &keys, const QString &file);

@@ -1,25 +1,25 @@
 #include "labels/print/bars_geometry.h"
 
+#include "common/millimetres.h"
+#include "labels/print/paper_bounds.h"
+
 #include <cmath>
 
 namespace {
 
-constexpr double kMmPerInch = 25.4;
-constexpr double kFarthest = 5000; ///< mm; longer than any page
-constexpr double kSlack = 1e-3;    ///< dots lost to single precision
+constexpr double kSlack = 1e-3; ///< dots lost to single precision
 
-bool onPaper(const QRectF &box)
+bool canHoldBars(const QRectF &box)
 {
-    // Written so that a position that is no number fails, too.
-    return std::abs(box.x()) <= kFarthest && std::abs(box.y()) <= kFarthest && box.width() > 0 &&
-           box.width() <= kFarthest && box.height() > 0 && box.height() <= kFarthest;
+    return onPaper(box.topLeft()) && onPaper({box.width(), box.height()}) && box.width() > 0 &&
+           box.height() > 0;
 }
 
 } // namespace
 
 std::optional<BarsGeometry> fitBars(const ean::Symbol &symbol, const QRectF &box, QSizeF dpi)
 {
-    if (!onPaper(box))
+    if (!canHoldBars(box))
         return {};
     const double perMmX = dpi.width() / kMmPerInch;
     const double perMmY = dpi.height() / kMmPerInch;

@@ -1,5 +1,7 @@
 #include "labels/print/device_fonts.h"
 
+#include "common/millimetres.h"
+
 #include <QFontMetricsF>
 
 #include <algorithm>

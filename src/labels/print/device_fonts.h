@@ -8,8 +8,6 @@
 #include <array>
 #include <deque>
 
-inline constexpr double kMmPerInch = 25.4;
-
 /// An element's font at one device, ready to measure and to draw with. Letters stand at their plain
 /// widths, without kerning, so that a text is as wide as its letters together.
 class DeviceFont

@@ -68,10 +68,3 @@ QString toText(const DrawCommand &command, QPointF origin)
 {
     return std::visit(ToText{origin}, command);
 }
-
-QRgb windowsColour(int colour)
-{
-    if (colour < 0)
-        return qRgb(0, 0, 0);
-    return qRgb(colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF);
-}

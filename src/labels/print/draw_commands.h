@@ -41,7 +41,3 @@ using DrawCommand = std::variant<PictureCommand, BarsCommand, TextCommand>;
 
 /// One line that says all of the command, its place counted from `origin`'s zero point.
 QString toText(const DrawCommand &command, QPointF origin = {});
-
-/// The colour of a Windows colour number 0x00BBGGRR. Numbers of system colours (highest bit set)
-/// give black: paper knows no desktop theme.
-QRgb windowsColour(int colour);

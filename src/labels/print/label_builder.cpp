@@ -1,5 +1,6 @@
 #include "labels/print/label_builder.h"
 
+#include "common/windows_colour.h"
 #include "labels/print/text_alignment.h"
 #include "labels/print/text_lines.h"
 
@@ -96,7 +97,7 @@ void LabelBuilder::addBarcodes(const LabelRow &row, std::vector<DrawCommand> &co
         return;
     for (const BarcodeElement &element : m_job.barcodes)
         commands.emplace_back(BarsCommand{rectangle(element.box), *symbol, element.font,
-                                          windowsColour(element.colour)});
+                                          colourOf(element.colour).rgb()});
 }
 
 void LabelBuilder::addText(const TextElement &element, const QString &text,
@@ -116,7 +117,7 @@ void LabelBuilder::addText(const TextElement &element, const QString &text,
             const double room = box.width - m_measure.width(element.font, line);
             commands.emplace_back(TextCommand{alignText(at, element.alignment, element.angle, room),
                                               turn(element.angle), element.font,
-                                              windowsColour(element.colour), line});
+                                              colourOf(element.colour).rgb(), line});
         }
         at.ry() += lineHeight;
     }

@@ -1,5 +1,8 @@
 #include "labels/print/label_painter.h"
 
+#include "common/millimetres.h"
+#include "labels/print/paper_bounds.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -11,15 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kFarthest = 5000;   ///< mm; longer than any page
 constexpr double kTextNudge = 1.5;   ///< dots to the right, as the shop's old sheets have it
 constexpr double kDigitShare = 0.35; ///< of a symbol's height, at most, goes to its digits
 constexpr int kSmallestDigits = 4;   ///< dots; smaller digits are left out
-
-bool onPaper(QPointF mm)
-{
-    return std::abs(mm.x()) <= kFarthest && std::abs(mm.y()) <= kFarthest;
-}
 
 /// A group of digits and the room it stands in, modules from the first guard bar.
 struct DigitGroup

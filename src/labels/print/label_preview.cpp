@@ -1,5 +1,6 @@
 #include "labels/print/label_preview.h"
 
+#include "common/millimetres.h"
 #include "labels/print/label_painter.h"
 
 #include <QPainter>

@@ -27,7 +27,7 @@ QString labelPrice(RecordSet prices, QStringView wantedNumber)
         const float price =
             discountedPrice(prices.number(u"STKFIYTUTAR"), prices.number(u"STKFIYISKYUZ1"),
                             prices.number(u"STKFIYISKYUZ2"), prices.number(u"STKFIYISKYUZ3"));
-        text = amount::money(static_cast<double>(price));
+        text = amount::money(price);
     }
     return text;
 }

@@ -1,24 +1,15 @@
 #include "labels/print/print_job.h"
 
 #include "common/amount.h"
+#include "labels/print/paper_bounds.h"
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kLongestPaper = 5000; ///< mm; the longest page a PDF can have
-constexpr int kFinestQuality = 4800;   ///< dots per inch
-
-/// A whole number of the layout inside its range, else 0.
-int wholeNumber(const QString &text, int least, int most)
-{
-    const double value = amount::parse(text).value_or(0);
-    const bool whole = std::floor(value) == value;
-    return whole && value >= least && value <= most ? static_cast<int>(value) : 0;
-}
+constexpr int kFinestQuality = 4800; ///< dots per inch
 
 QSizeF paperSize(const LabelLayout &layout)
 {
@@ -62,7 +53,7 @@ PrinterSetup printerSetup(const LabelLayout &layout, const QString &document)
 {
     return {.document = document,
             .portrait = layout.orientation == u"1"_s,
-            .paperCode = wholeNumber(layout.paperCode, 1, 0xFFFF),
-            .quality = wholeNumber(layout.quality, -4, kFinestQuality),
+            .paperCode = amount::integer(layout.paperCode, 1, 0xFFFF),
+            .quality = amount::integer(layout.quality, -4, kFinestQuality),
             .paper = paperSize(layout)};
 }

@@ -10,7 +10,6 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -30,13 +29,13 @@ PrintRun::PrintRun(Program &program, QObject *parent) : QObject(parent), m_progr
 
 QStringList PrintRun::layouts() const
 {
-    return QDir(m_program.path(u"ayar"))
+    return QDir(layoutFolder(m_program.directory()))
         .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
 }
 
 LabelLayout PrintRun::layout(const QString &name) const
 {
-    return openLayout(m_program.keys, m_program.path(u"ayar/"_s + name));
+    return openLayout(m_program.keys, layoutFolder(m_program.directory()) + u'/' + name);
 }
 
 std::vector<LabelRow> PrintRun::selectedRow() const
@@ -51,7 +50,7 @@ QImage PrintRun::preview(const QString &name, QSize most) const
     std::vector<LabelRow> rows = m_mode == PrintMode::selected ? selectedRow() : m_rows;
     rows.resize(std::min<std::size_t>(rows.size(), 1));
     const PrintJob job = makePrintJob(layout(name), std::move(rows));
-    return previewLabel(job, m_program.path(u"ayar/pic"), most);
+    return previewLabel(job, pictureFolder(m_program.directory()), most);
 }
 
 QString PrintRun::describe(const QString &name) const
@@ -124,7 +123,7 @@ bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int fi
 {
     if (m_running)
         return false;
-    const QScopedValueRollback running(m_running, true);
+    m_running = true;
     m_stopped = false;
     QString error;
     bool printed = false;
@@ -134,6 +133,7 @@ bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int fi
         error = QString::fromUtf8(fault.what());
     }
     m_document.reset();
+    m_running = false; // whoever hears of the end may begin the next run
     Q_EMIT finished(printed);
     if (!error.isEmpty())
         m_program.prompt.warn(error, true);
@@ -156,8 +156,7 @@ bool PrintRun::runDocument(const QString &name, std::vector<LabelRow> rows, int 
     const QString where = chosen.printer == kPdfPrinter ? u"PDF dosyası cikti klasöründe"_s
                                                         : u"yazıcı: %1"_s.arg(chosen.printer);
     Q_EMIT statusChanged(u"%1 etiket yazdırıldı, %2 sayfa; %3."_s.arg(
-        amount::plain(static_cast<double>(job.labelCount())),
-        amount::plain(static_cast<double>(m_pages)), where));
+        amount::whole(job.labelCount()), amount::whole(m_pages), where));
     return true;
 }
 
@@ -203,7 +202,7 @@ void PrintRun::paint(const PrintJob &job, int firstRow)
     const qint64 labels = job.labelCount();
     Q_EMIT started(labels);
     const DeviceFonts fonts(resolution(device));
-    PictureStore pictures(m_program.path(u"ayar/pic"));
+    PictureStore pictures(pictureFolder(m_program.directory()));
     LabelPainter labelPainter(painter, fonts, pictures);
     LabelBuilder builder(job, fonts);
     GridWalk walk(job.grid);

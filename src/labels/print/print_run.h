@@ -7,8 +7,6 @@
 #include <QImage>
 #include <QObject>
 
-class LabelBuilder;
-
 /// What the print dialog was opened for; the numbers are those of its mode.
 enum class PrintMode
 {

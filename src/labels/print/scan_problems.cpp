@@ -1,8 +1,9 @@
 #include "labels/print/scan_problems.h"
 
 #include "common/amount.h"
+#include "common/millimetres.h"
+#include "common/windows_colour.h"
 #include "labels/print/bars_geometry.h"
-#include "labels/print/draw_commands.h"
 
 #include <QStringList>
 
@@ -26,11 +27,11 @@ QString elementProblem(const PrintJob &job, const ean::Symbol &symbol, QSizeF dp
         const auto geometry = fitBars(symbol, box, dpi);
         if (!geometry)
             return u"barkod kutusuna sığmıyor"_s;
-        const double module = geometry->module * 25.4 / dpi.width();
+        const double module = geometry->module * kMmPerInch / dpi.width();
         if (module < kNarrowestModule)
             return u"çizgileri bu yazıcıda çok ince (%1 mm)"_s.arg(
                 amount::plain(std::round(module * 100) / 100));
-        if (qRed(windowsColour(element.colour)) >= kLightestRed)
+        if (colourOf(element.colour).red() >= kLightestRed)
             return u"barkodun rengi okuyucu için çok açık"_s;
     }
     return {};

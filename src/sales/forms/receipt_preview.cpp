@@ -1,5 +1,6 @@
 #include "sales/forms/receipt_preview.h"
 
+#include "common/millimetres.h"
 #include "sales/receipt_painter.h"
 
 #include <QPainter>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr int kMargin = 16;      ///< pixels around the paper
 constexpr double kLargest = 6.0; ///< pixels in a millimetre
-constexpr double kMmPerInch = 25.4;
 
 } // namespace
 

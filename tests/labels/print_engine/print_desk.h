@@ -14,12 +14,12 @@
 /// A print run over a working folder with layouts, recording printers and scripted answers.
 struct PrintDesk
 {
-    PrintDesk() { QDir(directory.path()).mkpath(QStringLiteral("ayar/pic")); }
+    PrintDesk() { QDir().mkpath(pictureFolder(directory.path())); }
 
     /// The key file lives in memory; an empty file of its name makes it show in the list.
     void addLayout(const QString &name, const LabelLayout &layout)
     {
-        const QString path = program.path(QStringLiteral("ayar/") + name);
+        const QString path = layoutFolder(directory.path()) + QChar(u'/') + name;
         saveLayout(keys, path, layout);
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/millimetres.h"
 #include "labels/print/label_builder.h"
 #include "labels/print/label_painter.h"
 #include "labels/print/sheet_grid.h"
@@ -10,7 +11,7 @@
 #include <zbar.h>
 inline QRectF toDots(const QRectF &mm, double dpi)
 {
-    const double perMm = dpi / 25.4;
+    const double perMm = dpi / kMmPerInch;
     return {mm.x() * perMm, mm.y() * perMm, mm.width() * perMm, mm.height() * perMm};
 }
 

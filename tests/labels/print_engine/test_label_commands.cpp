@@ -196,10 +196,3 @@ TEST(LabelCommands, LongTextsEndSoon)
     const FixedMeasure measure;
     EXPECT_LE(LabelBuilder(job, measure).label(kRow).size(), 2000U);
 }
-
-TEST(LabelCommands, ColoursOfWindows)
-{
-    EXPECT_EQ(windowsColour(0x0000FF), qRgb(255, 0, 0));
-    EXPECT_EQ(windowsColour(0xFF8001), qRgb(1, 128, 255));
-    EXPECT_EQ(windowsColour(-2147483640), qRgb(0, 0, 0));
-}

@@ -252,7 +252,7 @@ TEST(LabelSheets, TextsAreMeasuredAsTheyAreDrawn)
                                 u"AVAYAVTo."_s, u"çay\u0130 \u4e2d\u6587 100 \u20ba"_s}) {
         const LabelFont font{u"DejaVu Sans"_s, 9, true};
         const double drawn = QFontMetricsF(fonts.find(font).font()).horizontalAdvance(name);
-        EXPECT_NEAR(fonts.width(font, name), drawn * 25.4 / 600, 0.02) << name.toStdString();
+        EXPECT_NEAR(fonts.width(font, name), drawn * kMmPerInch / 600, 0.02) << name.toStdString();
     }
 }
 

@@ -42,7 +42,7 @@ TEST(PrintJob, TellsThePrinterWhatItUnderstands)
         {u"256"_s, u"600"_s, u"2"_s, {u"d"_s, false, 256, 600, {}}},
         {u""_s, u""_s, u""_s, {u"d"_s, false, 0, 0, {}}},
         {u"-3"_s, u"-5"_s, u"01"_s, {u"d"_s, false, 0, 0, {}}},
-        {u"9,5"_s, u"1e9"_s, u"1 "_s, {u"d"_s, false, 0, 0, {}}},
+        {u"9,4"_s, u"1e9"_s, u"1 "_s, {u"d"_s, false, 9, 0, {}}},
         {u"99999999999999999999"_s, u"99999999999999999999"_s, u"1"_s, {u"d"_s, true, 0, 0, {}}},
     };
     for (const auto &c : cases) {

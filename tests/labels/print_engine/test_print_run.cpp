@@ -191,6 +191,19 @@ TEST_F(PrintRunTest, ASecondRunIsRefusedWhileOneRuns)
     EXPECT_EQ(ends, QList<bool>{true});
 }
 
+TEST_F(PrintRunTest, TheNextRunMayBeginWhereTheLastOneEnded)
+{
+    useDefault(PrintDesk::plainLayout());
+    bool again = true;
+    QObject::connect(&desk.run, &PrintRun::finished, [&] {
+        if (std::exchange(again, false))
+            desk.run.yzdsec(queue, 1);
+    });
+    desk.run.yzdtum(queue);
+    EXPECT_EQ(rows, (QList<int>{0, 1, 1}));
+    EXPECT_EQ(ends, (QList<bool>{true, true}));
+}
+
 TEST_F(PrintRunTest, SheetsWithoutCountsAreAskedAboutAndKeepToOnePage)
 {
     desk.prompt.confirmWith = true;

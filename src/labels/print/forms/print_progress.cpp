@@ -1,8 +1,8 @@
 #include "labels/print/forms/print_progress.h"
 
+#include "common/amount.h"
 #include "ui_print_progress.h"
 
-#include <QLocale>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -27,10 +27,8 @@ void print_progress::reject()
 
 void print_progress::showProgress(qint64 label, qint64 labels, int page)
 {
-    const QLocale turkish(QLocale::Turkish);
-    m_ui->durum->setText(
-        u"Etiket %1 / %2"_s.arg(turkish.toString(label), turkish.toString(labels)));
-    m_ui->sayfa->setText(u"Sayfa %1"_s.arg(turkish.toString(page)));
+    m_ui->durum->setText(u"Etiket %1 / %2"_s.arg(amount::whole(label), amount::whole(labels)));
+    m_ui->sayfa->setText(u"Sayfa %1"_s.arg(amount::whole(page)));
     m_ui->cubuk->setValue(static_cast<int>(label * m_ui->cubuk->maximum() / labels));
     show();
 }

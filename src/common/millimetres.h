@@ -1,0 +1,3 @@
+#pragma once
+
+inline constexpr double kMmPerInch = 25.4;
