@@ -1,5 +1,7 @@
 #include "rooms.h"
 
+#include "labels/print/forms/fatura.h"
+#include "labels/print/forms/fytdegisbul.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/stkkart.h"
 #include "labels/print/forms/yazfrm.h"
@@ -34,8 +36,8 @@ void showForm(QPointer<Form> &form, Make make)
 
 Rooms::Rooms(Program &program, Autostart &autostart)
     : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_print(program), m_strt(m_start, m_link),
-      m_tray(QSystemTrayIcon::isSystemTrayAvailable())
+      m_desk(program), m_invoices(program), m_changes(program), m_print(program),
+      m_strt(m_start, m_link), m_tray(QSystemTrayIcon::isSystemTrayAvailable())
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -47,6 +49,7 @@ Rooms::Rooms(Program &program, Autostart &autostart)
     connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
     connect(&m_strt, &strt::unloaded, this, &Rooms::end);
     connectPrinting();
+    connectDocuments();
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
             Qt::QueuedConnection);
@@ -54,6 +57,8 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 
 Rooms::~Rooms()
 {
+    delete m_fatura;
+    delete m_fytdegisbul;
     delete m_stkkart;
     delete m_baglan;
     delete m_kakknd;
@@ -72,6 +77,32 @@ void Rooms::connectPrinting()
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
 }
 
+/// What the loaders find goes into the stock list, and the label form comes up to show it.
+void Rooms::connectDocuments()
+{
+    connect(&m_invoices, &InvoicePicker::transferred, this,
+            [this](const QList<InvoiceLine> &lines) {
+                showStockList();
+                m_desk.listLines(lines);
+            });
+    connect(&m_changes, &PriceChangeFinder::found, this,
+            [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
+                   const QString &toTime) {
+                showStockList();
+                m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+            });
+}
+
+void Rooms::showInvoices()
+{
+    showForm(m_fatura, [this] { return new fatura(m_invoices); });
+}
+
+void Rooms::showPriceChanges()
+{
+    showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+}
+
 void Rooms::chooseLayout(PrintMode mode)
 {
     yazfrm form(m_print, mode, QApplication::activeWindow());
@@ -88,6 +119,8 @@ void Rooms::showStockList()
     showForm(m_stkkart, [this] {
         auto *form = new stkkart(m_desk);
         giveMenu(form->menuButton());
+        connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
+        connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
         return form;
     });
 }
@@ -136,6 +169,7 @@ void Rooms::connectionUnloaded()
 void Rooms::end()
 {
     m_print.stop();
+    m_invoices.stop();
     if (m_stkkart && !m_stkkart->close())
         return;
     QApplication::quit();

@@ -2,7 +2,9 @@
 
 #include "common/autostart.h"
 #include "common/program.h"
+#include "labels/print/invoice_picker.h"
 #include "labels/print/label_desk.h"
+#include "labels/print/price_change_finder.h"
 #include "labels/print/print_run.h"
 #include "shell/forms/strt.h"
 #include "shell/host_link.h"
@@ -12,6 +14,8 @@
 #include <QPointer>
 
 class baglan;
+class fatura;
+class fytdegisbul;
 class kakknd;
 class print_progress;
 class stkkart;
@@ -43,6 +47,9 @@ public:
 
 private:
     void connectPrinting();
+    void connectDocuments();
+    void showInvoices();
+    void showPriceChanges();
     void chooseLayout(PrintMode mode);
     void showSettings();
     void connectionUnloaded();
@@ -55,9 +62,13 @@ private:
     HostLink m_link;
     StartSession m_start;
     LabelDesk m_desk;
+    InvoicePicker m_invoices;
+    PriceChangeFinder m_changes;
     PrintRun m_print;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
+    QPointer<fatura> m_fatura;
+    QPointer<fytdegisbul> m_fytdegisbul;
     QPointer<baglan> m_baglan;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<print_progress> m_progress;

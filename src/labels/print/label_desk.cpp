@@ -7,34 +7,13 @@
 #include "labels/print/column_widths.h"
 #include "labels/print/stock_queries.h"
 
-#include <QCoreApplication>
-
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Events are handled this often while a search runs, in milliseconds: often enough for the eye,
-/// seldom enough to cost nothing.
-constexpr qint64 kEventInterval = 50;
-
 constexpr QStringView kWidthFile = u"Ayar.zev";
 constexpr QStringView kStockSection = u"List";
 constexpr QStringView kQueueSection = u"List2";
-
-QString stageText(SearchStage stage)
-{
-    switch (stage) {
-    case SearchStage::rows:
-        return u"Stoklar listeleniyor"_s;
-    case SearchStage::barcodes:
-        return u"Barkodlar okunuyor"_s;
-    case SearchStage::prices:
-        return u"Fiyatlar okunuyor"_s;
-    }
-    return {};
-}
 
 QueueRow queueRow(const StockRow &stock, QStringView state)
 {
@@ -50,36 +29,12 @@ QueueRow queueRow(const StockRow &stock, QStringView state)
 
 } // namespace
 
-/// Marks the desk as busy for as long as it lives.
-class LabelDesk::Busy
-{
-public:
-    explicit Busy(LabelDesk &desk) : m_desk(desk)
-    {
-        desk.m_busy = true;
-        desk.m_stopped = false;
-        desk.m_sinceEvents.start();
-        Q_EMIT desk.busyChanged(true);
-        Q_EMIT desk.statusChanged(u"Aranıyor…"_s);
-    }
-    ~Busy()
-    {
-        m_desk.m_busy = false;
-        m_desk.m_stocks.announceChanges();
-        Q_EMIT m_desk.busyChanged(false);
-        Q_EMIT m_desk.statusChanged(outcome);
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-
-    QString outcome = u"Arama yapılamadı."_s; ///< told at the end
-
-private:
-    LabelDesk &m_desk;
-};
-
 LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_program(program)
-{}
+{
+    connect(&m_loader, &StockLoader::busyChanged, this, &LabelDesk::busyChanged);
+    connect(&m_loader, &StockLoader::progressed, this, &LabelDesk::progressed);
+    connect(&m_loader, &StockLoader::statusChanged, this, &LabelDesk::statusChanged);
+}
 
 void LabelDesk::olcuyukle()
 {
@@ -123,98 +78,48 @@ void LabelDesk::saveWidths(const QList<int> &stockList, const QList<int> &printQ
 
 void LabelDesk::stkcinsibul(const QString &name)
 {
-    find(stock_queries::byName(name));
+    m_loader.find(stock_queries::byName(name));
 }
 
 void LabelDesk::stkkodbul(const QString &code)
 {
-    find(stock_queries::byCode(code));
-}
-
-void LabelDesk::listele()
-{
-    find(stock_queries::all());
-}
-
-void LabelDesk::find(const QString &statement)
-{
-    run([this, statement](StockSearch &search) {
-        return search.list(statement, m_units) && readDetails(search);
-    });
+    m_loader.find(stock_queries::byCode(code));
 }
 
 void LabelDesk::brkdbul(const QString &barcode)
 {
-    run([this, barcode](StockSearch &search) {
-        return search.byBarcode(barcode) && readDetails(search);
-    });
+    m_loader.findBarcode(barcode);
+}
+
+void LabelDesk::listele()
+{
+    m_loader.find(stock_queries::all());
 }
 
 void LabelDesk::fiyatoku()
 {
-    run([this](StockSearch &search) { return search.pricePass(m_prices); });
+    m_loader.readPrices();
 }
 
-bool LabelDesk::readDetails(StockSearch &search)
+void LabelDesk::fatekle(const QString &stockCode, const QString &quantity)
 {
-    return search.barcodePass() && search.pricePass(m_prices);
+    m_loader.addLine({stockCode, quantity});
 }
 
-void LabelDesk::run(const Search &search)
+void LabelDesk::listLines(const QList<InvoiceLine> &lines)
 {
-    if (m_busy) {
-        m_next = search;
-        m_stopped = true;
-        return;
-    }
-    for (Search current = search; current; current = std::exchange(m_next, {}))
-        m_program.handle([&] { runOne(current); });
+    m_loader.replaceByLines(lines);
 }
 
-void LabelDesk::runOne(const Search &search)
+void LabelDesk::fiyatdegisbul(const QString &fromDate, const QString &toDate,
+                              const QString &fromTime, const QString &toTime)
 {
-    Busy busy(*this);
-    // The window says that it searches before the first statement keeps it waiting.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    StockSearch steps(m_program, m_stocks, [this](SearchStage stage, int done, int total) {
-        return keepGoing(stage, done, total);
-    });
-    busy.outcome = search(steps) ? foundText() : stoppedText();
-}
-
-bool LabelDesk::keepGoing(SearchStage stage, int done, int total)
-{
-    if (m_sinceEvents.elapsed() >= kEventInterval) {
-        m_stocks.announceChanges();
-        const QString text =
-            u"%1: %2 / %3"_s.arg(stageText(stage), amount::whole(done), amount::whole(total));
-        Q_EMIT progressed(text, done, total);
-        QCoreApplication::processEvents();
-        m_sinceEvents.restart();
-    }
-    return !m_stopped;
-}
-
-QString LabelDesk::foundText() const
-{
-    if (m_stocks.size() == 0)
-        return u"Aranan stok bulunamadı."_s;
-    QString found = u"%1 satır listelendi."_s.arg(amount::whole(m_stocks.size()));
-    if (m_prices.first.isEmpty() || m_prices.second.isEmpty())
-        found += u" Fiyat tipi seçilmemiş: Ayarlar'dan seçiniz."_s;
-    return found;
-}
-
-QString LabelDesk::stoppedText() const
-{
-    return u"Durduruldu: listede %1 satır var, bir kısmının barkodu ve fiyatı okunmadı."_s.arg(
-        amount::whole(m_stocks.size()));
+    m_loader.find(stock_queries::changed(fromDate, toDate, fromTime, toTime));
 }
 
 void LabelDesk::stop()
 {
-    m_next = {};
-    m_stopped = true;
+    m_loader.stop();
 }
 
 void LabelDesk::addOne(int stockRow)
@@ -300,9 +205,9 @@ void LabelDesk::yzdsec(int queueRow)
 
 bool LabelDesk::refuseWhileBusy()
 {
-    if (m_busy)
+    if (isBusy())
         Q_EMIT statusChanged(u"Liste yükleniyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
-    return m_busy;
+    return isBusy();
 }
 
 bool LabelDesk::refuseRow(int queueRow)

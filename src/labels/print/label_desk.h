@@ -2,20 +2,16 @@
 
 #include "labels/print/print_queue.h"
 #include "labels/print/stock_list.h"
-#include "labels/print/stock_search.h"
+#include "labels/print/stock_loader.h"
 
-#include <QElapsedTimer>
 #include <QObject>
-
-#include <functional>
 
 class Program;
 
 /// The desk at which labels are picked: stock list, print queue, and what the user does with them.
 ///
-/// A search handles events while it runs, so that it can be watched and stopped. Meanwhile rows
-/// cannot be queued or printed, because their barcodes and prices are still being read; a search
-/// asked for meanwhile stops the one that runs and takes its place.
+/// A load handles events while it runs, so that it can be watched and stopped. Meanwhile rows
+/// cannot be queued or printed, because their barcodes and prices are still being read.
 class LabelDesk final : public QObject
 {
     Q_OBJECT
@@ -28,7 +24,7 @@ public:
     const PriceNumbers &priceNumbers() const { return m_prices; }
 
     /// True while a search or price pass runs. The desk must not be destroyed then.
-    bool isBusy() const { return m_busy; }
+    bool isBusy() const { return m_loader.isBusy(); }
 
     /// Widths kept from the last time, in pixels; empty when there are none or they make no sense.
     QList<int> stockWidths() const;
@@ -39,13 +35,22 @@ public Q_SLOTS:
     /// Reads the price numbers from the settings; again after they were changed.
     void olcuyukle();
 
-    void setUnits(UnitChoice units) { m_units = units; }
+    void setUnits(UnitChoice units) { m_loader.setUnits(units); }
 
     void stkcinsibul(const QString &name);
     void stkkodbul(const QString &code);
     void brkdbul(const QString &barcode);
     void listele();
     void fiyatoku();
+
+    /// Appends a stock of an invoice line with as many labels as its quantity asks for.
+    void fatekle(const QString &stockCode, const QString &quantity);
+    /// Replaces the list by the stocks of invoice lines.
+    void listLines(const QList<InvoiceLine> &lines);
+    /// Lists the stocks changed in a range of days, each day between two times; see
+    /// stock_queries::changed().
+    void fiyatdegisbul(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                       const QString &toTime);
 
     /// Ends a search after the statement it is at; the rows listed so far stay.
     void stop();
@@ -84,18 +89,7 @@ Q_SIGNALS:
     void printSelectedRequested(int queueRow);
 
 private:
-    using Search = std::function<bool(StockSearch &)>;
-    class Busy;
-
     QList<int> widths(QStringView section, int columns) const;
-
-    void find(const QString &statement);
-    void run(const Search &search);
-    void runOne(const Search &search);
-    bool keepGoing(SearchStage stage, int done, int total);
-    bool readDetails(StockSearch &search);
-    QString foundText() const;
-    QString stoppedText() const;
 
     bool refuseWhileBusy();
     bool refuseRow(int queueRow);
@@ -106,10 +100,5 @@ private:
     StockList m_stocks;
     PrintQueue m_queue;
     PriceNumbers m_prices;
-    UnitChoice m_units = UnitChoice::first;
-
-    bool m_busy = false;
-    bool m_stopped = false;
-    Search m_next; ///< asked for while another search runs
-    QElapsedTimer m_sinceEvents;
+    StockLoader m_loader{m_program, m_stocks, m_prices};
 };

@@ -24,6 +24,14 @@ QString card(const QString &stockCode)
     return u"select * from STKKART where STKKOD='"_s + stockCode + u"'"_s;
 }
 
+QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                const QString &toTime)
+{
+    return u"select * from STKKART where (STKSYFTARIHI between '"_s + fromDate + u"' and '"_s +
+           toDate + u"') and (STKSYFSAATI>='"_s + fromTime + u"' and STKSYFSAATI<='"_s + toTime +
+           u"')"_s;
+}
+
 QString barcode(const QString &barcode)
 {
     return u"select * from STKBARKOD where STKBARKOD='"_s + barcode + u"'"_s;

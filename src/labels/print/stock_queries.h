@@ -13,6 +13,11 @@ QString byCode(const QString &text);
 /// The stock card of exactly this code.
 QString card(const QString &stockCode);
 
+/// The stocks whose card was changed on one of these days ("dd.MM.yyyy", both included) between two
+/// times of the day (texts, both included).
+QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                const QString &toTime);
+
 /// The owners of a barcode.
 QString barcode(const QString &barcode);
 

@@ -92,6 +92,8 @@ void stkkart::connectSearches()
     connect(m_ui->Text3, &QLineEdit::returnPressed, &m_desk,
             [this] { m_desk.brkdbul(searchText(m_ui->Text3)); });
     connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+    connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
+    connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
 
     const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
         connect(option, &QAbstractButton::clicked, &m_desk,
@@ -168,6 +170,8 @@ void stkkart::connectKeys()
     // A button's own shortcut would press it a tenth of a second late, to show it going down.
     const std::pair<QKeySequence, QAbstractButton *> commands[] = {
         {Qt::Key_F6, m_ui->listAll},
+        {Qt::CTRL | Qt::Key_F, m_ui->fatura},
+        {Qt::CTRL | Qt::Key_D, m_ui->fytdegisbul},
         {Qt::Key_F9, m_ui->printAll},
         {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
         {Qt::CTRL | Qt::Key_1, m_ui->ekbr1},

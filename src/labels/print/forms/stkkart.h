@@ -31,6 +31,11 @@ public:
     /// Where the main menu goes on a desktop without a tray; hidden until it is shown.
     QToolButton *menuButton() const;
 
+Q_SIGNALS:
+    /// Stocks are to be listed from invoices, or by their price changes.
+    void faturaWanted();
+    void fytdegisbulWanted();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
