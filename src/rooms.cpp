@@ -72,6 +72,8 @@ void Rooms::connectPrinting()
             [this] { m_print.yzdtum(labelRows(m_desk.queue())); });
     connect(&m_desk, &LabelDesk::printSelectedRequested, this,
             [this](int row) { m_print.yzdsec(labelRows(m_desk.queue()), row); });
+    connect(&m_desk, &LabelDesk::layoutChoiceRequested, this,
+            [this] { m_print.chooseLayout(labelRows(m_desk.queue())); });
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);

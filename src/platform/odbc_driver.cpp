@@ -1,5 +1,6 @@
 #include "platform/odbc_driver.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -17,11 +18,14 @@ struct Pair
     QString value;
 };
 
-QString quoted(QString value)
+/// Puts a value between braces when it would end or change the string without them. FreeTDS before
+/// 1.4 does not read a doubled brace as one, and needs no braces around one either.
+QString quoted(QString value, const QString &driver)
 {
-    const bool plain = value == value.trimmed() &&
-                       std::none_of(value.begin(), value.end(),
-                                    [](QChar c) { return u";{}[]()=,?*!@"_s.contains(c); });
+    const QString special = needsPort(driver) ? u";"_s : u";{}[]()=,?*!@"_s;
+    const bool plain =
+        value == value.trimmed() && !value.startsWith(u'{') &&
+        std::none_of(value.begin(), value.end(), [&](QChar c) { return special.contains(c); });
     if (plain)
         return value;
     return u'{' + value.replace(u'}', u"}}"_s) + u'}';
@@ -73,7 +77,7 @@ QString connectionString(const QString &driver, const ServerAddress &address,
     std::vector<Pair> pairs;
     if (needsPort(driver)) {
         const int port = address.port != 0 ? address.port : kDefaultPort;
-        pairs = {{u"Server"_s, quoted(address.host)},
+        pairs = {{u"Server"_s, quoted(address.host, driver)},
                  {u"Port"_s, QString::number(port)},
                  {u"TDS_Version"_s, u"7.4"_s},
                  {u"ClientCharset"_s, u"UTF-8"_s}};
@@ -81,9 +85,9 @@ QString connectionString(const QString &driver, const ServerAddress &address,
         // The comma before a port is the driver's own and stays outside of braces.
         pairs = {{u"Server"_s, serverText(address)}};
     }
-    pairs.push_back({u"UID"_s, quoted(settings.user)});
-    pairs.push_back({u"PWD"_s, quoted(settings.password)});
-    pairs.push_back({u"Database"_s, quoted(settings.database)});
+    pairs.push_back({u"UID"_s, quoted(settings.user, driver)});
+    pairs.push_back({u"PWD"_s, quoted(settings.password, driver)});
+    pairs.push_back({u"Database"_s, quoted(settings.database, driver)});
     // Newer drivers encrypt and check certificates unless told not to; the servers of shops are
     // old and have certificates of their own making. A shop that wants it says so in its text.
     if (isMicrosoft(driver)) {

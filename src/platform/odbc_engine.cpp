@@ -22,7 +22,7 @@ QString driverName(const OdbcOverride &override)
 {
     if (!override.driver.isEmpty())
         return override.driver;
-    const QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
+    QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
     if (driver.isEmpty())
         throw engineError(HostError::kConnectionLost,
                           u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s);

@@ -27,10 +27,12 @@ private:
 class PdfDocument final : public PrintDocument
 {
 public:
+    static constexpr int kResolution = 600; ///< dots per inch of the built-in printer
+
     struct Page
     {
         QPageLayout layout;
-        int resolution = 600; ///< dots per inch of the drawing grid
+        int resolution = kResolution; ///< dots per inch of the drawing grid
     };
 
     /// `folder` is made when it is missing; the file is called `name`.pdf there, with a number

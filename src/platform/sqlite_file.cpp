@@ -72,9 +72,9 @@ QStringList columnNames(sqlite3_stmt *statement)
 int readRows(sqlite3_stmt *statement, std::vector<RecordSet::Row> &rows)
 {
     const int count = sqlite3_column_count(statement);
-    std::vector<ColumnType> types;
+    std::vector<ColumnType> types(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
-        types.push_back(typeOf(statement, i));
+        types[static_cast<std::size_t>(i)] = typeOf(statement, i);
     int code = sqlite3_step(statement);
     for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
         RecordSet::Row &row = rows.emplace_back();

@@ -88,6 +88,15 @@ void Tour::queueAndPrint()
     step(u"Ekran resmi"_s, [this] { picture(u"stkkart"_s, u"stkkart"_s); });
     step(u"Tümü yazdırılır"_s, [this] { click(u"stkkart"_s, u"printAll"_s); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
+    step(u"Tasarım seçilerek yazdırılır"_s, [this] { click(u"stkkart"_s, u"chooseLayout"_s); });
+    step(u"Ekran resmi"_s, [this] {
+        QWidget *list = control(u"yazfrm"_s, u"liste"_s);
+        for (int i = 0; i < 4; ++i)
+            press(list, Qt::Key_Down);
+        picture(u"yazfrm"_s, u"yazfrm"_s);
+        click(u"yazfrm"_s, u"yazdir"_s);
+    });
+    step(u"Basılan etiketler"_s, [this] { collectPrints(); });
     step(u"Seçili satır yazdırılır"_s, [this] { click(u"stkkart"_s, u"printSelected"_s); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
@@ -142,10 +151,14 @@ void Tour::tick()
     // A fresh timer each time: one that is being handled does not fire inside a dialog it opened.
     QTimer::singleShot(kTickMs, this, &Tour::tick);
     // A step that still runs only lets the next one in when it waits for the dialog it opened.
-    if (m_depth > 0 && !QApplication::activeModalWidget())
+    QWidget *dialog = QApplication::activeModalWidget();
+    if (m_depth > 0 && (!dialog || dialog == m_dialogBefore))
         return;
+    if (dialog && dialog->objectName() == u"print_progress"_s)
+        return; // it goes by itself
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
+    m_dialogBefore = dialog;
     ++m_depth;
     now.action();
     --m_depth;

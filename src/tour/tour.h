@@ -57,6 +57,7 @@ private:
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
     int m_depth = 0; ///< steps that wait for a dialog they opened
+    QWidget *m_dialogBefore = nullptr; ///< the dialog in which the latest step began, only compared
     int m_failures = 0;
     bool m_ended = false;
     QStringList m_collected;

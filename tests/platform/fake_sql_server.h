@@ -5,10 +5,11 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <thread>
 
-/// A SQL Server that goes wrong in a chosen way: speaks just enough of its protocol to let a client
-/// log in and ask.
+/// A SQL Server that goes wrong in a chosen way, or not at all: speaks just enough of its protocol
+/// to let a client log in and ask.
 class FakeSqlServer
 {
 public:
@@ -21,6 +22,7 @@ public:
         closesInResult, ///< the same, then closes
         closesOnQuery,  ///< closes when a statement comes
         refusesLogin,   ///< closes in the middle of the login
+        none,           ///< answers every statement with rows of every type
         violatesKey,    ///< answers every statement with a duplicate key error
     };
 
@@ -40,6 +42,13 @@ public:
     /// "127.0.0.1,PORT"
     QString name() const { return QStringLiteral("127.0.0.1,%1").arg(m_port.load()); }
 
+    /// The long text among its rows.
+    static QString longText();
+
+    /// What the last client logged in with, and the last statement it sent.
+    QString password() const { return read(m_password); }
+    QString statement() const { return read(m_statement); }
+
 private:
     enum Packet : quint8
     {
@@ -55,10 +64,16 @@ private:
     QByteArray readPacket(QTcpSocket &client, quint8 &type);
     void reply(QTcpSocket &client, const QByteArray &tokens, bool whole = true);
     /// False: hang up.
-    bool answerPacket(QTcpSocket &client, quint8 type);
+    bool answerPacket(QTcpSocket &client, quint8 type, const QByteArray &packet);
     bool answerQuery(QTcpSocket &client);
 
+    void keep(QString &place, const QString &text);
+    QString read(const QString &place) const;
+
     Fault m_fault;
+    mutable std::mutex m_mutex;
+    QString m_password;
+    QString m_statement;
     std::atomic<bool> m_stop = false;
     std::atomic<quint16> m_port = 0;
     std::thread m_thread;

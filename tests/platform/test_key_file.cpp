@@ -89,6 +89,7 @@ const ReadCase kReadCases[] = {
      u"üş"_s, u"v"_s},
     {"i and I are one letter", "[TIT]\r\nI=v\r\n", u"tit"_s, u"i"_s, u"v"_s},
     {"dotless i is a letter of its own", "[s]\r\n\xFD=v\r\n", u"s"_s, u"I"_s, u""_s},
+    {"dotless and dotted i are two letters", "[s]\r\n\xFD=v\r\n", u"s"_s, u"İ"_s, u""_s},
     {"dotted I is a letter of its own", "[s]\r\n\xDD=v\r\n", u"s"_s, u"i"_s, u""_s},
     {"first key wins", "[s]\r\nk=1\r\nK=2\r\n", u"s"_s, u"k"_s, u"1"_s},
     {"first section wins", "[s]\r\nk=1\r\n[t]\r\n[S]\r\nk=2\r\nl=3\r\n", u"s"_s, u"k"_s, u"1"_s},

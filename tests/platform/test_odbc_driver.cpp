@@ -91,6 +91,12 @@ TEST(OdbcDriver, EachIsToldInItsOwnWay)
          u" x;y "_s,
          {},
          u"Driver={SQL Server};Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
+        {u"FreeTDS"_s,
+         u"KASA1"_s,
+         u"a}b=c"_s,
+         {},
+         u"Driver={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
+         "PWD=a}b=c;Database=MUV;"_s},
         {u"SQLite3"_s, u"KASA1"_s, QString(), u"Database=/tmp/x.db"_s,
          u"Driver={SQLite3};Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
     };

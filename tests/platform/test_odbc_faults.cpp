@@ -3,6 +3,11 @@
 #include "platform/odbc_engine.h"
 #include "platform/odbc_session.h"
 #include "platform/scratch.h"
+#include "platform/sql_browser.h"
+#include "support/print_qt.h"
+
+#include <QNetworkDatagram>
+#include <QUdpSocket>
 
 #include <gtest/gtest.h>
 using namespace Qt::StringLiterals;
@@ -22,9 +27,9 @@ protected:
 
     void TearDown() override { EXPECT_LT(std::chrono::steady_clock::now() - m_start, kAboutFive); }
 
-    std::unique_ptr<OdbcEngine> connect(const QString &server)
+    std::unique_ptr<OdbcEngine> connect(const QString &server, const QString &password = u"gizli"_s)
     {
-        const ConnectionSettings settings{server, u"sa"_s, u"gizli"_s, u"DEMOSIRKET"_s};
+        const ConnectionSettings settings{server, u"sa"_s, password, u"DEMOSIRKET"_s};
         return std::make_unique<OdbcEngine>(calls, settings, OdbcOverride{u"FreeTDS"_s, {}});
     }
 
@@ -54,35 +59,98 @@ TEST_F(OdbcFaults, AServerThatNeverAnswers)
     EXPECT_EQ(errorOf([&] { connect(server.name()); }), HostError::kConnectionLost);
 }
 
-class OdbcStatementFaults : public OdbcFaults,
-                            public testing::WithParamInterface<std::pair<FakeSqlServer::Fault, int>>
+TEST_F(OdbcFaults, ASoundServerIsReadInEveryType)
+{
+    const FakeSqlServer server(FakeSqlServer::Fault::none);
+    const auto host = connect(server.name());
+    const QString statement = u"select * from STKKART where STKCINSI LIKE '%Çığ%'"_s;
+    RecordSet rows = host->execute(statement);
+    EXPECT_EQ(server.statement(), statement);
+    EXPECT_EQ(server.password(), u"gizli"_s);
+    ASSERT_EQ(rows.rowCount(), 2);
+    EXPECT_EQ(rows.value(u"TAM"), QVariant(qlonglong{-7}));
+    EXPECT_EQ(rows.value(u"BUYUK"), QVariant(qlonglong{8690000000012}));
+    EXPECT_EQ(rows.value(u"PARA"), QVariant(149.9));
+    EXPECT_EQ(rows.value(u"SAYI"), QVariant(12.5));
+    EXPECT_EQ(rows.value(u"ONDALIK"), QVariant(18.99));
+    EXPECT_EQ(rows.value(u"ZAMAN"), QVariant(QDateTime(QDate(2026, 11, 20), QTime(0, 1))));
+    EXPECT_EQ(rows.value(u"TARIH"), QVariant(QDate(2026, 11, 20)));
+    EXPECT_EQ(rows.value(u"SABIT"), QVariant(u"ab   "_s));
+    EXPECT_EQ(rows.value(u"METIN"), QVariant(u"İnçcı"_s));
+    EXPECT_EQ(rows.value(u"UZUN"), QVariant(FakeSqlServer::longText()));
+    rows.moveNext();
+    for (const QString &column : rows.columns())
+        EXPECT_TRUE(rows.value(column).isNull()) << column.toStdString();
+    EXPECT_EQ(host->execute(u"select 2"_s).rowCount(), 2); // nothing of the first is in the way
+}
+
+TEST_F(OdbcFaults, PasswordsArriveAsTheyWereTyped)
+{
+    const FakeSqlServer server(FakeSqlServer::Fault::none);
+    for (const QString &password :
+         {u"a=b"_s, u"{x"_s, u"a{b!@"_s, u"şifre İ"_s, u"a}b"_s, u"'\""_s}) {
+        connect(server.name(), password);
+        EXPECT_EQ(server.password(), password);
+    }
+}
+
+struct FaultCase
+{
+    std::string name;
+    FakeSqlServer::Fault fault;
+    int expected;
+    bool alive; ///< the connection, afterwards
+};
+
+class OdbcStatementFaults : public OdbcFaults, public testing::WithParamInterface<FaultCase>
 {};
 
 TEST_P(OdbcStatementFaults, AStatementFailsAndSaysSo)
 {
-    using Fault = FakeSqlServer::Fault;
-    const auto [fault, expected] = GetParam();
-    const FakeSqlServer server(fault);
+    const FaultCase &param = GetParam();
+    const FakeSqlServer server(param.fault);
     const auto host = connect(server.name());
     ASSERT_EQ(host->state(), 1);
-    EXPECT_EQ(errorOf([&] { host->execute(u"select * from STKKART"_s); }), expected);
-    const bool alive = fault == Fault::slowQuery || fault == Fault::violatesKey;
-    EXPECT_EQ(host->state(), alive ? 1 : 0);
-    if (!alive) {
-        EXPECT_EQ(errorOf([&] { host->execute(u"select 1"_s); }), HostError::kConnectionLost);
-        // A driver that still hangs in the old connection does not keep the shop from a new one.
-        const FakeSqlServer repaired(Fault::violatesKey);
-        EXPECT_EQ(connect(repaired.name())->state(), 1);
-    }
+    EXPECT_EQ(errorOf([&] { host->execute(u"select * from STKKART"_s); }), param.expected);
+    EXPECT_EQ(host->state(), param.alive ? 1 : 0);
+    if (param.alive)
+        return;
+    EXPECT_EQ(errorOf([&] { host->execute(u"select 1"_s); }), HostError::kConnectionLost);
+    // A driver that still hangs in the old connection does not keep the shop from a new one.
+    const FakeSqlServer repaired(FakeSqlServer::Fault::none);
+    EXPECT_EQ(connect(repaired.name())->execute(u"select 1"_s).rowCount(), 2);
 }
+
+constexpr int kLost = HostError::kConnectionLost;
 
 INSTANTIATE_TEST_SUITE_P(
     , OdbcStatementFaults,
-    testing::Values(std::pair(FakeSqlServer::Fault::silentOnQuery, HostError::kConnectionLost),
-                    std::pair(FakeSqlServer::Fault::slowQuery, HostError::kConnectionLost),
-                    std::pair(FakeSqlServer::Fault::silentInResult, HostError::kConnectionLost),
-                    std::pair(FakeSqlServer::Fault::closesInResult, HostError::kConnectionLost),
-                    std::pair(FakeSqlServer::Fault::closesOnQuery, HostError::kConnectionLost),
-                    std::pair(FakeSqlServer::Fault::violatesKey, HostError::kDuplicate)));
+    testing::Values(FaultCase{"SilentOnQuery", FakeSqlServer::Fault::silentOnQuery, kLost, false},
+                    FaultCase{"SlowQuery", FakeSqlServer::Fault::slowQuery, kLost, true},
+                    FaultCase{"SilentInResult", FakeSqlServer::Fault::silentInResult, kLost, false},
+                    FaultCase{"ClosesInResult", FakeSqlServer::Fault::closesInResult, kLost, false},
+                    FaultCase{"ClosesOnQuery", FakeSqlServer::Fault::closesOnQuery, kLost, false},
+                    FaultCase{"ViolatesKey", FakeSqlServer::Fault::violatesKey,
+                              HostError::kDuplicate, true}),
+    [](const auto &one) { return one.param.name; });
+
+TEST_F(OdbcFaults, AnInstanceIsFoundThroughTheBrowserService)
+{
+    QUdpSocket browser;
+    if (!browser.bind(QHostAddress::LocalHost, sql_browser::kPort))
+        GTEST_SKIP() << "the port of the browser service is taken";
+    const FakeSqlServer server(FakeSqlServer::Fault::none);
+    std::atomic<qsizetype> rows = 0;
+    std::thread client([&] {
+        errorOf([&] { rows = connect(u"127.0.0.1\\SQL2"_s)->execute(u"select 1"_s).rowCount(); });
+    });
+    if (browser.waitForReadyRead(5000)) {
+        const QByteArray port = server.name().section(u',', 1).toLatin1();
+        browser.writeDatagram(browser.receiveDatagram().makeReply(
+            QByteArray("\x05\x20\x00", 3) + "InstanceName;SQL2;tcp;" + port + ";;"));
+    }
+    client.join();
+    EXPECT_EQ(rows, 2);
+}
 
 } // namespace

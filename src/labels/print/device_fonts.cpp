@@ -35,27 +35,42 @@ int pixelSize(const LabelFont &font, double dpiY)
     return std::max(qRound(points * dpiY / kPointsPerInch), 1);
 }
 
+DeviceFont::DeviceFont(const LabelFont &source, double dpiY)
+    : m_source(source), m_font(makeFont(source, dpiY))
+{
+    const QFontMetricsF metrics(m_font);
+    m_ascent = std::round(metrics.ascent());
+    m_height = metrics.height();
+}
+
+double DeviceFont::width(QStringView text) const
+{
+    // Shaping a text costs as much as drawing it; adding up known letters costs nearly nothing.
+    double width = 0;
+    for (const QChar c : text) {
+        const std::size_t letter = c.unicode();
+        if (letter >= kLatin || !c.isPrint())
+            return QFontMetricsF(m_font).horizontalAdvance(text.toString());
+        if (m_widths[letter] == 0)
+            m_widths[letter] = QFontMetricsF(m_font).horizontalAdvance(c);
+        width += m_widths[letter];
+    }
+    return width;
+}
+
 const DeviceFont &DeviceFonts::find(const LabelFont &font) const
 {
     const auto known = std::find_if(m_fonts.cbegin(), m_fonts.cend(),
-                                    [&](const DeviceFont &made) { return made.source == font; });
-    if (known != m_fonts.cend())
-        return *known;
-
-    DeviceFont made{.source = font, .font = makeFont(font, m_dpi.height())};
-    const QFontMetricsF metrics(made.font);
-    made.ascent = std::round(metrics.ascent());
-    made.height = metrics.height();
-    return m_fonts.emplace_back(std::move(made));
+                                    [&](const DeviceFont &made) { return made.source() == font; });
+    return known != m_fonts.cend() ? *known : m_fonts.emplace_back(font, m_dpi.height());
 }
 
 double DeviceFonts::width(const LabelFont &font, QStringView text) const
 {
-    const QFontMetricsF metrics(find(font).font);
-    return metrics.horizontalAdvance(text.toString()) * kMmPerInch / m_dpi.width();
+    return find(font).width(text) * kMmPerInch / m_dpi.width();
 }
 
 double DeviceFonts::lineHeight(const LabelFont &font) const
 {
-    return find(font).height * kMmPerInch / m_dpi.height();
+    return find(font).height() * kMmPerInch / m_dpi.height();
 }

@@ -197,6 +197,12 @@ void LabelDesk::yzdtum()
         Q_EMIT printAllRequested();
 }
 
+void LabelDesk::chooseLayout()
+{
+    if (m_queue.size() > 0 && !refuseWhileBusy())
+        Q_EMIT layoutChoiceRequested();
+}
+
 void LabelDesk::yzdsec(int queueRow)
 {
     if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseRow(queueRow))

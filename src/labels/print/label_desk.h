@@ -70,6 +70,8 @@ public Q_SLOTS:
     /// Print the whole queue, or one row of it.
     void yzdtum();
     void yzdsec(int queueRow);
+    /// Print the whole queue with a layout that the user chooses.
+    void chooseLayout();
 
 Q_SIGNALS:
     void busyChanged(bool busy);
@@ -86,6 +88,7 @@ Q_SIGNALS:
     void allCountsSet();
 
     void printAllRequested();
+    void layoutChoiceRequested();
     void printSelectedRequested(int queueRow);
 
 private:

@@ -107,7 +107,7 @@ const LabelPainter::DigitFont &LabelPainter::digitFont(const BarsCommand &bars,
             return known;
 
     // The element's font, made smaller until every group of digits fits beneath its bars.
-    QFont font = m_fonts.find(bars.font).font;
+    QFont font = m_fonts.find(bars.font).font();
     const QFontMetricsF wanted(font);
     double scale = std::min(1.0, height * kDigitShare / wanted.capHeight());
     for (const DigitGroup &group : digitGroups(bars.symbol)) {
@@ -147,14 +147,14 @@ void LabelPainter::draw(const TextCommand &text, QPointF origin)
     const QPointF at = toDots(corner);
     const QPointF dot(std::round(at.x() + kTextNudge), std::round(at.y()));
 
-    m_painter.setFont(font.font);
+    m_painter.setFont(font.font());
     m_painter.setPen(QColor(text.colour));
     if (text.angle == 0) {
-        m_painter.drawText(dot + QPointF(0, font.ascent), text.text);
+        m_painter.drawText(dot + QPointF(0, font.ascent()), text.text);
         return;
     }
     m_painter.setWorldTransform(QTransform::fromTranslate(dot.x(), dot.y()).rotate(-text.angle) *
                                 m_base);
-    m_painter.drawText(QPointF(0, font.ascent), text.text);
+    m_painter.drawText(QPointF(0, font.ascent()), text.text);
     m_painter.setWorldTransform(m_base);
 }

@@ -48,7 +48,7 @@ QImage PictureStore::read(const QString &file, QSize dots) const
     const QSize size = reader.size();
     if (!size.isValid() || size.width() * qint64(size.height()) > kMostPixels)
         return {};
-    const QImage image = reader.read();
+    QImage image = reader.read();
     if (image.isNull() || (image.width() <= dots.width() && image.height() <= dots.height()))
         return image;
     return image.scaled(dots.boundedTo(image.size()), Qt::IgnoreAspectRatio,

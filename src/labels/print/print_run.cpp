@@ -79,6 +79,16 @@ void PrintRun::yzdsec(const std::vector<LabelRow> &rows, int selected)
     start(rows, selected, PrintMode::selected);
 }
 
+void PrintRun::chooseLayout(const std::vector<LabelRow> &rows)
+{
+    if (m_running || rows.empty())
+        return;
+    m_rows = rows;
+    m_selected = -1;
+    m_mode = PrintMode::all;
+    Q_EMIT layoutWanted(m_mode);
+}
+
 void PrintRun::start(const std::vector<LabelRow> &rows, int selected, PrintMode mode)
 {
     if (m_running || rows.empty())

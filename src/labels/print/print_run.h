@@ -45,6 +45,9 @@ public Q_SLOTS:
     void yzdtum(const std::vector<LabelRow> &rows);
     void yzdsec(const std::vector<LabelRow> &rows, int selected);
 
+    /// Asks which layout to print all rows with, also where there is a default.
+    void chooseLayout(const std::vector<LabelRow> &rows);
+
     /// Prints the rows yzdtum() or yzdsec() was given last, all of them or the selected one, with a
     /// layout of the folder `ayar`. True when they were printed.
     bool yazzzz(const QString &layout);

@@ -16,7 +16,7 @@ struct PrintDesk
 {
     PrintDesk() { QDir(directory.path()).mkpath(QStringLiteral("ayar/pic")); }
 
-    /// A layout file of 2 × 2 labels with a barcode and the stock's name.
+    /// The key file lives in memory; an empty file of its name makes it show in the list.
     void addLayout(const QString &name, const LabelLayout &layout)
     {
         const QString path = program.path(QStringLiteral("ayar/") + name);
@@ -29,6 +29,7 @@ struct PrintDesk
         ASSERT_TRUE(setDefaultLayout(keys, directory.path(), name));
     }
 
+    /// 2 × 2 labels with the stock's name.
     static LabelLayout plainLayout()
     {
         LabelLayout layout;

@@ -2,6 +2,7 @@
 #include "labels/print_engine/sheet_pages.h"
 #include "support/print_qt.h"
 
+#include <QFontMetricsF>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -241,6 +242,17 @@ TEST(LabelSheets, TurnedTextsFillTheBoxTheDesignerShows)
                 Qt::white);
             EXPECT_TRUE(isWhite(page, page.rect())) << angle << alignment.toStdString();
         }
+    }
+}
+
+TEST(LabelSheets, TextsAreMeasuredAsTheyAreDrawn)
+{
+    const DeviceFonts fonts({600, 600});
+    for (const QString &name : {u"Çiğ köfte 1,5 kg"_s, u"IĞDIR KAYISISI"_s, u"25.000,00 TL"_s,
+                                u"AVAYAVTo."_s, u"çay\u0130 \u4e2d\u6587 100 \u20ba"_s}) {
+        const LabelFont font{u"DejaVu Sans"_s, 9, true};
+        const double drawn = QFontMetricsF(fonts.find(font).font()).horizontalAdvance(name);
+        EXPECT_NEAR(fonts.width(font, name), drawn * 25.4 / 600, 0.02) << name.toStdString();
     }
 }
 

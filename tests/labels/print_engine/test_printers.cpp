@@ -209,11 +209,11 @@ TEST(Spooler, QualityChoosesTheResolution)
     const struct
     {
         int quality;
-        QList<int> choices;
         int expected;
-    } cases[] = {{-1, three, 203}, {-2, three, 203},  {-3, three, 300},  {-4, three, 600},
-                 {0, three, 300},  {203, three, 203}, {240, three, 203}, {1200, three, 600},
-                 {-4, {}, 300},    {203, {}, 203},    {0, {}, 300}};
+        QList<int> choices;
+    } cases[] = {{-1, 203, three}, {-2, 203, three},  {-3, 300, three},  {-4, 600, three},
+                 {0, 300, three},  {203, 203, three}, {240, 203, three}, {1200, 600, three},
+                 {-4, 300, {}},    {203, 203, {}},    {0, 300, {}}};
     for (const auto &c : cases)
         EXPECT_EQ(chooseResolution(c.quality, c.choices, 300), c.expected) << c.quality;
 }

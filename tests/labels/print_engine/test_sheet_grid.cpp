@@ -10,9 +10,9 @@ namespace {
 std::vector<GridWalk::Place> walk(const SheetGrid &grid, int labels)
 {
     GridWalk walker(grid);
-    std::vector<GridWalk::Place> places;
-    for (int i = 0; i < labels; ++i)
-        places.push_back(walker.next());
+    std::vector<GridWalk::Place> places(static_cast<std::size_t>(labels));
+    for (GridWalk::Place &place : places)
+        place = walker.next();
     return places;
 }
 

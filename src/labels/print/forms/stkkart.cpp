@@ -60,6 +60,7 @@ void stkkart::buildMenus()
     queueMenu->setObjectName(u"yzdlst"_s);
     addTo(queueMenu, m_ui->printSelected, u"yzdsec"_s);
     addTo(queueMenu, m_ui->printAll, u"yzdtum"_s);
+    addTo(queueMenu, m_ui->chooseLayout);
     queueMenu->addSeparator();
     addTo(queueMenu, m_ui->removeOne);
     addTo(queueMenu, m_ui->clearQueue);
@@ -123,6 +124,7 @@ void stkkart::connectQueue()
             [this] { m_desk.removeOne(m_ui->l2->selectedRow()); });
     connect(m_ui->clearQueue, &QPushButton::clicked, &m_desk, &LabelDesk::clearQueue);
     connect(m_ui->printAll, &QPushButton::clicked, &m_desk, &LabelDesk::yzdtum);
+    connect(m_ui->chooseLayout, &QPushButton::clicked, &m_desk, &LabelDesk::chooseLayout);
     connect(m_ui->printSelected, &QPushButton::clicked, this,
             [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
     connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -174,6 +176,7 @@ void stkkart::connectKeys()
         {Qt::CTRL | Qt::Key_D, m_ui->fytdegisbul},
         {Qt::Key_F9, m_ui->printAll},
         {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
+        {Qt::CTRL | Qt::Key_F9, m_ui->chooseLayout},
         {Qt::CTRL | Qt::Key_1, m_ui->ekbr1},
         {Qt::CTRL | Qt::Key_2, m_ui->ekbr2},
         {Qt::CTRL | Qt::Key_3, m_ui->ektm},
@@ -239,7 +242,7 @@ void stkkart::showBusy(bool busy)
 {
     for (QWidget *command :
          std::initializer_list<QWidget *>{m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm,
-                                          m_ui->printSelected, m_ui->printAll})
+                                          m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll})
         command->setDisabled(busy);
 }
 

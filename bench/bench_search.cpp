@@ -1,0 +1,84 @@
+// A name search over 100,000 embedded stocks with 500 hits: the whole search of the label form,
+// against the same statements executed on the same engine with their rows thrown away.
+
+#include "big_shop.h"
+#include "fakes/fake_ports.h"
+#include "labels/print/label_desk.h"
+#include "labels/print/stock_queries.h"
+#include "platform/engine_connector.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <benchmark/benchmark.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStocks = 100'000;
+constexpr int kHits = 500;
+
+struct Shop
+{
+    Shop()
+    {
+        machine.db.setRow(u"stok"_s,
+                          {{u"fiyatip"_s, u"1"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
+        machine.program.bag = EngineConnector(big.directory(), machine.keys)
+                                  .open(u"Server=(yerel);database=DEMOSIRKET;"_s);
+    }
+
+    BigShop big{kStocks};
+    FakeMachine machine;
+};
+
+/// The statements of the search, bare: one search, then a barcode and a price statement per hit.
+int bareStatements(HostConnection &host)
+{
+    RecordSet found = host.execute(stock_queries::byName(u"aranan"_s));
+    QStringList codes;
+    for (; !found.eof(); found.moveNext())
+        codes += found.text(u"STKKOD");
+    for (const QString &code : codes)
+        host.execute(stock_queries::barcodesOf(code));
+    for (const QString &code : codes)
+        host.execute(stock_queries::pricesOf(code));
+    return static_cast<int>(codes.size());
+}
+
+void nameSearch(benchmark::State &state)
+{
+    static Shop shop;
+    LabelDesk desk(shop.machine.program);
+    desk.olcuyukle();
+    qint64 searchTime = 0;
+    qint64 floorTime = 0;
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        timer.start();
+        desk.stkcinsibul(u"aranan"_s);
+        const qint64 search = timer.nsecsElapsed();
+        timer.start();
+        const int hits = bareStatements(*shop.machine.program.bag);
+        floorTime += timer.nsecsElapsed();
+        searchTime += search;
+        state.SetIterationTime(static_cast<double>(search) * 1e-9);
+        if (hits != kHits || desk.stocks().size() != kHits)
+            state.SkipWithError("wrong number of hits");
+    }
+    state.counters["ratio"] = static_cast<double>(searchTime) / static_cast<double>(floorTime);
+}
+
+BENCHMARK(nameSearch)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(3);
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
