@@ -13,6 +13,8 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -158,10 +160,11 @@ void Tour::tick()
         return; // it goes by itself
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
-    m_dialogBefore = dialog;
+    QWidget *outer = std::exchange(m_dialogBefore, dialog);
     ++m_depth;
     now.action();
     --m_depth;
+    m_dialogBefore = outer;
 }
 
 void Tour::fail(const QString &what)
