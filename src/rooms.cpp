@@ -1,5 +1,6 @@
 #include "rooms.h"
 
+#include "labels/print/forms/baruret.h"
 #include "labels/print/forms/fatura.h"
 #include "labels/print/forms/fytdegisbul.h"
 #include "labels/print/forms/print_progress.h"
@@ -93,6 +94,7 @@ void Rooms::connectDocuments()
                 showStockList();
                 m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
             });
+    connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
 }
 
 void Rooms::showInvoices()
@@ -103,6 +105,12 @@ void Rooms::showInvoices()
 void Rooms::showPriceChanges()
 {
     showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+}
+
+void Rooms::showGenerator()
+{
+    Baruret form(m_desk.numbers(), QApplication::activeWindow());
+    form.exec();
 }
 
 void Rooms::chooseLayout(PrintMode mode)
@@ -172,7 +180,7 @@ void Rooms::end()
 {
     m_print.stop();
     m_invoices.stop();
-    if (m_stkkart && !m_stkkart->close())
+    if (m_stkkart ? !m_stkkart->close() : !m_desk.mayClose())
         return;
     QApplication::quit();
 }

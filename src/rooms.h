@@ -50,6 +50,7 @@ private:
     void connectDocuments();
     void showInvoices();
     void showPriceChanges();
+    void showGenerator();
     void chooseLayout(PrintMode mode);
     void showSettings();
     void connectionUnloaded();

@@ -15,18 +15,6 @@ constexpr QStringView kWidthFile = u"Ayar.zev";
 constexpr QStringView kStockSection = u"List";
 constexpr QStringView kQueueSection = u"List2";
 
-QueueRow queueRow(const StockRow &stock, QStringView state)
-{
-    return {.number = {},
-            .barcode = stock.barcode,
-            .code = stock.code,
-            .name = stock.name,
-            .unit = stock.unit,
-            .price = stock.price,
-            .count = stock.count,
-            .tag = u"%1%2%3"_s.arg(stock.tag, kTagSeparator, state)};
-}
-
 } // namespace
 
 LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_program(program)
@@ -34,6 +22,9 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
     connect(&m_loader, &StockLoader::busyChanged, this, &LabelDesk::busyChanged);
     connect(&m_loader, &StockLoader::progressed, this, &LabelDesk::progressed);
     connect(&m_loader, &StockLoader::statusChanged, this, &LabelDesk::statusChanged);
+    connect(&m_numbers, &NumberDesk::busyChanged, this, &LabelDesk::busyChanged);
+    connect(&m_numbers, &NumberDesk::progressed, this, &LabelDesk::progressed);
+    connect(&m_numbers, &NumberDesk::statusChanged, this, &LabelDesk::statusChanged);
 }
 
 void LabelDesk::olcuyukle()
@@ -47,6 +38,15 @@ void LabelDesk::olcuyukle()
         const QString second = row.text(u"br2fyt").trimmed();
         m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
     });
+}
+
+bool LabelDesk::mayClose()
+{
+    if (m_numbers.isBusy()) {
+        m_numbers.stop();
+        return false;
+    }
+    return m_numbers.mayClose();
 }
 
 QList<int> LabelDesk::stockWidths() const
@@ -78,60 +78,70 @@ void LabelDesk::saveWidths(const QList<int> &stockList, const QList<int> &printQ
 
 void LabelDesk::stkcinsibul(const QString &name)
 {
-    m_loader.find(stock_queries::byName(name));
+    load([&] { m_loader.find(stock_queries::byName(name)); });
 }
 
 void LabelDesk::stkkodbul(const QString &code)
 {
-    m_loader.find(stock_queries::byCode(code));
+    load([&] { m_loader.find(stock_queries::byCode(code)); });
 }
 
 void LabelDesk::brkdbul(const QString &barcode)
 {
-    m_loader.findBarcode(barcode);
+    load([&] { m_loader.findBarcode(barcode); });
 }
 
 void LabelDesk::listele()
 {
-    m_loader.find(stock_queries::all());
+    load([&] { m_loader.find(stock_queries::all()); });
 }
 
 void LabelDesk::fiyatoku()
 {
-    m_loader.readPrices();
+    load([&] { m_loader.readPrices(); });
 }
 
 void LabelDesk::fatekle(const QString &stockCode, const QString &quantity)
 {
-    m_loader.addLine({stockCode, quantity});
+    load([&] { m_loader.addLine({stockCode, quantity}); });
 }
 
 void LabelDesk::listLines(const QList<InvoiceLine> &lines)
 {
-    m_loader.replaceByLines(lines);
+    load([&] { m_loader.replaceByLines(lines); });
 }
 
 void LabelDesk::fiyatdegisbul(const QString &fromDate, const QString &toDate,
                               const QString &fromTime, const QString &toTime)
 {
-    m_loader.find(stock_queries::changed(fromDate, toDate, fromTime, toTime));
+    load([&] { m_loader.find(stock_queries::changed(fromDate, toDate, fromTime, toTime)); });
+}
+
+/// A load needs the connection, and the numbers being saved need the list.
+void LabelDesk::load(const std::function<void()> &start)
+{
+    if (m_numbers.isBusy())
+        refuseWhileBusy();
+    else
+        start();
 }
 
 void LabelDesk::stop()
 {
     m_loader.stop();
+    m_numbers.stop();
 }
 
 void LabelDesk::addOne(int stockRow)
 {
-    if (refuseWhileBusy())
+    if (refuseWhileBusy() || refuseWhileNumbering())
         return;
     if (!m_stocks.isValidRow(stockRow)) {
         Q_EMIT statusChanged(u"Önce stok listesinden bir satır seçiniz."_s);
         return;
     }
     const StockRow &stock = m_stocks.at(stockRow);
-    m_queue.append({queueRow(stock, queue_state::kSingle)});
+    m_queue.append({queuedRow(stock, queue_state::kSingle)});
     Q_EMIT rowQueued(m_queue.size() - 1);
     Q_EMIT statusChanged(u"Kuyruğa eklendi: %1"_s.arg(stock.name));
 }
@@ -153,15 +163,36 @@ void LabelDesk::ektm()
 
 void LabelDesk::addBulk(QStringView unitEnding)
 {
-    if (refuseWhileBusy())
+    if (refuseWhileBusy() || refuseWhileNumbering())
         return;
     std::vector<QueueRow> rows;
     for (const StockRow &stock : m_stocks.rows())
         if (stock.unit.endsWith(unitEnding))
-            rows.push_back(queueRow(stock, queue_state::kBulk));
+            rows.push_back(queuedRow(stock, queue_state::kBulk));
     m_queue.append(rows);
     Q_EMIT statusChanged(
         u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(static_cast<qint64>(rows.size()))));
+}
+
+void LabelDesk::ekbar1()
+{
+    gather(kFirstUnit);
+}
+
+void LabelDesk::ekbar2()
+{
+    gather(kSecondUnit);
+}
+
+void LabelDesk::ekbartum()
+{
+    gather({});
+}
+
+void LabelDesk::gather(QStringView unitEnding)
+{
+    if (!refuseWhileBusy())
+        m_numbers.gather(unitEnding);
 }
 
 void LabelDesk::setCount(int queueRow, const QString &text)
@@ -182,38 +213,49 @@ void LabelDesk::setAllCounts(const QString &text)
 
 void LabelDesk::removeOne(int queueRow)
 {
-    if (!refuseRow(queueRow))
+    if (m_numbers.isBusy() || refuseRow(queueRow))
+        return;
+    if (m_queue.at(queueRow).state() != queue_state::kNew || m_numbers.mayDrop(1))
         m_queue.remove(queueRow);
 }
 
 void LabelDesk::clearQueue()
 {
-    m_queue.clear();
+    if (!m_numbers.isBusy() && m_numbers.mayDrop(m_numbers.unsaved()))
+        m_queue.clear();
 }
 
 void LabelDesk::yzdtum()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy())
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
         Q_EMIT printAllRequested();
 }
 
 void LabelDesk::chooseLayout()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy())
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
         Q_EMIT layoutChoiceRequested();
 }
 
 void LabelDesk::yzdsec(int queueRow)
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseRow(queueRow))
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering() && !refuseRow(queueRow))
         Q_EMIT printSelectedRequested(queueRow);
 }
 
 bool LabelDesk::refuseWhileBusy()
 {
     if (isBusy())
-        Q_EMIT statusChanged(u"Liste yükleniyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
+        Q_EMIT statusChanged(u"İşlem sürüyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
     return isBusy();
+}
+
+bool LabelDesk::refuseWhileNumbering()
+{
+    if (m_numbers.isOn())
+        Q_EMIT statusChanged(
+            u"Barkodsuz stoklar numaralanıyor: önce kaydediniz ya da kuyruğu boşaltınız."_s);
+    return m_numbers.isOn();
 }
 
 bool LabelDesk::refuseRow(int queueRow)

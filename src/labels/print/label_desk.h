@@ -1,10 +1,13 @@
 #pragma once
 
+#include "labels/print/number_desk.h"
 #include "labels/print/print_queue.h"
 #include "labels/print/stock_list.h"
 #include "labels/print/stock_loader.h"
 
 #include <QObject>
+
+#include <functional>
 
 class Program;
 
@@ -22,9 +25,16 @@ public:
     StockList &stocks() { return m_stocks; }
     PrintQueue &queue() { return m_queue; }
     const PriceNumbers &priceNumbers() const { return m_prices; }
+    NumberDesk &numbers() { return m_numbers; }
 
-    /// True while a search or price pass runs. The desk must not be destroyed then.
-    bool isBusy() const { return m_loader.isBusy(); }
+    /// True while a load runs, or numbers are made or saved. The desk must not be destroyed then.
+    bool isBusy() const { return m_loader.isBusy() || m_numbers.isBusy(); }
+    /// True while rows may be queued and printed.
+    bool isFree() const { return !isBusy() && !m_numbers.isOn(); }
+
+    /// False while numbers are made or saved (they are stopped), and when the user would rather not
+    /// give up unsaved ones.
+    bool mayClose();
 
     /// Widths kept from the last time, in pixels; empty when there are none or they make no sense.
     QList<int> stockWidths() const;
@@ -62,6 +72,11 @@ public Q_SLOTS:
     void ekbr2();
     void ektm();
 
+    /// Gather the rows without a barcode for new numbers: of the first unit, of the second, all.
+    void ekbar1();
+    void ekbar2();
+    void ekbartum();
+
     void setCount(int queueRow, const QString &text);
     void setAllCounts(const QString &text);
     void removeOne(int queueRow);
@@ -95,6 +110,9 @@ private:
     QList<int> widths(QStringView section, int columns) const;
 
     bool refuseWhileBusy();
+    bool refuseWhileNumbering();
+    void load(const std::function<void()> &start);
+    void gather(QStringView unitEnding);
     bool refuseRow(int queueRow);
     bool refuseCount(const QString &text);
     void addBulk(QStringView unitEnding);
@@ -104,4 +122,5 @@ private:
     PrintQueue m_queue;
     PriceNumbers m_prices;
     StockLoader m_loader{m_program, m_stocks, m_prices};
+    NumberDesk m_numbers{m_program, m_stocks, m_queue, m_prices};
 };

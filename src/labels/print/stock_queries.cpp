@@ -1,5 +1,7 @@
 #include "labels/print/stock_queries.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 namespace stock_queries {
@@ -40,6 +42,15 @@ QString barcode(const QString &barcode)
 QString barcodesOf(const QString &stockCode)
 {
     return u"select * from STKBARKOD where STKBARSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
+                      const QString &type, const QString &priceNumber)
+{
+    const QStringList values = {barcode, stockCode, unitNumber, type, priceNumber, u"1"_s};
+    return u"INSERT INTO STKBARKOD (STKBARKOD,STKBARSTKKOD,STKBARBRMNO,STKBARTIP,STKBARFIYTIP,"
+           "STKBARITEMNO) values ('"_s +
+           values.join(u"','"_s) + u"')"_s;
 }
 
 QString pricesOf(const QString &stockCode)

@@ -24,6 +24,10 @@ QString barcode(const QString &barcode);
 /// The barcodes of all units of a stock.
 QString barcodesOf(const QString &stockCode);
 
+/// Adds a barcode to a unit. `type`: numbering::barcodeType(); `priceNumber`: of the unit's label.
+QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
+                      const QString &type, const QString &priceNumber);
+
 /// The prices of a stock under all price numbers.
 QString pricesOf(const QString &stockCode);
 

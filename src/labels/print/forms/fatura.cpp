@@ -1,8 +1,7 @@
 #include "labels/print/forms/fatura.h"
 
+#include "labels/print/forms/form_keys.h"
 #include "ui_fatura.h"
-
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -55,11 +54,6 @@ void fatura::connectCommands()
     connect(m_ui->l1, &QTreeView::doubleClicked, this,
             [this](const QModelIndex &at) { m_picker.invoices().toggle(at.row()); });
 
-    const auto onKey = [this](QWidget *widget, const QKeySequence &keys, const auto &action) {
-        auto *shortcut = new QShortcut(keys, widget);
-        shortcut->setContext(widget == this ? Qt::WindowShortcut : Qt::WidgetShortcut);
-        connect(shortcut, &QShortcut::activated, this, action);
-    };
     onKey(m_ui->l1, Qt::Key_Space, [this] { m_picker.invoices().toggle(m_ui->l1->selectedRow()); });
     // Enter lists the invoices only where the user says which; elsewhere it goes on with the
     // marked.
