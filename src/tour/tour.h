@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QObject>
 #include <QStringList>
 
@@ -31,6 +32,10 @@ private:
     void step(const QString &what, const Action &action);
     void stockList();
     void queueAndPrint();
+    void documents();
+    void printList(const QString &source);
+    void numbers();
+    void turnedText();
     void settings();
     void connection();
 
@@ -41,6 +46,9 @@ private:
     void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &windowName, const QString &name, const QString &text);
     void click(const QString &windowName, const QString &name);
+    void trigger(const QString &windowName, const QString &action);
+    void setDate(const QString &windowName, const QString &name, QDate date);
+    int rows(const QString &list);
     void picture(const QString &windowName, const QString &file);
     void collectPrints();
     void say(const QString &text);
@@ -56,7 +64,7 @@ private:
     QString m_folder;
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
-    int m_depth = 0; ///< steps that wait for a dialog they opened
+    int m_depth = 0;                   ///< steps that wait for a dialog they opened
     QWidget *m_dialogBefore = nullptr; ///< the dialog in which the latest step began, only compared
     int m_failures = 0;
     bool m_ended = false;
