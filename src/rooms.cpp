@@ -1,5 +1,8 @@
 #include "rooms.h"
 
+#include "labels/print/forms/baruret.h"
+#include "labels/print/forms/fatura.h"
+#include "labels/print/forms/fytdegisbul.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/stkkart.h"
 #include "labels/print/forms/yazfrm.h"
@@ -46,7 +49,8 @@ bool hasTray()
 
 Rooms::Rooms(Program &program, Autostart &autostart)
     : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_print(program), m_till(program), m_strt(m_start, m_link)
+      m_desk(program), m_invoices(program), m_changes(program), m_print(program), m_till(program),
+      m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -54,6 +58,7 @@ Rooms::Rooms(Program &program, Autostart &autostart)
     connect(&m_start, &StartSession::stockListWanted, this, &Rooms::showStockList);
     connectMenu();
     connectPrinting();
+    connectDocuments();
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
             Qt::QueuedConnection);
@@ -61,8 +66,9 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 
 Rooms::~Rooms()
 {
-    for (QWidget *form : std::initializer_list<QWidget *>{
-             m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_stfatura, m_stkkart})
+    for (QWidget *form :
+         std::initializer_list<QWidget *>{m_designer, m_parametre, m_login, m_baglan, m_kakknd,
+                                          m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -91,6 +97,39 @@ void Rooms::connectPrinting()
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
 }
 
+/// What the loaders find goes into the stock list, and the label form comes up to show it.
+void Rooms::connectDocuments()
+{
+    connect(&m_invoices, &InvoicePicker::transferred, this,
+            [this](const QList<InvoiceLine> &lines) {
+                showStockList();
+                m_desk.listLines(lines);
+            });
+    connect(&m_changes, &PriceChangeFinder::found, this,
+            [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
+                   const QString &toTime) {
+                showStockList();
+                m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+            });
+    connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
+}
+
+void Rooms::showInvoices()
+{
+    showForm(m_fatura, [this] { return new fatura(m_invoices); });
+}
+
+void Rooms::showPriceChanges()
+{
+    showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+}
+
+void Rooms::showGenerator()
+{
+    Baruret form(m_desk.numbers(), QApplication::activeWindow());
+    form.exec();
+}
+
 void Rooms::chooseLayout(PrintMode mode)
 {
     yazfrm form(m_print, mode, m_stkkart);
@@ -107,6 +146,8 @@ void Rooms::showStockList()
     showForm(m_stkkart, [this] {
         auto *form = new stkkart(m_desk);
         giveMenu(form->menuButton());
+        connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
+        connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
         return form;
     });
 }
@@ -212,8 +253,8 @@ void Rooms::connectionUnloaded()
     end();
 }
 
-/// Ends the program, unless the till holds goods and the cashier wants to keep them. A print run
-/// comes to its end first.
+/// Ends the program, unless the till holds goods or new numbers are unsaved and the user wants to
+/// keep them. A print run comes to its end first.
 void Rooms::end()
 {
     if (m_print.isRunning()) {
@@ -222,12 +263,12 @@ void Rooms::end()
         m_print.stop();
         return;
     }
-    if (m_stfatura && !m_stfatura->close()) {
+    m_invoices.stop();
+    const bool labelsEnd = m_stkkart ? m_stkkart->close() : m_desk.mayClose();
+    if (!labelsEnd || (m_stfatura && !m_stfatura->close())) {
         m_restart = false;
         return;
     }
-    if (m_stkkart)
-        m_stkkart->close();
     QCoreApplication::exit(0);
 }
 

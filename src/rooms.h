@@ -2,7 +2,9 @@
 
 #include "common/autostart.h"
 #include "common/program.h"
+#include "labels/print/invoice_picker.h"
 #include "labels/print/label_desk.h"
+#include "labels/print/price_change_finder.h"
 #include "labels/print/print_run.h"
 #include "sales/till_session.h"
 #include "shell/forms/strt.h"
@@ -13,6 +15,8 @@
 #include <QPointer>
 
 class baglan;
+class fatura;
+class fytdegisbul;
 class kakknd;
 class login;
 class parametre;
@@ -50,6 +54,10 @@ public:
 private:
     void connectMenu();
     void connectPrinting();
+    void connectDocuments();
+    void showInvoices();
+    void showPriceChanges();
+    void showGenerator();
     void chooseLayout(PrintMode mode);
     void showLoginModal();
     void showSettings();
@@ -65,11 +73,15 @@ private:
     HostLink m_link;
     StartSession m_start;
     LabelDesk m_desk;
+    InvoicePicker m_invoices;
+    PriceChangeFinder m_changes;
     PrintRun m_print;
     TillSession m_till;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
+    QPointer<fatura> m_fatura;
+    QPointer<fytdegisbul> m_fytdegisbul;
     QPointer<baglan> m_baglan;
     QPointer<login> m_login;
     QPointer<parametre> m_parametre;

@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QKeyEvent>
@@ -13,6 +14,8 @@
 #include <QTabWidget>
 #include <QTextStream>
 #include <QTimer>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +34,9 @@ Tour::Tour(Rooms &rooms, const QString &directory, const QString &folder)
     QDir().mkpath(m_folder);
     stockList();
     queueAndPrint();
+    documents();
+    numbers();
+    turnedText();
     settings();
     connection();
     QTimer::singleShot(kTickMs, this, &Tour::tick);
@@ -230,6 +236,27 @@ void Tour::click(const QString &windowName, const QString &name)
         button->click();
     else
         fail(u"%1 bir düğme değil"_s.arg(name));
+}
+
+void Tour::trigger(const QString &windowName, const QString &name)
+{
+    if (auto *action = window(windowName)->findChild<QAction *>(name))
+        action->trigger();
+    else
+        fail(u"%1 penceresinde %2 yok"_s.arg(windowName, name));
+}
+
+void Tour::setDate(const QString &windowName, const QString &name, QDate date)
+{
+    if (!control(windowName, name)->setProperty("date", date))
+        fail(u"%1 bir tarih kutusu değil"_s.arg(name));
+}
+
+/// Rows of a list of the label form.
+int Tour::rows(const QString &list)
+{
+    const auto *view = qobject_cast<QAbstractItemView *>(control(u"stkkart"_s, list));
+    return view ? view->model()->rowCount() : 0;
 }
 
 void Tour::picture(const QString &windowName, const QString &file)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QObject>
 #include <QStringList>
 #include <QWidget>
@@ -29,6 +30,10 @@ private:
     void step(const QString &what, const Action &action);
     void stockList();
     void queueAndPrint();
+    void documents();
+    void printList(const QString &source);
+    void numbers();
+    void turnedText();
     void settings();
     void connection();
 
@@ -40,6 +45,9 @@ private:
     void press(QWidget *widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &windowName, const QString &name, const QString &text);
     void click(const QString &windowName, const QString &name);
+    void trigger(const QString &windowName, const QString &action);
+    void setDate(const QString &windowName, const QString &name, QDate date);
+    int rows(const QString &list);
     void picture(const QString &windowName, const QString &file);
     void collectPrints();
     void say(const QString &text);

@@ -7,79 +7,25 @@
 #include "labels/print/column_widths.h"
 #include "labels/print/stock_queries.h"
 
-#include <QCoreApplication>
-
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Events are handled this often while a search runs, in milliseconds: often enough for the eye,
-/// seldom enough to cost nothing.
-constexpr qint64 kEventInterval = 50;
 
 constexpr QStringView kWidthFile = u"Ayar.zev";
 constexpr QStringView kStockSection = u"List";
 constexpr QStringView kQueueSection = u"List2";
 
-QString stageText(SearchStage stage)
-{
-    switch (stage) {
-    case SearchStage::rows:
-        return u"Stoklar listeleniyor"_s;
-    case SearchStage::barcodes:
-        return u"Barkodlar okunuyor"_s;
-    case SearchStage::prices:
-        return u"Fiyatlar okunuyor"_s;
-    }
-    return {};
-}
-
-QueueRow queueRow(const StockRow &stock, QStringView state)
-{
-    return {.number = {},
-            .barcode = stock.barcode,
-            .code = stock.code,
-            .name = stock.name,
-            .unit = stock.unit,
-            .price = stock.price,
-            .count = stock.count,
-            .tag = u"%1%2%3"_s.arg(stock.tag, kTagSeparator, state)};
-}
-
 } // namespace
 
-/// Marks the desk as busy for as long as it lives.
-class LabelDesk::Busy
-{
-public:
-    explicit Busy(LabelDesk &desk) : m_desk(desk)
-    {
-        desk.m_busy = true;
-        desk.m_stopped = false;
-        desk.m_sinceEvents.start();
-        Q_EMIT desk.busyChanged(true);
-        Q_EMIT desk.statusChanged(u"Aranıyor…"_s);
-    }
-    ~Busy()
-    {
-        m_desk.m_busy = false;
-        m_desk.m_stocks.announceChanges();
-        Q_EMIT m_desk.busyChanged(false);
-        Q_EMIT m_desk.statusChanged(outcome);
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-
-    QString outcome = u"Arama yapılamadı."_s; ///< told at the end
-
-private:
-    LabelDesk &m_desk;
-};
-
 LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_program(program)
-{}
+{
+    connect(&m_loader, &StockLoader::busyChanged, this, &LabelDesk::busyChanged);
+    connect(&m_loader, &StockLoader::progressed, this, &LabelDesk::progressed);
+    connect(&m_loader, &StockLoader::statusChanged, this, &LabelDesk::statusChanged);
+    connect(&m_numbers, &NumberDesk::busyChanged, this, &LabelDesk::busyChanged);
+    connect(&m_numbers, &NumberDesk::progressed, this, &LabelDesk::progressed);
+    connect(&m_numbers, &NumberDesk::statusChanged, this, &LabelDesk::statusChanged);
+}
 
 void LabelDesk::olcuyukle()
 {
@@ -92,6 +38,15 @@ void LabelDesk::olcuyukle()
         const QString second = row.text(u"br2fyt").trimmed();
         m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
     });
+}
+
+bool LabelDesk::mayClose()
+{
+    if (m_numbers.isBusy()) {
+        m_numbers.stop();
+        return false;
+    }
+    return m_numbers.mayClose();
 }
 
 QList<int> LabelDesk::stockWidths() const
@@ -123,110 +78,70 @@ void LabelDesk::saveWidths(const QList<int> &stockList, const QList<int> &printQ
 
 void LabelDesk::stkcinsibul(const QString &name)
 {
-    find(stock_queries::byName(name));
+    load([&] { m_loader.find(stock_queries::byName(name)); });
 }
 
 void LabelDesk::stkkodbul(const QString &code)
 {
-    find(stock_queries::byCode(code));
-}
-
-void LabelDesk::listele()
-{
-    find(stock_queries::all());
-}
-
-void LabelDesk::find(const QString &statement)
-{
-    run([this, statement](StockSearch &search) {
-        return search.list(statement, m_units) && readDetails(search);
-    });
+    load([&] { m_loader.find(stock_queries::byCode(code)); });
 }
 
 void LabelDesk::brkdbul(const QString &barcode)
 {
-    run([this, barcode](StockSearch &search) {
-        return search.byBarcode(barcode) && readDetails(search);
-    });
+    load([&] { m_loader.findBarcode(barcode); });
+}
+
+void LabelDesk::listele()
+{
+    load([&] { m_loader.find(stock_queries::all()); });
 }
 
 void LabelDesk::fiyatoku()
 {
-    run([this](StockSearch &search) { return search.pricePass(m_prices); });
+    load([&] { m_loader.readPrices(); });
 }
 
-bool LabelDesk::readDetails(StockSearch &search)
+void LabelDesk::fatekle(const QString &stockCode, const QString &quantity)
 {
-    return search.barcodePass() && search.pricePass(m_prices);
+    load([&] { m_loader.addLine({stockCode, quantity}); });
 }
 
-void LabelDesk::run(const Search &search)
+void LabelDesk::listLines(const QList<InvoiceLine> &lines)
 {
-    if (m_busy) {
-        m_next = search;
-        m_stopped = true;
-        return;
-    }
-    for (Search current = search; current; current = std::exchange(m_next, {}))
-        m_program.handle([&] { runOne(current); });
+    load([&] { m_loader.replaceByLines(lines); });
 }
 
-void LabelDesk::runOne(const Search &search)
+void LabelDesk::fiyatdegisbul(const QString &fromDate, const QString &toDate,
+                              const QString &fromTime, const QString &toTime)
 {
-    Busy busy(*this);
-    // The window says that it searches before the first statement keeps it waiting.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    StockSearch steps(m_program, m_stocks, [this](SearchStage stage, int done, int total) {
-        return keepGoing(stage, done, total);
-    });
-    busy.outcome = search(steps) ? foundText() : stoppedText();
+    load([&] { m_loader.find(stock_queries::changed(fromDate, toDate, fromTime, toTime)); });
 }
 
-bool LabelDesk::keepGoing(SearchStage stage, int done, int total)
+/// A load needs the connection, and the numbers being saved need the list.
+void LabelDesk::load(const std::function<void()> &start)
 {
-    if (m_sinceEvents.elapsed() >= kEventInterval) {
-        m_stocks.announceChanges();
-        const QString text =
-            u"%1: %2 / %3"_s.arg(stageText(stage), amount::whole(done), amount::whole(total));
-        Q_EMIT progressed(text, done, total);
-        QCoreApplication::processEvents();
-        m_sinceEvents.restart();
-    }
-    return !m_stopped;
-}
-
-QString LabelDesk::foundText() const
-{
-    if (m_stocks.size() == 0)
-        return u"Aranan stok bulunamadı."_s;
-    QString found = u"%1 satır listelendi."_s.arg(amount::whole(m_stocks.size()));
-    if (m_prices.first.isEmpty() || m_prices.second.isEmpty())
-        found += u" Fiyat tipi seçilmemiş: Ayarlar'dan seçiniz."_s;
-    return found;
-}
-
-QString LabelDesk::stoppedText() const
-{
-    return u"Durduruldu: listede %1 satır var, bir kısmının barkodu ve fiyatı okunmadı."_s.arg(
-        amount::whole(m_stocks.size()));
+    if (m_numbers.isBusy())
+        refuseWhileBusy();
+    else
+        start();
 }
 
 void LabelDesk::stop()
 {
-    m_next = {};
-    m_stopped = true;
+    m_loader.stop();
+    m_numbers.stop();
 }
 
 void LabelDesk::addOne(int stockRow)
 {
-    if (refuseWhileBusy())
+    if (refuseWhileBusy() || refuseWhileNumbering())
         return;
     if (!m_stocks.isValidRow(stockRow)) {
         Q_EMIT statusChanged(u"Önce stok listesinden bir satır seçiniz."_s);
         return;
     }
     const StockRow &stock = m_stocks.at(stockRow);
-    m_queue.append({queueRow(stock, queue_state::kSingle)});
+    m_queue.append({queuedRow(stock, queue_state::kSingle)});
     Q_EMIT rowQueued(m_queue.size() - 1);
     Q_EMIT statusChanged(u"Kuyruğa eklendi: %1"_s.arg(stock.name));
 }
@@ -248,15 +163,36 @@ void LabelDesk::ektm()
 
 void LabelDesk::addBulk(QStringView unitEnding)
 {
-    if (refuseWhileBusy())
+    if (refuseWhileBusy() || refuseWhileNumbering())
         return;
     std::vector<QueueRow> rows;
     for (const StockRow &stock : m_stocks.rows())
         if (stock.unit.endsWith(unitEnding))
-            rows.push_back(queueRow(stock, queue_state::kBulk));
+            rows.push_back(queuedRow(stock, queue_state::kBulk));
     m_queue.append(rows);
     Q_EMIT statusChanged(
         u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(static_cast<qint64>(rows.size()))));
+}
+
+void LabelDesk::ekbar1()
+{
+    gather(kFirstUnit);
+}
+
+void LabelDesk::ekbar2()
+{
+    gather(kSecondUnit);
+}
+
+void LabelDesk::ekbartum()
+{
+    gather({});
+}
+
+void LabelDesk::gather(QStringView unitEnding)
+{
+    if (!refuseWhileBusy())
+        m_numbers.gather(unitEnding);
 }
 
 void LabelDesk::setCount(int queueRow, const QString &text)
@@ -277,38 +213,49 @@ void LabelDesk::setAllCounts(const QString &text)
 
 void LabelDesk::removeOne(int queueRow)
 {
-    if (!refuseRow(queueRow))
+    if (m_numbers.isBusy() || refuseRow(queueRow))
+        return;
+    if (m_queue.at(queueRow).state() != queue_state::kNew || m_numbers.mayDrop(1))
         m_queue.remove(queueRow);
 }
 
 void LabelDesk::clearQueue()
 {
-    m_queue.clear();
+    if (!m_numbers.isBusy() && m_numbers.mayDrop(m_numbers.unsaved()))
+        m_queue.clear();
 }
 
 void LabelDesk::yzdtum()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy())
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
         Q_EMIT printAllRequested();
 }
 
 void LabelDesk::chooseLayout()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy())
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
         Q_EMIT layoutChoiceRequested();
 }
 
 void LabelDesk::yzdsec(int queueRow)
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseRow(queueRow))
+    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering() && !refuseRow(queueRow))
         Q_EMIT printSelectedRequested(queueRow);
 }
 
 bool LabelDesk::refuseWhileBusy()
 {
-    if (m_busy)
-        Q_EMIT statusChanged(u"Liste yükleniyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
-    return m_busy;
+    if (isBusy())
+        Q_EMIT statusChanged(u"İşlem sürüyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
+    return isBusy();
+}
+
+bool LabelDesk::refuseWhileNumbering()
+{
+    if (m_numbers.isOn())
+        Q_EMIT statusChanged(
+            u"Barkodsuz stoklar numaralanıyor: önce kaydediniz ya da kuyruğu boşaltınız."_s);
+    return m_numbers.isOn();
 }
 
 bool LabelDesk::refuseRow(int queueRow)

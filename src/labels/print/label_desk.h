@@ -1,10 +1,10 @@
 #pragma once
 
+#include "labels/print/number_desk.h"
 #include "labels/print/print_queue.h"
 #include "labels/print/stock_list.h"
-#include "labels/print/stock_search.h"
+#include "labels/print/stock_loader.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 
 #include <functional>
@@ -13,9 +13,8 @@ class Program;
 
 /// The desk at which labels are picked: stock list, print queue, and what the user does with them.
 ///
-/// A search handles events while it runs, so that it can be watched and stopped. Meanwhile rows
-/// cannot be queued or printed, because their barcodes and prices are still being read; a search
-/// asked for meanwhile stops the one that runs and takes its place.
+/// A load handles events while it runs, so that it can be watched and stopped. Meanwhile rows
+/// cannot be queued or printed, because their barcodes and prices are still being read.
 class LabelDesk final : public QObject
 {
     Q_OBJECT
@@ -26,9 +25,16 @@ public:
     StockList &stocks() { return m_stocks; }
     PrintQueue &queue() { return m_queue; }
     const PriceNumbers &priceNumbers() const { return m_prices; }
+    NumberDesk &numbers() { return m_numbers; }
 
-    /// True while a search or price pass runs. The desk must not be destroyed then.
-    bool isBusy() const { return m_busy; }
+    /// True while a load runs, or numbers are made or saved. The desk must not be destroyed then.
+    bool isBusy() const { return m_loader.isBusy() || m_numbers.isBusy(); }
+    /// True while rows may be queued and printed.
+    bool isFree() const { return !isBusy() && !m_numbers.isOn(); }
+
+    /// False while numbers are made or saved (they are stopped), and when the user would rather not
+    /// give up unsaved ones.
+    bool mayClose();
 
     /// Widths kept from the last time, in pixels; empty when there are none or they make no sense.
     QList<int> stockWidths() const;
@@ -39,13 +45,22 @@ public Q_SLOTS:
     /// Reads the price numbers from the settings; again after they were changed.
     void olcuyukle();
 
-    void setUnits(UnitChoice units) { m_units = units; }
+    void setUnits(UnitChoice units) { m_loader.setUnits(units); }
 
     void stkcinsibul(const QString &name);
     void stkkodbul(const QString &code);
     void brkdbul(const QString &barcode);
     void listele();
     void fiyatoku();
+
+    /// Appends a stock of an invoice line with as many labels as its quantity asks for.
+    void fatekle(const QString &stockCode, const QString &quantity);
+    /// Replaces the list by the stocks of invoice lines.
+    void listLines(const QList<InvoiceLine> &lines);
+    /// Lists the stocks changed in a range of days, each day between two times; see
+    /// stock_queries::changed().
+    void fiyatdegisbul(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                       const QString &toTime);
 
     /// Ends a search after the statement it is at; the rows listed so far stay.
     void stop();
@@ -56,6 +71,11 @@ public Q_SLOTS:
     void ekbr1();
     void ekbr2();
     void ektm();
+
+    /// Gather the rows without a barcode for new numbers: of the first unit, of the second, all.
+    void ekbar1();
+    void ekbar2();
+    void ekbartum();
 
     void setCount(int queueRow, const QString &text);
     void setAllCounts(const QString &text);
@@ -87,20 +107,12 @@ Q_SIGNALS:
     void printSelectedRequested(int queueRow);
 
 private:
-    using Search = std::function<bool(StockSearch &)>;
-    class Busy;
-
     QList<int> widths(QStringView section, int columns) const;
 
-    void find(const QString &statement);
-    void run(const Search &search);
-    void runOne(const Search &search);
-    bool keepGoing(SearchStage stage, int done, int total);
-    bool readDetails(StockSearch &search);
-    QString foundText() const;
-    QString stoppedText() const;
-
     bool refuseWhileBusy();
+    bool refuseWhileNumbering();
+    void load(const std::function<void()> &start);
+    void gather(QStringView unitEnding);
     bool refuseRow(int queueRow);
     bool refuseCount(const QString &text);
     void addBulk(QStringView unitEnding);
@@ -109,10 +121,6 @@ private:
     StockList m_stocks;
     PrintQueue m_queue;
     PriceNumbers m_prices;
-    UnitChoice m_units = UnitChoice::first;
-
-    bool m_busy = false;
-    bool m_stopped = false;
-    Search m_next; ///< asked for while another search runs
-    QElapsedTimer m_sinceEvents;
+    StockLoader m_loader{m_program, m_stocks, m_prices};
+    NumberDesk m_numbers{m_program, m_stocks, m_queue, m_prices};
 };

@@ -1,6 +1,7 @@
 #include "labels/print/label_painter.h"
 
 #include "common/millimetres.h"
+#include "labels/layout/turned_text.h"
 #include "labels/print/paper_bounds.h"
 
 #include <QFontMetricsF>
@@ -37,7 +38,7 @@ std::vector<DigitGroup> digitGroups(const ean::Symbol &symbol)
 } // namespace
 
 LabelPainter::LabelPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures)
-    : m_painter(painter), m_fonts(fonts), m_pictures(pictures), m_base(painter.worldTransform())
+    : m_painter(painter), m_fonts(fonts), m_pictures(pictures)
 {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -144,14 +145,6 @@ void LabelPainter::draw(const TextCommand &text, QPointF origin)
     const QPointF at = toDots(corner);
     const QPointF dot(std::round(at.x() + kTextNudge), std::round(at.y()));
 
-    m_painter.setFont(font.font());
     m_painter.setPen(QColor(text.colour));
-    if (text.angle == 0) {
-        m_painter.drawText(dot + QPointF(0, font.ascent()), text.text);
-        return;
-    }
-    m_painter.setWorldTransform(QTransform::fromTranslate(dot.x(), dot.y()).rotate(-text.angle) *
-                                m_base);
-    m_painter.drawText(QPointF(0, font.ascent()), text.text);
-    m_painter.setWorldTransform(m_base);
+    drawTurnedText(m_painter, dot, text.angle, font, text.text);
 }

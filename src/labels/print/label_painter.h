@@ -5,8 +5,6 @@
 #include "labels/print/draw_commands.h"
 #include "labels/print/picture_store.h"
 
-#include <QTransform>
-
 #include <deque>
 
 QT_BEGIN_NAMESPACE
@@ -49,6 +47,5 @@ private:
     QPainter &m_painter;
     const DeviceFonts &m_fonts;
     PictureStore &m_pictures;
-    QTransform m_base;
     std::deque<DigitFont> m_digitFonts;
 };

@@ -12,6 +12,7 @@ namespace {
 
 constexpr double kFinest = 300;        ///< dots per inch
 constexpr double kMostDots = 2000;     ///< along a side; keeps whole-sheet labels cheap
+constexpr double kPreviewDigits = 12;  ///< points, of the digits beneath bars shown alone
 constexpr double kLargestLabel = 1000; ///< mm; elements beyond are not shown
 
 double side(float step, float count, double paper, float margin)
@@ -62,4 +63,21 @@ QImage previewLabel(const PrintJob &job, const QString &pictures, QSize most)
             .paint(LabelBuilder(job, fonts).label(job.rows.front()), QPointF());
     }
     return image.scaled(most, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage previewBars(ean::Symbology symbology, const QString &number, QSize size, double dpi)
+{
+    const auto symbol = ean::encode(symbology, number);
+    if (!symbol || size.isEmpty())
+        return {};
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const DeviceFonts fonts({dpi, dpi});
+    PictureStore store({});
+    QPainter painter(&image);
+    const QRectF box(QPointF(), QSizeF(size) * kMmPerInch / dpi);
+    LabelPainter(painter, fonts, store)
+        .paint({BarsCommand{box, *symbol, {.name = {}, .size = kPreviewDigits}, 0xFF000000}}, {});
+    painter.end();
+    return image;
 }

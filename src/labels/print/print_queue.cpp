@@ -1,10 +1,57 @@
 #include "labels/print/print_queue.h"
 
 #include "common/amount.h"
+#include "labels/print/stock_list.h"
+
+#include <QBrush>
 
 #include <array>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString makeTag(QStringView unitNumber, QStringView state)
+{
+    return u"%1%2%3"_s.arg(unitNumber, kTagSeparator, state);
+}
+
+/// How a state shows: a pale row, a strong mark beside the number, a hint.
+struct StateLook
+{
+    QStringView state;
+    QRgb row;
+    QRgb mark;
+    QStringView hint;
+};
+
+constexpr std::array<StateLook, 2> kLooks = {
+    {{queue_state::kNew, 0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"},
+     {queue_state::kSaved, 0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"}}};
+
+} // namespace
+
+QString QueueRow::unitNumber() const
+{
+    return tag.section(kTagSeparator.toString(), 0, 0);
+}
+
+QString QueueRow::state() const
+{
+    return tag.section(kTagSeparator.toString(), 1);
+}
+
+QueueRow queuedRow(const StockRow &stock, QStringView state)
+{
+    return {.number = {},
+            .barcode = stock.barcode,
+            .code = stock.code,
+            .name = stock.name,
+            .unit = stock.unit,
+            .price = stock.price,
+            .count = stock.count,
+            .tag = makeTag(stock.tag, state)};
+}
 
 PrintQueue::PrintQueue(QObject *parent)
     : CellTable({{u"No"_s},
@@ -23,6 +70,22 @@ QString PrintQueue::cell(int row, int column) const
         &QueueRow::number, &QueueRow::barcode, &QueueRow::code, &QueueRow::name,
         &QueueRow::unit,   &QueueRow::price,   &QueueRow::count};
     return at(row).*cells.at(static_cast<std::size_t>(column));
+}
+
+QVariant PrintQueue::data(const QModelIndex &index, int role) const
+{
+    const bool mark = role == Qt::DecorationRole && index.column() == barcode;
+    if (!index.isValid() || (role != Qt::BackgroundRole && role != Qt::ToolTipRole && !mark))
+        return CellTable::data(index, role);
+    const QueueRow &row = at(index.row());
+    for (const StateLook &look : kLooks) {
+        if (row.state() != look.state)
+            continue;
+        if (role == Qt::ToolTipRole)
+            return look.hint.toString();
+        return mark ? QVariant(QColor(look.mark)) : QVariant(QBrush(QColor(look.row)));
+    }
+    return {};
 }
 
 void PrintQueue::append(const std::vector<QueueRow> &rows)
@@ -62,6 +125,14 @@ bool PrintQueue::setCount(int row, QStringView text)
 bool PrintQueue::setAllCounts(QStringView text)
 {
     return setCounts(0, size() - 1, text);
+}
+
+void PrintQueue::setNumber(int row, const QString &barcodeText, QStringView state)
+{
+    QueueRow &queued = m_rows.at(static_cast<std::size_t>(row));
+    queued.barcode = barcodeText;
+    queued.tag = makeTag(queued.unitNumber(), state);
+    Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
 }
 
 bool PrintQueue::setCounts(int first, int last, QStringView text)

@@ -27,6 +27,7 @@ void StockList::clear()
 {
     beginResetModel();
     m_rows.clear();
+    m_barcodesRead = 0;
     m_firstChange = m_lastChange = {};
     endResetModel();
 }
@@ -38,6 +39,12 @@ void StockList::append(const std::vector<StockRow> &rows)
     beginInsertRows({}, size(), size() + static_cast<int>(rows.size()) - 1);
     m_rows.insert(m_rows.end(), rows.begin(), rows.end());
     endInsertRows();
+}
+
+void StockList::barcodeRead(int row)
+{
+    if (row == m_barcodesRead)
+        ++m_barcodesRead;
 }
 
 void StockList::setBarcode(int row, const QString &text)

@@ -54,11 +54,17 @@ public:
     void setPrice(int row, const QString &text);
     void announceChanges();
 
+    /// Notes that the host was asked for this row's barcode; rows are asked for from first to last.
+    void barcodeRead(int row);
+    /// True when it was asked for every row: only then a row without a barcode has none.
+    bool allBarcodesRead() const { return m_barcodesRead == size(); }
+
 private:
     QString cell(int row, int column) const override;
     void setCell(int row, Cell column, QString &cell, const QString &text);
 
     std::vector<StockRow> m_rows;
+    int m_barcodesRead = 0;    ///< rows from the first whose barcode was asked for
     QModelIndex m_firstChange; ///< corners of the rectangle not yet announced; invalid: none
     QModelIndex m_lastChange;
 };

@@ -1,5 +1,7 @@
 #include "labels/print/stock_queries.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 namespace stock_queries {
@@ -24,6 +26,14 @@ QString card(const QString &stockCode)
     return u"select * from STKKART where STKKOD='"_s + stockCode + u"'"_s;
 }
 
+QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                const QString &toTime)
+{
+    return u"select * from STKKART where (STKSYFTARIHI between '"_s + fromDate + u"' and '"_s +
+           toDate + u"') and (STKSYFSAATI>='"_s + fromTime + u"' and STKSYFSAATI<='"_s + toTime +
+           u"')"_s;
+}
+
 QString barcode(const QString &barcode)
 {
     return u"select * from STKBARKOD where STKBARKOD='"_s + barcode + u"'"_s;
@@ -32,6 +42,15 @@ QString barcode(const QString &barcode)
 QString barcodesOf(const QString &stockCode)
 {
     return u"select * from STKBARKOD where STKBARSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
+                      const QString &type, const QString &priceNumber)
+{
+    const QStringList values = {barcode, stockCode, unitNumber, type, priceNumber, u"1"_s};
+    return u"INSERT INTO STKBARKOD (STKBARKOD,STKBARSTKKOD,STKBARBRMNO,STKBARTIP,STKBARFIYTIP,"
+           "STKBARITEMNO) values ('"_s +
+           values.join(u"','"_s) + u"')"_s;
 }
 
 QString pricesOf(const QString &stockCode)

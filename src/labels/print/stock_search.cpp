@@ -10,14 +10,18 @@ namespace {
 /// Rows that reach the list together; few enough to draw progress in between.
 constexpr std::size_t kBatch = 2000;
 
-StockRow unitRow(const RecordSet &card, const QString &unit, QStringView ending, const QString &tag)
+/// Labels of a row that nobody has counted yet.
+const QString kOneLabel = QStringLiteral("1");
+
+StockRow unitRow(const RecordSet &card, const QString &unit, QStringView ending, const QString &tag,
+                 const QString &count)
 {
     return {.barcode = {},
             .code = card.text(u"STKKOD"),
             .name = card.text(u"STKCINSI"),
             .unit = u"%1 %2"_s.arg(unit, ending),
             .price = {},
-            .count = u"1"_s,
+            .count = count,
             .tag = tag};
 }
 
@@ -35,15 +39,16 @@ QString unitBarcode(RecordSet records, const QString &unitNumber)
 
 } // namespace
 
-void appendUnitRows(const RecordSet &card, UnitChoice units, std::vector<StockRow> &rows)
+void appendUnitRows(const RecordSet &card, UnitChoice units, const QString &count,
+                    std::vector<StockRow> &rows)
 {
     if (units != UnitChoice::second)
-        rows.push_back(unitRow(card, card.text(u"STKBIRIM"), kFirstUnit, u"1"_s));
+        rows.push_back(unitRow(card, card.text(u"STKBIRIM"), kFirstUnit, u"1"_s, count));
     if (units == UnitChoice::first)
         return;
     const QString second = card.text(u"STKBIRIM2");
     if (!second.isEmpty() && second != u" ")
-        rows.push_back(unitRow(card, second, kSecondUnit, u"2"_s));
+        rows.push_back(unitRow(card, second, kSecondUnit, u"2"_s, count));
 }
 
 StockSearch::StockSearch(Program &program, StockList &list, Progress progress)
@@ -54,8 +59,17 @@ bool StockSearch::list(const QString &statement, UnitChoice units)
 {
     return show(m_program.company().execute(statement),
                 [units](const RecordSet &card, std::vector<StockRow> &rows) {
-                    appendUnitRows(card, units, rows);
+                    appendUnitRows(card, units, kOneLabel, rows);
                 });
+}
+
+bool StockSearch::append(const QString &statement, UnitChoice units, const QString &count)
+{
+    RecordSet cards = m_program.company().execute(statement);
+    m_firstRow = m_list.size();
+    return add(std::move(cards), [&](const RecordSet &card, std::vector<StockRow> &rows) {
+        appendUnitRows(card, units, count, rows);
+    });
 }
 
 bool StockSearch::byBarcode(const QString &barcode)
@@ -72,13 +86,20 @@ bool StockSearch::byBarcode(const QString &barcode)
     const QStringView ending = unitNumber == u"1" ? kFirstUnit : kSecondUnit;
     return show(m_program.company().execute(stock_queries::card(stockCode)),
                 [&](const RecordSet &card, std::vector<StockRow> &rows) {
-                    rows.push_back(unitRow(card, card.text(u"STKBIRIM"), ending, unitNumber));
+                    rows.push_back(
+                        unitRow(card, card.text(u"STKBIRIM"), ending, unitNumber, kOneLabel));
                 });
 }
 
 bool StockSearch::show(RecordSet cards, const RowMaker &makeRows)
 {
     m_list.clear();
+    m_firstRow = 0;
+    return add(std::move(cards), makeRows);
+}
+
+bool StockSearch::add(RecordSet cards, const RowMaker &makeRows)
+{
     const auto total = static_cast<int>(cards.rowCount());
     int done = 0;
     std::vector<StockRow> batch;
@@ -95,10 +116,10 @@ bool StockSearch::show(RecordSet cards, const RowMaker &makeRows)
 
 bool StockSearch::pass(SearchStage stage, const std::function<void(int row)> &step)
 {
-    const int total = m_list.size();
-    for (int row = 0; row < total; ++row) {
-        step(row);
-        if (!m_progress(stage, row + 1, total))
+    const int total = m_list.size() - m_firstRow;
+    for (int done = 0; done < total; ++done) {
+        step(m_firstRow + done);
+        if (!m_progress(stage, done + 1, total))
             return false;
     }
     return true;
@@ -112,6 +133,7 @@ bool StockSearch::barcodePass()
             m_program.company().execute(stock_queries::barcodesOf(stock.code)), stock.tag);
         if (!barcode.isEmpty())
             m_list.setBarcode(row, barcode);
+        m_list.barcodeRead(row);
     });
 }
 

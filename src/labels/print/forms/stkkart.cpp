@@ -1,11 +1,12 @@
 #include "labels/print/forms/stkkart.h"
 
+#include "labels/print/forms/form_keys.h"
+#include "labels/print/forms/gather_menu.h"
+#include "labels/print/forms/list_menu.h"
 #include "labels/print/label_desk.h"
 #include "ui_stkkart.h"
 
 #include <QCloseEvent>
-#include <QMenu>
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,7 @@ stkkart::stkkart(LabelDesk &desk, QWidget *parent)
     connectSearches();
     connectQueue();
     connectDesk();
+    connectNumbers();
     connectKeys();
     m_ui->Text1->setFocus();
 }
@@ -51,37 +53,17 @@ void stkkart::buildLists()
 
 void stkkart::buildMenus()
 {
-    auto *stockMenu = new QMenu(this);
-    stockMenu->setObjectName(u"stklist"_s);
+    auto *stockMenu = new ListMenu(u"stklist"_s, m_ui->l1, this);
     for (QAbstractButton *button : {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm})
-        addTo(stockMenu, button);
+        stockMenu->add(button);
 
-    auto *queueMenu = new QMenu(this);
-    queueMenu->setObjectName(u"yzdlst"_s);
-    addTo(queueMenu, m_ui->printSelected, u"yzdsec"_s);
-    addTo(queueMenu, m_ui->printAll, u"yzdtum"_s);
-    addTo(queueMenu, m_ui->chooseLayout);
+    auto *queueMenu = new ListMenu(u"yzdlst"_s, m_ui->l2, this);
+    queueMenu->add(m_ui->printSelected, u"yzdsec"_s);
+    queueMenu->add(m_ui->printAll, u"yzdtum"_s);
+    queueMenu->add(m_ui->chooseLayout);
     queueMenu->addSeparator();
-    addTo(queueMenu, m_ui->removeOne);
-    addTo(queueMenu, m_ui->clearQueue);
-
-    const auto openOver = [](ListView *list, QMenu *menu) {
-        connect(list, &QWidget::customContextMenuRequested, menu, [list, menu](const QPoint &at) {
-            if (list->model()->rowCount() > 0)
-                menu->popup(list->viewport()->mapToGlobal(at));
-        });
-    };
-    openOver(m_ui->l1, stockMenu);
-    openOver(m_ui->l2, queueMenu);
-}
-
-/// A menu entry that does what a button does, while the button may be pressed.
-void stkkart::addTo(QMenu *menu, QAbstractButton *button, const QString &name)
-{
-    QAction *action = menu->addAction(button->text(), button, &QAbstractButton::click);
-    action->setObjectName(name);
-    connect(menu, &QMenu::aboutToShow, action,
-            [action, button] { action->setEnabled(button->isEnabled()); });
+    queueMenu->add(m_ui->removeOne);
+    queueMenu->add(m_ui->clearQueue);
 }
 
 void stkkart::connectSearches()
@@ -93,6 +75,8 @@ void stkkart::connectSearches()
     connect(m_ui->Text3, &QLineEdit::returnPressed, &m_desk,
             [this] { m_desk.brkdbul(searchText(m_ui->Text3)); });
     connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+    connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
+    connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
 
     const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
         connect(option, &QAbstractButton::clicked, &m_desk,
@@ -131,7 +115,7 @@ void stkkart::connectQueue()
 
 void stkkart::connectDesk()
 {
-    connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showBusy);
+    connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showCommands);
     connect(&m_desk, &LabelDesk::busyChanged, m_ui->statusBar, &DeskStatusBar::showBusy);
     connect(&m_desk, &LabelDesk::statusChanged, m_ui->statusBar, &DeskStatusBar::showText);
     connect(&m_desk, &LabelDesk::progressed, m_ui->statusBar, &DeskStatusBar::showProgress);
@@ -145,6 +129,19 @@ void stkkart::connectDesk()
         m_ui->Text2->selectAll();
         showCount();
     });
+}
+
+/// While stocks are being numbered, the commands of numbering stand where those of printing do.
+void stkkart::connectNumbers()
+{
+    NumberDesk &numbers = m_desk.numbers();
+    m_ui->barkodsuz->setMenu(new GatherMenu(m_desk, this));
+    connect(m_ui->brkdurt, &QPushButton::clicked, &numbers, &NumberDesk::brkdurt);
+    connect(m_ui->brgnc, &QPushButton::clicked, &numbers, &NumberDesk::brgnc);
+    connect(&numbers, &NumberDesk::modeChanged, this, &stkkart::showCommands);
+    connect(&numbers, &NumberDesk::summaryChanged, m_ui->numberSummary, &QLabel::setText);
+    m_ui->numberSummary->setText(numbers.summary());
+    showCommands();
 }
 
 void stkkart::connectKeys()
@@ -170,9 +167,13 @@ void stkkart::connectKeys()
     // A button's own shortcut would press it a tenth of a second late, to show it going down.
     const std::pair<QKeySequence, QAbstractButton *> commands[] = {
         {Qt::Key_F6, m_ui->listAll},
+        {Qt::CTRL | Qt::Key_F, m_ui->fatura},
+        {Qt::CTRL | Qt::Key_D, m_ui->fytdegisbul},
         {Qt::Key_F9, m_ui->printAll},
         {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
         {Qt::CTRL | Qt::Key_F9, m_ui->chooseLayout},
+        {Qt::Key_F11, m_ui->brkdurt},
+        {Qt::Key_F12, m_ui->brgnc},
         {Qt::CTRL | Qt::Key_1, m_ui->ekbr1},
         {Qt::CTRL | Qt::Key_2, m_ui->ekbr2},
         {Qt::CTRL | Qt::Key_3, m_ui->ektm},
@@ -180,14 +181,6 @@ void stkkart::connectKeys()
     for (const auto &[keys, button] : commands)
         onKey(this, keys, [pressed = button] { pressed->click(); });
     onKey(this, Qt::Key_Escape, [this] { leave(); });
-}
-
-/// A key of one control, or of the whole window.
-void stkkart::onKey(QWidget *widget, const QKeySequence &keys, const std::function<void()> &action)
-{
-    auto *shortcut = new QShortcut(keys, widget);
-    shortcut->setContext(widget == this ? Qt::WindowShortcut : Qt::WidgetShortcut);
-    connect(shortcut, &QShortcut::activated, this, action);
 }
 
 /// The text is selected, so that the next scan or word replaces it.
@@ -234,16 +227,31 @@ void stkkart::showCount()
     m_ui->adet->selectAll();
 }
 
-void stkkart::showBusy(bool busy)
+void stkkart::showCommands()
 {
-    for (QWidget *command :
-         std::initializer_list<QWidget *>{m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm,
-                                          m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll})
-        command->setDisabled(busy);
+    using Commands = std::initializer_list<QWidget *>;
+    const Commands adding = {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
+    const Commands printing = {m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll};
+    const Commands numbering = {m_ui->brkdurt, m_ui->brgnc};
+    const bool on = m_desk.numbers().isOn();
+    for (QWidget *command : adding)
+        command->setEnabled(m_desk.isFree());
+    for (QWidget *command : printing) {
+        command->setEnabled(m_desk.isFree());
+        command->setHidden(on);
+    }
+    for (QWidget *command : numbering) {
+        command->setEnabled(on && !m_desk.isBusy());
+        command->setVisible(on);
+    }
 }
 
 void stkkart::closeEvent(QCloseEvent *event)
 {
+    if (!m_desk.mayClose()) {
+        event->ignore();
+        return;
+    }
     m_desk.saveWidths(m_ui->l1->widths(), m_ui->l2->widths());
     m_desk.stop();
     // A key handler of this window may still be running a search; the window goes after it.

@@ -2,13 +2,10 @@
 
 #include <QMainWindow>
 
-#include <functional>
 #include <memory>
 
 QT_BEGIN_NAMESPACE
-class QAbstractButton;
 class QLineEdit;
-class QMenu;
 class QToolButton;
 QT_END_NAMESPACE
 
@@ -31,6 +28,11 @@ public:
     /// Where the main menu goes on a desktop without a tray; hidden until it is shown.
     QToolButton *menuButton() const;
 
+Q_SIGNALS:
+    /// Stocks are to be listed from invoices, or by their price changes.
+    void faturaWanted();
+    void fytdegisbulWanted();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
@@ -40,9 +42,8 @@ private:
     void connectSearches();
     void connectQueue();
     void connectDesk();
+    void connectNumbers();
     void connectKeys();
-    void onKey(QWidget *widget, const QKeySequence &keys, const std::function<void()> &action);
-    void addTo(QMenu *menu, QAbstractButton *button, const QString &name = {});
 
     QString searchText(QLineEdit *box);
     void goToSearch(QLineEdit *box);
@@ -50,7 +51,7 @@ private:
     void moveInQueue(int rows);
     void leave();
     void showCount();
-    void showBusy(bool busy);
+    void showCommands();
 
     LabelDesk &m_desk;
     std::unique_ptr<Ui::stkkart> m_ui;

@@ -1,0 +1,44 @@
+#include "labels/layout/turned_text.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTransform>
+
+#include <cmath>
+
+int normalisedAngle(double degrees)
+{
+    if (!std::isfinite(degrees))
+        return 0;
+    const double half = degrees > 0 ? 180 : degrees < 0 ? -180 : 0;
+    return static_cast<int>(std::fmod(std::nearbyint(degrees + half), 360) - half);
+}
+
+void drawTurnedText(QPainter &painter, QPointF dot, double angle, const DeviceFont &font,
+                    const QString &text)
+{
+    painter.setFont(font.font());
+    if (angle == 0) {
+        painter.drawText(dot + QPointF(0, font.ascent()), text);
+        return;
+    }
+    const QTransform base = painter.worldTransform();
+    painter.setWorldTransform(QTransform::fromTranslate(dot.x(), dot.y()).rotate(-angle) * base);
+    painter.drawText(QPointF(0, font.ascent()), text);
+    painter.setWorldTransform(base);
+}
+
+TurnedBox turnedBox(double angle, const DeviceFont &font, const QString &text)
+{
+    // Slanted and ornamental letters reach beyond their widths.
+    const QRectF letters =
+        QFontMetricsF(font.font()).boundingRect(text).translated(0, font.ascent());
+    const QRectF line = QRectF(0, 0, font.width(text), font.height()).united(letters);
+    // Which corner of the turned line lies lowest or leftmost depends on the quadrant; the mapped
+    // rectangle knows.
+    const QRectF turned = QTransform().rotate(-angle).mapRect(line);
+    const QPointF start(std::ceil(-turned.left()), std::ceil(-turned.top()));
+    const QPointF end = turned.bottomRight() + start;
+    return {QSize(static_cast<int>(std::ceil(end.x())), static_cast<int>(std::ceil(end.y()))),
+            start.toPoint()};
+}
