@@ -111,7 +111,11 @@ public:
     {
         m_entries.push_back({m_section, key, value});
     }
-    void putLength(const QString &key, float mm) { put(key, amount::length(mm)); }
+    void putLength(const QString &key, float mm)
+    {
+        // An empty width would end the list of elements, so an endless one is written as 0,0.
+        put(key, amount::length(std::isfinite(mm) ? mm : 0.0F));
+    }
     void putFlag(const QString &key, bool value) { put(key, truthText(value)); }
     void putNumber(const QString &key, int value) { put(key, QString::number(value)); }
 
