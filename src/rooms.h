@@ -48,12 +48,15 @@ public:
     bool restartWanted() const { return m_restart; }
 
 private:
+    template <typename Form, typename Make>
+    void showForm(QPointer<Form> &form, Make make);
     void connectMenu();
     void connectPrinting();
     void chooseLayout(PrintMode mode);
     void showLoginModal();
     void showSettings();
     void settingsSaved(bool startWithMachine);
+    void reloadTill();
     void showReceiptDesigner();
     void connectionUnloaded();
     void end();
