@@ -1,4 +1,5 @@
-# A tour in an empty folder must end well and leave a picture of every form and printed labels.
+# A tour in an empty folder must end well and leave a picture of every form, printed labels and
+# receipts, and the ledger rows of its sales.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER}/dukkan)
 execute_process(COMMAND ${TEZGAH} --directory ${FOLDER}/dukkan --tour ${FOLDER}/cikti
@@ -6,7 +7,7 @@ execute_process(COMMAND ${TEZGAH} --directory ${FOLDER}/dukkan --tour ${FOLDER}/
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "the tour ended with ${result}")
 endif()
-foreach(form stkkart yazfrm login parametre-1 mesaj kakknd baglan)
+foreach(form stfatura miktr PER receipt_designer stkkart yazfrm login parametre-1 mesaj kakknd baglan)
     if(NOT EXISTS ${FOLDER}/cikti/${form}.png)
         message(FATAL_ERROR "no picture of ${form}")
     endif()
@@ -15,4 +16,13 @@ file(GLOB printed ${FOLDER}/cikti/Etiket-*.pdf)
 list(LENGTH printed count)
 if(count LESS 3)
     message(FATAL_ERROR "only ${count} label files")
+endif()
+file(GLOB receipts ${FOLDER}/cikti/Fi*-*.pdf)
+list(LENGTH receipts count)
+if(count LESS 2)
+    message(FATAL_ERROR "only ${count} receipts")
+endif()
+file(STRINGS ${FOLDER}/cikti/defter.txt ledger REGEX "^[+] ")
+if(NOT ledger)
+    message(FATAL_ERROR "the sales wrote nothing into the ledger")
 endif()
