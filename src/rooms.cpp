@@ -7,9 +7,11 @@
 #include "labels/print/forms/stkkart.h"
 #include "labels/print/forms/yazfrm.h"
 #include "labels/print/queue_labels.h"
+#include "platform/window_style.h"
 #include "sales/forms/receipt_designer.h"
 #include "sales/forms/stfatura.h"
 #include "sales/receipt_editor.h"
+#include "shell/cls_style.h"
 #include "shell/forms/baglan.h"
 #include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
@@ -25,19 +27,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Brings a form up, making it first when it is not there.
-template <typename Form, typename Make>
-void showForm(QPointer<Form> &form, Make make)
+/// Keeps a window over those of other programs, or no longer. One that is as wanted is left alone:
+/// a change would show it anew.
+void keepOnTop(QWidget &window, bool on)
 {
-    // A form that was closed while it still worked lives on unseen until it is done; it is not
-    // shown again.
-    if (!form || !form->isVisible()) {
-        form = make();
-        form->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    form->show();
-    form->raise();
-    form->activateWindow();
+    const auto words = windowStyleOf(window);
+    clsStyle style(*words);
+    if (style.TopMost() != on)
+        style.setTopMost(on);
 }
 
 bool hasTray()
@@ -70,6 +67,24 @@ Rooms::~Rooms()
          std::initializer_list<QWidget *>{m_designer, m_parametre, m_login, m_baglan, m_kakknd,
                                           m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
+}
+
+/// Brings a form up, making it first when it is not there.
+template <typename Form, typename Make>
+void Rooms::showForm(QPointer<Form> &form, Make make)
+{
+    // A form that was closed while it still worked lives on unseen until it is done; it is not
+    // shown again.
+    if (!form || !form->isVisible()) {
+        const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
+        form = make();
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        if (tillOnTop) // else the till would hide it
+            form->setWindowFlag(Qt::WindowStaysOnTopHint);
+    }
+    form->show();
+    form->raise();
+    form->activateWindow();
 }
 
 void Rooms::connectMenu()
@@ -157,8 +172,18 @@ void Rooms::showSales()
     showForm(m_stfatura, [this] {
         auto *form = new stfatura(m_till);
         giveMenu(form->menuButton());
+        keepOnTop(*form, m_till.settings().staysOnTop());
         return form;
     });
+}
+
+/// After its settings or the receipt layout were changed.
+void Rooms::reloadTill()
+{
+    if (!m_stfatura)
+        return;
+    m_till.load();
+    keepOnTop(*m_stfatura, m_till.settings().staysOnTop());
 }
 
 void Rooms::showConnection()
@@ -215,8 +240,7 @@ void Rooms::showSettings()
 void Rooms::settingsSaved(bool startWithMachine)
 {
     m_desk.olcuyukle();
-    if (m_stfatura)
-        m_till.load();
+    reloadTill();
     if (!m_autostart.set(startWithMachine))
         m_program.mesajgoster(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s, 2, 3, 1);
     // The connection dialog looks at the master connection only, so a company name that was
@@ -233,10 +257,7 @@ void Rooms::showReceiptDesigner()
         auto *editor = new ReceiptEditor(m_program);
         auto *form = new receipt_designer(*editor, m_parametre);
         editor->setParent(form);
-        connect(editor, &ReceiptEditor::saved, this, [this] {
-            if (m_stfatura)
-                m_till.load();
-        });
+        connect(editor, &ReceiptEditor::saved, this, &Rooms::reloadTill);
         form->setModal(true);
         return form;
     });

@@ -52,6 +52,8 @@ public:
     bool restartWanted() const { return m_restart; }
 
 private:
+    template <typename Form, typename Make>
+    void showForm(QPointer<Form> &form, Make make);
     void connectMenu();
     void connectPrinting();
     void connectDocuments();
@@ -62,6 +64,7 @@ private:
     void showLoginModal();
     void showSettings();
     void settingsSaved(bool startWithMachine);
+    void reloadTill();
     void showReceiptDesigner();
     void connectionUnloaded();
     void end();

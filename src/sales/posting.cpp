@@ -80,20 +80,20 @@ public:
 
     PostingResult run()
     {
+        const DrawnCounter stock = drawCounter(ledger::kStockCounter);
         const DrawnCounter account = drawCounter(ledger::kAccountCounter);
         const DrawnCounter invoice = drawCounter(ledger::kInvoiceCounter);
-        const DrawnCounter stock = drawCounter(ledger::kStockCounter);
         m_header.accountNumber = account.documentNumber;
-        m_header.accountCounter = QString::number(account.value);
+        m_header.stockCounter = QString::number(stock.value);
         m_header.invoiceNumber = invoice.documentNumber;
         m_header.stockNumber = stock.documentNumber;
 
         postStock();
         postAccount();
         postInvoice();
-        advance(account, static_cast<double>(pricing::narrow(account.number()) + 1.0F));
+        advance(stock, static_cast<double>(pricing::narrow(stock.number()) + 1.0F));
+        advance(account, account.number() + 1.0);
         advance(invoice, invoice.number() + 1.0);
-        advance(stock, stock.number() + 1.0);
         return m_result;
     }
 

@@ -256,7 +256,8 @@ QString invoice(const Header &h)
                                   {u"FATFISKAYONC", u"1"_s},
                                   {u"FATFISKAYNAK", u"3"_s},
                                   {u"FATFISSTKREFNO", h.stockReference},
-                                  {u"FATFISCARREFNO", h.accountCounter},
+                                  // Of the stock counter, whatever the column's name says.
+                                  {u"FATFISCARREFNO", h.stockCounter},
                                   {u"FATFISKDVDAHILFLAG", u"1"_s},
                                   {u"FATFISANADEPO", h.warehouse},
                                   {u"FATFISCARKOD", h.customerCode},

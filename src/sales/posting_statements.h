@@ -44,7 +44,7 @@ struct Header
     QString stockNumber; ///< document numbers
     QString accountNumber;
     QString invoiceNumber;
-    QString accountCounter; ///< the account counter as it was read
+    QString stockCounter; ///< the stock counter as it was read
 
     QString stockReference = QStringLiteral("0"); ///< "0": could not be drawn
     QString accountReference = QStringLiteral("0");
@@ -63,15 +63,16 @@ struct Line
     QString vatBase, vatAmount, total, netPrice;
 };
 
-/// One of the three counters a sale draws document numbers from.
+/// One of the three counters a sale draws document numbers from. The host numbers its modules: 1
+/// invoices, 2 stock slips, 3 current-account slips.
 struct Counter
 {
     QStringView module;
     QStringView sequence;
 };
-inline constexpr Counter kAccountCounter{u"2", u"3"};
-inline constexpr Counter kInvoiceCounter{u"3", u"2"};
-inline constexpr Counter kStockCounter{u"1", u"2"};
+inline constexpr Counter kStockCounter{u"2", u"3"};
+inline constexpr Counter kAccountCounter{u"3", u"2"};
+inline constexpr Counter kInvoiceCounter{u"1", u"2"};
 
 QString counterRow(const Counter &counter);
 QString advanceCounter(const Counter &counter, const QString &newValue);

@@ -56,7 +56,8 @@ SaleSettings oku(Program &program)
                  {u"size", s.size},
                  {u"bold", s.bold},
                  {u"title", s.title},
-                 {u"tmekran", s.tmekran}});
+                 {u"tmekran", s.tmekran},
+                 {u"enust", s.enust}});
         readRow(db, u"per", {{u"per", s.per}});
     });
     return s;

@@ -28,12 +28,14 @@ struct SaleSettings
     QString bold; ///< 0 regular, 1 bold, 2 italic, 3 bold italic
     QString title;
     QString tmekran; ///< "1": full screen
+    QString enust;   ///< "1": the till stays over other windows
     QString per;     ///< "1": cashier by personal code
 
     bool foundSound() const { return bulses == u"1"; }
     bool notFoundSound() const { return bulmases == u"1"; }
     bool printsReceipt() const { return yazdirma == u"1"; }
     bool fullScreen() const { return tmekran == u"1"; }
+    bool staysOnTop() const { return enust == u"1"; }
     bool cashierByCode() const { return per == u"1"; }
 };
 

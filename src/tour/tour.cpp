@@ -24,7 +24,6 @@ namespace {
 constexpr int kTickMs = 120; ///< long enough for a form to lay itself out between two steps
 constexpr int kPatienceMs = 3000;
 constexpr int kLongestMs = 240'000;
-constexpr QSize kScreen(1366, 768);
 
 } // namespace
 
@@ -37,6 +36,7 @@ Tour::Tour(Rooms &rooms, const QString &directory, const QString &folder)
     documents();
     numbers();
     turnedText();
+    quickSale();
     settings();
     connection();
     QTimer::singleShot(kTickMs, this, &Tour::tick);
@@ -45,7 +45,7 @@ Tour::Tour(Rooms &rooms, const QString &directory, const QString &folder)
 
 void Tour::stockList()
 {
-    step(u"Stok listesi açıldı"_s, [this] { window(u"stkkart"_s)->resize(kScreen); });
+    step(u"Stok listesi açıldı"_s, [this] { window(u"stkkart"_s)->resize(kTourScreen); });
     step(u"Ada göre arama: süt"_s, [this] {
         type(u"stkkart"_s, u"Text1"_s, u"süt"_s);
         press(control(u"stkkart"_s, u"Text1"_s), Qt::Key_Return);
@@ -131,6 +131,11 @@ void Tour::settings()
                 tabs->setCurrentIndex(page);
             picture(u"parametre"_s, u"parametre-%1"_s.arg(page + 1));
         });
+    step(u"Fiş tasarımı"_s, [this] { click(u"parametre"_s, u"button6"_s); });
+    step(u"Ekran resmi"_s, [this] {
+        picture(u"receipt_designer"_s, u"receipt_designer"_s);
+        click(u"receipt_designer"_s, u"closeButton"_s);
+    });
     step(u"Ayarlar kaydedilir"_s, [this] { click(u"parametre"_s, u"button1"_s); });
     step(u"Hakkında"_s, [this] { m_rooms.showAbout(); });
     step(u"Ekran resmi"_s, [this] {

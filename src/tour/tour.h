@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tour/ledger_rows.h"
+
 #include <QDate>
 #include <QObject>
 #include <QStringList>
@@ -9,6 +11,8 @@
 #include <vector>
 
 class Rooms;
+
+inline constexpr QSize kTourScreen(1366, 768);
 
 /// Drives the program's real forms by keys, as a user would, and leaves a picture of each form and
 /// everything that was printed in a folder. Says on standard output what it does and where each
@@ -36,6 +40,15 @@ private:
     void turnedText();
     void settings();
     void connection();
+
+    void quickSale();
+    void fillFirstList();
+    void correctLines();
+    void fillSecondList();
+    void postBoth();
+    void scan(const QString &code);
+    void saleKey(int key);
+    void writeLedger();
 
     void tick();
     void giveUp();
@@ -69,4 +82,5 @@ private:
     bool m_ended = false;
     QWidget m_nowhere; ///< stands for a window that is not there
     QStringList m_collected;
+    LedgerRows m_ledger; ///< as it stood before the sales
 };

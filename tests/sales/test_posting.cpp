@@ -31,9 +31,9 @@ struct LedgerPosting : testing::Test
     {
         shop.add({u"869001"_s, u"S1"_s});
         shop.add({u"869002"_s, u"S2"_s});
+        counter(ledger::kStockCounter, u"S"_s, 123456);
         counter(ledger::kAccountCounter, u"C"_s, 41);
         counter(ledger::kInvoiceCounter, u"FTR"_s, 7);
-        counter(ledger::kStockCounter, u"S"_s, 123456);
         shop.host.answers[u"select * from CARKART where CARKOD='C100'"_s] =
             TillShop::row({u"CARKOD"_s, u"CARBORCTOP"_s, u"CARBAKIYE"_s}, {u"C100"_s, 10.5, 3.25});
         sale.moment = shop.clock.moment;
@@ -134,7 +134,7 @@ TEST_F(LedgerPosting, ASaleOfOneLineIsPostedStatementByStatement)
         "FATFISKDVORANI,FATFISMALTOP,FATFISKALINDYTOP,FATFISBRUTTOPLAM,FATFISKDVMATRAHI,"
         "FATFISKDVTUTARI,FATFISARATOPLAM,FATFISGENTOPLAM,FATFISSEVNO,FATFISTOPOTUT,FATFISSATKOD,"
         "FATFISHAZKOD,FATFISKONTKOD,FATFISONAYKOD) values ('07.03.2026','1','3','2','1','3','1',"
-        "'41','1','D1','C100','PERAKENDE','14:5','07.03.2026','07.03.2026','FTR000007','18',"
+        "'123456','1','D1','C100','PERAKENDE','14:5','07.03.2026','07.03.2026','FTR000007','18',"
         "'2001.00','290.15','1710.85','1710.85','307.95','1710.85','1710.85','999','0.00','P1',"
         "'P1','','')"_s,
         u"INSERT INTO FATHAR (FATHARTAR,FATHARREFNO,FATHARTIPI,FATHARGCFLAG,FATHARKAYONC,"
@@ -167,9 +167,9 @@ TEST_F(LedgerPosting, ASaleOfOneLineIsPostedStatementByStatement)
         "CARHARACIKLAMA,CARHARGCFLAG,CARHARTUTAR,CARHARVADETAR,CARHARODENDI) values "
         "('07.03.2026','901','5','2','3','C100','PERAKENDE','1','1','FATURA','FTR000007',"
         "'FTR000007 NOLU SATIS FAT.ILE','1','1710.85','07.03.2026','1')"_s,
-        u"UPDATE EVRAKNO SET EVRNO= '42' where EVRNOMODUL='2'AND EVRSIRANO='3'"_s,
-        u"UPDATE EVRAKNO SET EVRNO= '8' where EVRNOMODUL='3'AND EVRSIRANO='2'"_s,
-        u"UPDATE EVRAKNO SET EVRNO= '123457' where EVRNOMODUL='1'AND EVRSIRANO='2'"_s};
+        u"UPDATE EVRAKNO SET EVRNO= '123457' where EVRNOMODUL='2'AND EVRSIRANO='3'"_s,
+        u"UPDATE EVRAKNO SET EVRNO= '42' where EVRNOMODUL='3'AND EVRSIRANO='2'"_s,
+        u"UPDATE EVRAKNO SET EVRNO= '8' where EVRNOMODUL='1'AND EVRSIRANO='2'"_s};
     ASSERT_EQ(shop.host.statements.size(), expected.size());
     for (qsizetype i = 0; i < expected.size(); ++i)
         EXPECT_EQ(shop.host.statements.at(i), expected.at(i)) << i;
@@ -198,10 +198,10 @@ TEST_F(LedgerPosting, AnInvoiceOfSeveralVatRatesNamesNoRate)
                     .contains(u"'KDV(%0)','1.30','10.00','18'"_s));
 }
 
-TEST_F(LedgerPosting, TheAccountCounterIsAdvancedInSinglePrecision)
+TEST_F(LedgerPosting, TheStockCounterIsAdvancedInSinglePrecision)
 {
+    counter(ledger::kStockCounter, u""_s, 16777216);
     counter(ledger::kAccountCounter, u""_s, 16777216);
-    counter(ledger::kInvoiceCounter, u""_s, 16777216);
     post({saleLine(u"1"_s, u"S1"_s, u"5,00"_s, 1)});
     EXPECT_EQ(shop.sent(u"UPDATE EVRAKNO"_s).first(),
               u"UPDATE EVRAKNO SET EVRNO= '16777216' where EVRNOMODUL='2'AND EVRSIRANO='3'"_s);

@@ -247,6 +247,49 @@ TEST_F(Till, ALostHostIsToldAndTheListStands)
     EXPECT_EQ(shop.printed.size(), 1U);
 }
 
+/// One run per statement of each road, with a line already on the list.
+TEST_F(Till, AFaultOfAnyLookupStatementIsToldAndLeavesTheListAsItWas)
+{
+    scan({u"869002"_s});
+    bool refused = false;
+    QObject::connect(&till, &TillSession::entryRefused, [&] { refused = true; });
+    for (const bool barcode : {true, false}) {
+        const QString code = barcode ? u"869001"_s : u"S1"_s;
+        if (!barcode)
+            till.toggleEntryMode();
+        for (const int error : {HostError::kConnectionLost, HostError::kStatement}) {
+            for (int fault = 0; fault < 3; ++fault) {
+                const bool lost = error == HostError::kConnectionLost;
+                refused = false;
+                cleared = 0;
+                shop.prompt.shown.clear();
+                shop.host.statements.clear();
+                shop.host.failOn = [&](const QString &) -> std::optional<int> {
+                    if (shop.host.statements.size() != fault + 1)
+                        return {};
+                    shop.host.open = !lost;
+                    return error;
+                };
+                scan({code});
+                EXPECT_EQ(shop.host.statements.size(), fault + 1);
+                EXPECT_EQ(messages(), lost ? QStringList{kLost} : QStringList());
+                EXPECT_TRUE(notice.startsWith(u"Aranamadı: "_s + code));
+                EXPECT_EQ(refused, lost) << "a code that was not looked up stays to be sent again";
+                EXPECT_EQ(cleared, lost ? 0 : 1);
+                ASSERT_EQ(till.list(0).size(), 1);
+                EXPECT_EQ(till.totals(0).grand, u"20,00"_s);
+                shop.host.open = true;
+            }
+        }
+        shop.host.failOn = {};
+        scan({code});
+        EXPECT_EQ(till.list(0).size(), 2);
+        shop.prompt.answers = {Answer::yes};
+        till.sil();
+        EXPECT_EQ(till.totals(0).grand, u"20,00"_s);
+    }
+}
+
 TEST_F(Till, AnImpatientKeyPostsOnceAndScansMeanwhileGoToTheNextSale)
 {
     shop.host.answers.remove(u"select * from EVRAKNO where EVRNOMODUL='3'AND EVRSIRANO='2'"_s);

@@ -1,4 +1,5 @@
-# A tour in an empty folder must end well and leave a picture of every form and printed labels.
+# A tour in an empty folder must end well and leave a picture of every form, printed labels and
+# receipts, and the ledger rows of its sales.
 file(REMOVE_RECURSE ${FOLDER})
 file(MAKE_DIRECTORY ${FOLDER}/dukkan)
 set(ENV{XDG_RUNTIME_DIR} ${FOLDER}) # a lock of its own
@@ -7,7 +8,8 @@ execute_process(COMMAND ${TEZGAH} --directory ${FOLDER}/dukkan --tour ${FOLDER}/
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "the tour ended with ${result}")
 endif()
-foreach(form stkkart yazfrm fatura fytdegisbul Baruret Barkod login parametre-1 mesaj kakknd baglan)
+foreach(form stkkart yazfrm fatura fytdegisbul Baruret Barkod stfatura miktr PER receipt_designer
+        login parametre-1 mesaj kakknd baglan)
     if(NOT EXISTS ${FOLDER}/cikti/${form}.png)
         message(FATAL_ERROR "no picture of ${form}")
     endif()
@@ -16,4 +18,13 @@ file(GLOB printed ${FOLDER}/cikti/Etiket-*.pdf)
 list(LENGTH printed count)
 if(count LESS 6)
     message(FATAL_ERROR "only ${count} label files")
+endif()
+file(GLOB receipts ${FOLDER}/cikti/Fi*-*.pdf)
+list(LENGTH receipts count)
+if(count LESS 2)
+    message(FATAL_ERROR "only ${count} receipts")
+endif()
+file(STRINGS ${FOLDER}/cikti/defter.txt ledger REGEX "^[+] ")
+if(NOT ledger)
+    message(FATAL_ERROR "the sales wrote nothing into the ledger")
 endif()

@@ -1,0 +1,205 @@
+// The till over 100,000 embedded stocks. Each figure stands against the bare statements of the same
+// step, executed on the same engine with their rows thrown away:
+//   enterToLine  Enter to the priced line with its totals, on lists of 5 and 500 lines
+//   postSale     posting a sale of 20 lines
+// and, without a floor, totals after a change in a list of 2,000 lines.
+
+#include "big_shop.h"
+#include "fakes/fake_ports.h"
+#include "platform/engine_connector.h"
+#include "sales/sale_queries.h"
+#include "sales/till_session.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <benchmark/benchmark.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStocks = 100'000;
+
+/// Passes statements on and keeps their texts.
+class RecordedHost final : public HostConnection
+{
+public:
+    explicit RecordedHost(std::unique_ptr<HostConnection> host) : m_host(std::move(host)) {}
+
+    int state() const override { return m_host->state(); }
+    RecordSet execute(const QString &statement) override
+    {
+        if (recording)
+            statements += statement;
+        return m_host->execute(statement);
+    }
+
+    bool recording = false;
+    QStringList statements;
+
+private:
+    std::unique_ptr<HostConnection> m_host;
+};
+
+struct Shop
+{
+    Shop()
+    {
+        machine.db.setRow(u"stok"_s, {{u"fiyatip"_s, u"1"_s},
+                                      {u"depo"_s, u"01"_s},
+                                      {u"carikod"_s, u"120.00.001"_s},
+                                      {u"stkfistip"_s, u"3"_s},
+                                      {u"crfistip"_s, u"4"_s}});
+        machine.program.kdvtab[1] = {QString(), u"5"_s, u"1"_s};
+        auto recorded =
+            std::make_unique<RecordedHost>(EngineConnector(big.directory(), machine.keys)
+                                               .open(u"Server=(yerel);database=DEMOSIRKET;"_s));
+        host = recorded.get();
+        machine.program.bag = std::move(recorded);
+    }
+
+    BigShop big{kStocks};
+    FakeMachine machine;
+    RecordedHost *host = nullptr;
+};
+
+Shop &shop()
+{
+    static Shop only;
+    return only;
+}
+
+double seconds(qint64 nanoseconds)
+{
+    return static_cast<double>(nanoseconds) * 1e-9;
+}
+
+void fill(TillSession &till, int lines)
+{
+    for (int stock = 0; stock < lines; ++stock)
+        till.enterCode(BigShop::barcode(stock));
+}
+
+void bareLookup(HostConnection &host, int stock)
+{
+    host.execute(queries::barcodeRow(BigShop::barcode(stock)));
+    host.execute(queries::stockCard(BigShop::code(stock)));
+    host.execute(queries::pricesOfStock(BigShop::code(stock)));
+}
+
+/// The list grows by one line per look-up and is brought back, outside the clock.
+void enterToLine(benchmark::State &state)
+{
+    const int lines = static_cast<int>(state.range(0));
+    TillSession till(shop().machine.program);
+    till.load();
+    fill(till, lines);
+    shop().machine.prompt.answers.clear();
+    qint64 total = 0;
+    qint64 floor = 0;
+    int stock = 1000;
+    for (auto _ : state) {
+        stock = 1000 + (stock * 7919) % (kStocks - 1000);
+        QElapsedTimer timer;
+        timer.start();
+        bareLookup(*shop().host, stock);
+        floor += timer.nsecsElapsed();
+        const int next = 1000 + (stock + 1) % (kStocks - 1000);
+        timer.start();
+        till.enterCode(BigShop::barcode(next));
+        const qint64 took = timer.nsecsElapsed();
+        total += took;
+        state.SetIterationTime(seconds(took));
+        if (till.list(0).size() != lines + 1) {
+            state.SkipWithError("no line");
+            break;
+        }
+        shop().machine.prompt.answers = {Answer::yes};
+        till.sil();
+    }
+    const double count = static_cast<double>(state.iterations());
+    state.counters["floor_us"] = seconds(floor) * 1e6 / count;
+    state.counters["over_us"] = seconds(total - floor) * 1e6 / count;
+}
+
+/// Takes the latest slips out: their numbers are keys, and the replay writes them again.
+void removeSlips(HostConnection &host)
+{
+    for (const QString &name : {u"STKFIS"_s, u"CARFIS"_s, u"FATFIS"_s}) {
+        const RecordSet last = host.execute(u"select max(%1REFNO) AS TOTAL from  %1"_s.arg(name));
+        host.execute(
+            u"DELETE FROM %1 where %1REFNO='%2'"_s.arg(name).arg(qRound64(last.number(u"TOTAL"))));
+    }
+}
+
+/// Every sale is posted once by the till and its statements are replayed bare.
+void postSale(benchmark::State &state)
+{
+    constexpr int lines = 20;
+    Program &program = shop().machine.program;
+    TillSession till(program);
+    till.load();
+    fill(till, lines);
+    Sale sale;
+    sale.lines = till.list(0).lines();
+    sale.totals = till.totals(0);
+    sale.moment = shop().machine.clock.moment;
+    const SaleSettings settings = oku(program);
+
+    qint64 total = 0;
+    qint64 floor = 0;
+    for (auto _ : state) {
+        shop().host->statements.clear();
+        shop().host->recording = true;
+        QElapsedTimer timer;
+        timer.start();
+        const PostingResult result = faturakaydet(program, settings, sale);
+        const qint64 took = timer.nsecsElapsed();
+        total += took;
+        state.SetIterationTime(seconds(took));
+        shop().host->recording = false;
+        if (result.failed > 0) {
+            state.SkipWithError("a statement failed");
+            break;
+        }
+        removeSlips(*shop().host);
+        timer.start();
+        for (const QString &statement : std::as_const(shop().host->statements))
+            shop().host->execute(statement);
+        floor += timer.nsecsElapsed();
+    }
+    state.counters["ratio"] = static_cast<double>(total) / static_cast<double>(floor);
+    state.counters["statements"] = static_cast<double>(shop().host->statements.size());
+}
+
+void totalsOfLongList(benchmark::State &state)
+{
+    TillSession till(shop().machine.program);
+    till.load();
+    fill(till, 2000);
+    till.selectRow(0, 1000);
+    bool two = false;
+    for (auto _ : state) {
+        two = !two;
+        if (!till.miktargir(two ? u"2"_s : u"1"_s).isEmpty())
+            state.SkipWithError("refused");
+    }
+}
+
+BENCHMARK(enterToLine)->Arg(5)->Arg(500)->UseManualTime()->Unit(benchmark::kMicrosecond);
+BENCHMARK(postSale)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK(totalsOfLongList)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

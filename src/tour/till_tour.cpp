@@ -1,0 +1,165 @@
+#include "common/connection_string.h"
+#include "common/host_connection.h"
+#include "common/host_error.h"
+#include "platform/demo_shop.h"
+#include "platform/engine_connector.h"
+#include "platform/profile_key_file.h"
+#include "rooms.h"
+#include "tour/tour.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTill = u"stfatura"_s;
+const QString kEntry = u"srvadi"_s;
+
+// Barcodes of the demo shop.
+const QString kOliveOil = u"8688107052881"_s;
+const QString kSunflowerOil = u"86933308"_s; // three discounts
+const QStringList kRest = {u"8692848009608"_s, u"8692848487390"_s, u"86916585"_s,
+                           u"8683888055304"_s, u"8692848017849"_s};
+
+LedgerRows readLedger(const QString &directory)
+{
+    ProfileKeyFile keys;
+    const auto host =
+        EngineConnector(directory, keys)
+            .open(connectionString({kEmbeddedServer.toString(), {}, {}, kDemoCompany.toString()}));
+    return LedgerRows(*host);
+}
+
+} // namespace
+
+/// A whole sale on each of two lists, by keys.
+void Tour::quickSale()
+{
+    step(u"Satış ekranı"_s, [this] {
+        m_ledger = readLedger(m_directory);
+        m_rooms.showSales();
+        window(kTill)->resize(kTourScreen);
+    });
+    fillFirstList();
+    correctLines();
+    fillSecondList();
+    postBoth();
+}
+
+void Tour::fillFirstList()
+{
+    step(u"SATIS1: barkodlar okutulur, ilk barkod üç kez (tek satırda birleşir)"_s, [this] {
+        for (const QString &barcode : {kOliveOil, kSunflowerOil, kOliveOil, kOliveOil})
+            scan(barcode);
+        for (const QString &barcode : kRest)
+            scan(barcode);
+    });
+    step(u"Bilinmeyen barkod"_s, [this] { scan(u"8690000000001"_s); });
+    step(u"Ekran resmi"_s, [this] { picture(kTill, u"stfatura-bilinmeyen"_s); });
+    step(u"F5: stok kodu ile giriş, sonra yeniden barkod"_s, [this] {
+        saleKey(Qt::Key_F5);
+        scan(u"MNV.0011"_s);
+        picture(kTill, u"stfatura-stok-kodu"_s);
+        saleKey(Qt::Key_F5);
+    });
+}
+
+void Tour::correctLines()
+{
+    step(u"F3: miktar girilir (1,2 kg)"_s, [this] { saleKey(Qt::Key_F3); });
+    step(u"Miktar penceresi"_s, [this] {
+        type(u"miktr"_s, u"Text1"_s, u"1,2"_s);
+        picture(u"miktr"_s, u"miktr"_s);
+        press(control(u"miktr"_s, u"Text1"_s), Qt::Key_Return);
+    });
+    step(u"Yukarı ok, F4: miktara 2 eklenir"_s, [this] {
+        saleKey(Qt::Key_Up);
+        saleKey(Qt::Key_F4);
+    });
+    step(u"Miktar penceresi"_s, [this] {
+        type(u"miktr"_s, u"Text1"_s, u"2"_s);
+        picture(u"miktr"_s, u"miktr-ekle"_s);
+        press(control(u"miktr"_s, u"Text1"_s), Qt::Key_Return);
+    });
+    step(u"Delete: satır onaydan sonra silinir"_s, [this] {
+        saleKey(Qt::Key_Up);
+        saleKey(Qt::Key_Delete);
+    });
+    step(u"Onay kutusu"_s, [this] {
+        picture(u"mesaj"_s, u"mesaj-satir-sil"_s);
+        press(control(u"mesaj"_s, u"button2"_s), Qt::Key_Return);
+    });
+}
+
+void Tour::fillSecondList()
+{
+    step(u"F8: SATIS2, müşteri bekletilmeden ikinci satış"_s, [this] {
+        saleKey(Qt::Key_F8);
+        for (const QString &barcode : {kRest.first(), kSunflowerOil, kSunflowerOil})
+            scan(barcode);
+        picture(kTill, u"stfatura-satis2"_s);
+    });
+    step(u"F10: kasiyer seçilir"_s, [this] { saleKey(Qt::Key_F10); });
+    step(u"Kasiyer listesi"_s, [this] {
+        QWidget *list = control(u"PER"_s, u"l1"_s);
+        press(list, Qt::Key_Down);
+        picture(u"PER"_s, u"PER"_s);
+        press(list, Qt::Key_Return);
+    });
+}
+
+void Tour::postBoth()
+{
+    step(u"F7, F6: SATIS1’in nakdi girilir"_s, [this] {
+        saleKey(Qt::Key_F7);
+        saleKey(Qt::Key_F6);
+        type(kTill, u"nkit1"_s, u"10.000"_s);
+        press(control(kTill, u"nkit1"_s), Qt::Key_Return);
+    });
+    step(u"Ekran resmi"_s, [this] { picture(kTill, u"stfatura"_s); });
+    step(u"F2: SATIS1 deftere yazılır, fiş basılır"_s, [this] { saleKey(Qt::Key_F2); });
+    step(u"Basılan fiş"_s, [this] {
+        collectPrints();
+        picture(kTill, u"stfatura-kaydedildi"_s);
+    });
+    step(u"F8, F6, F2: SATIS2 nakitle kapatılır"_s, [this] {
+        saleKey(Qt::Key_F8);
+        saleKey(Qt::Key_F6);
+        type(kTill, u"nkit11"_s, u"500"_s);
+        press(control(kTill, u"nkit11"_s), Qt::Key_Return);
+        saleKey(Qt::Key_F2);
+    });
+    step(u"Basılan fiş"_s, [this] { collectPrints(); });
+    step(u"F12: son fiş yeniden basılır"_s, [this] { saleKey(Qt::Key_F12); });
+    step(u"Basılan fiş"_s, [this] { collectPrints(); });
+    step(u"Satışların deftere yazdığı satırlar"_s, [this] {
+        writeLedger();
+        window(kTill)->close();
+    });
+}
+
+void Tour::scan(const QString &code)
+{
+    type(kTill, kEntry, code);
+    press(control(kTill, kEntry), Qt::Key_Return);
+}
+
+void Tour::saleKey(int key)
+{
+    press(control(kTill, kEntry), key);
+}
+
+void Tour::writeLedger()
+{
+    const QString path = QDir(m_folder).filePath(u"defter.txt"_s);
+    const QString rows = readLedger(m_directory).changedSince(m_ledger);
+    if (rows.isEmpty())
+        fail(u"satışlar deftere hiçbir şey yazmadı"_s);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(rows.toUtf8()) < 0)
+        fail(u"%1 yazılamadı"_s.arg(path));
+    else
+        say(u"   defter: "_s + QDir::toNativeSeparators(path));
+}

@@ -1,0 +1,295 @@
+#include "common/connection_string.h"
+#include "common/settings_database.h"
+#include "sales/till_session.h"
+#include "shell/host_link.h"
+#include "support/print_qt.h"
+#include "support/real_shop.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kOilBarcode = u"8688107052881"_s; // GID.0015: 1.959,00, class 1 (1 %)
+const QString kDiscounted = u"GID.0004"_s;      // 100,90, discounts 25 + 10 + 5, class 1
+const QString kTowel = u"TEM.0011"_s;           // 201,50, discount 7,5, class 3 (20 %)
+const QString kCabbage = u"MNV.0011"_s;         // 26,95 a kilogram, class 1
+
+/// The host as the program knows it, with an eye on what goes by.
+class WatchedHost final : public HostConnection
+{
+public:
+    explicit WatchedHost(std::unique_ptr<HostConnection> host) : m_host(std::move(host)) {}
+
+    int state() const override { return m_host->state(); }
+    RecordSet execute(const QString &statement) override
+    {
+        if (before)
+            before(statement);
+        try {
+            return m_host->execute(statement);
+        } catch (const HostError &) {
+            failed += statement;
+            throw;
+        }
+    }
+
+    std::function<void(const QString &)> before;
+    QStringList failed;
+
+private:
+    std::unique_ptr<HostConnection> m_host;
+};
+
+WatchedHost &watch(Program &program)
+{
+    auto host = std::make_unique<WatchedHost>(std::move(program.bag));
+    WatchedHost &watched = *host;
+    program.bag = std::move(host);
+    return watched;
+}
+
+/// A second program on the working folder of the first.
+struct SecondTill
+{
+    explicit SecondTill(const QString &directory)
+        : host(directory, keys), printers(directory, clock),
+          program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
+    {
+        HostLink(program).sqlbaglan();
+        till = std::make_unique<TillSession>(program);
+        till->load();
+    }
+
+    FixedClock clock;
+    ProfileKeyFile keys;
+    EngineConnector host;
+    SqliteDatabase db;
+    SystemPrinters printers;
+    RecordingSounds sounds;
+    ScriptedPrompt prompt;
+    Program program;
+    std::unique_ptr<TillSession> till;
+};
+
+struct TillRoad : testing::Test
+{
+    TillRoad()
+    {
+        shop.open();
+        other = shop.host.open(connectionString({u"(yerel)"_s, {}, {}, u"DEMOSIRKET"_s}));
+        till.load();
+    }
+
+    static void sell(TillSession &session, const QStringList &codes)
+    {
+        using Mode = TillSession::EntryMode;
+        for (const QString &code : codes) {
+            const Mode mode = code.contains(u'.') ? Mode::stockCode : Mode::barcode;
+            if (session.entryMode() != mode)
+                session.toggleEntryMode();
+            session.enterCode(code);
+        }
+    }
+
+    /// Rows as a second connection reads them, "|" between the fields of each.
+    QStringList rows(const QString &from, const QString &columns)
+    {
+        RecordSet found = other->execute(u"select %1 from %2"_s.arg(columns, from));
+        QStringList lines;
+        for (; !found.eof(); found.moveNext()) {
+            QStringList fields;
+            for (const QString &column : columns.split(u','))
+                fields += found.text(column);
+            lines += fields.join(u'|');
+        }
+        return lines;
+    }
+
+    int count(const QString &table)
+    {
+        return static_cast<int>(other->execute(u"select * from "_s + table).rowCount());
+    }
+
+    RealShop shop;
+    std::unique_ptr<HostConnection> other;
+    TillSession till{shop.program};
+};
+
+struct Written
+{
+    QString from;
+    QString columns;
+    QStringList rows;
+};
+
+} // namespace
+
+TEST_F(TillRoad, ASaleStandsInEveryTableOfTheLedger)
+{
+    WatchedHost &host = watch(shop.program);
+    till.setCashier({u"P01"_s, u"Ayşe Gündoğdu"_s});
+    sell(till, {kOilBarcode, kDiscounted, kOilBarcode, kTowel, kCabbage, u"yok"_s});
+    ASSERT_EQ(till.list(0).size(), 4);
+    till.selectRow(0, 3);
+    EXPECT_EQ(till.miktargir(u"1,2"_s), QString());
+    till.selectRow(0, 0);
+    EXPECT_EQ(till.miktarekle(u"1"_s), QString());
+    till.setCash(0, u"6.200"_s);
+    EXPECT_EQ(till.totals(0).grand, u"6.160,43"_s);
+    EXPECT_EQ(till.totals(0).vat, u"97,02"_s);
+    EXPECT_EQ(till.change(0), u"39,57"_s);
+    till.post();
+    EXPECT_EQ(host.failed, QStringList());
+    EXPECT_TRUE(shop.prompt.shown.empty());
+    EXPECT_TRUE(till.list(0).isEmpty());
+    EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList({u"Fiş-*.pdf"_s}).size(), 1);
+
+    const QString month = u"STKMIZDEGER where STKYIL='2026' AND STKAY='3'AND STKKOD='%1'"_s;
+    const QString line = u"@STKKOD,@MIKTAR,@FIYAT,@TUTAR,@KDVYUZ,@TOPLAMIND,@ISKYUZ2,"
+                         "@KDVTUTAR,@NETTUTAR,@SIRANO"_s;
+    const QStringList lines = {u"GID.0015|3|1959|5877|1|0|0|58,77|5877|1"_s,
+                               u"GID.0004|1|100,9|100,9|1|36,2|10|0,65|64,7|2"_s,
+                               u"TEM.0011|1|201,5|201,5|20|15,11|0|37,28|186,39|3"_s,
+                               u"MNV.0011|1,2|26,95|32,34|1|0|0|0,32|32,34|4"_s};
+    for (const Written &written : std::vector<Written>{
+             {u"STKFIS"_s,
+              u"STKFISREFNO,STKFISTAR,STKFISTIPI,STKFISCARKOD,STKFISANADEPO,STKFISEVRAKNO1,"
+              "STKFISTOPBTUT,STKFISTOPISK,STKFISTOPNTUT,STKFISTOPKDV"_s,
+              {u"1|07.03.2026|3|120.00.001|01|SC001287|6211,74|51,31|6160,43|97,02"_s}},
+             {u"STKHAR where STKHARREFNO='1'"_s, QString(line).replace(u"@"_s, u"STKHAR"_s), lines},
+             {u"STKKART where STKKOD='GID.0015'"_s, u"STKBAKIYE"_s, {u"-9"_s}},
+             {u"STKKART where STKKOD='GID.0004'"_s, u"STKBAKIYE"_s, {u"31"_s}},
+             {month.arg(u"GID.0015"_s),
+              u"STKRAKTIP,STKALACAK,STKDEPO"_s,
+              {u"1|3|01"_s, u"6|5877|01"_s, u"8|0|01"_s, u"7|5877|01"_s}},
+             {month.arg(u"GID.0004"_s),
+              u"STKRAKTIP,STKALACAK"_s,
+              {u"1|1"_s, u"6|100,9"_s, u"8|36,2"_s, u"7|64,7"_s}},
+             {u"CARFIS"_s,
+              u"CARFISREFNO,CARFISTIPI,CARFISCARUNVAN,CARFISEVRAKNO1,CARFISBORCTOP,CARFISHAZKOD"_s,
+              {u"1|4|PERAKENDE MÜŞTERİ|CF000742|6160,43|P01"_s}},
+             {u"CARMIZDEGER where CARKOD='120.00.001'"_s,
+              u"CARYIL,CARAY,CARRAKTIP,CARBORC,CARISLTIP"_s,
+              {u"2026|3|1|6160,43|1"_s, u"2026|3|3|6160,43|1"_s}},
+             {u"CARKART where CARKOD='120.00.001'"_s,
+              u"CARBORCTOP,CARBAKIYE"_s,
+              {u"190396,88|6160,43"_s}},
+             {u"FATFIS where FATFISREFNO='46'"_s,
+              u"FATFISTIPI,FATFISSTKREFNO,FATFISCARREFNO,FATFISSAAT,FATFISEVRAKNO1,FATFISKDVORANI,"
+              "FATFISMALTOP,FATFISKALINDYTOP,FATFISKDVTUTARI,FATFISGENTOPLAM"_s,
+              {u"3|1|1287|14:5|PF000426|0|6211,74|51,31|97,02|6160,43"_s}},
+             {u"FATHAR where FATHARREFNO='46'"_s, QString(line).replace(u"@"_s, u"FATHAR"_s),
+              lines},
+             {u"FATFISTOPLAM where FFTREFNO='46'"_s,
+              u"FFTKONU,FFTBASLIK,FFTTUTAR,FFTMATRAH,FFTKDVORAN"_s,
+              {u"1|Kal.İnd.1 (%)|40,34|6211,74|0"_s, u"2|Kal.İnd.2 (%)|7,57|6171,4|0"_s,
+               u"3|Kal.İnd.3 (%)|3,41|6163,83|0"_s, u"101|KDV(%0)|97,02|6160,43|18"_s}},
+             {u"CARHAR where CARHARREFNO='1'"_s,
+              u"CARHARISTIPKOD,CARHAREVRAKNO,CARHARACIKLAMA,CARHARTUTAR"_s,
+              {u"FATURA|PF000426|PF000426 NOLU SATIS FAT.ILE|6160,43"_s}},
+             {u"EVRAKNO where EVRNOMODUL='2'AND EVRSIRANO='3'"_s, u"EVRNO"_s, {u"1288"_s}},
+             {u"EVRAKNO where EVRNOMODUL='3'AND EVRSIRANO='2'"_s, u"EVRNO"_s, {u"743"_s}},
+             {u"EVRAKNO where EVRNOMODUL='1'AND EVRSIRANO='2'"_s, u"EVRNO"_s, {u"427"_s}},
+         })
+        EXPECT_EQ(rows(written.from, written.columns), written.rows) << written.from.toStdString();
+
+    till.post(); // nothing is left to post
+    EXPECT_EQ(count(u"STKFIS"_s), 1);
+    EXPECT_EQ(count(u"STKHAR"_s), 4);
+
+    // The next sale of the month adds to the month's figures.
+    sell(till, {kOilBarcode});
+    till.post();
+    EXPECT_EQ(rows(month.arg(u"GID.0015"_s), u"STKALACAK"_s),
+              QStringList({u"4"_s, u"7836"_s, u"0"_s, u"7836"_s}));
+    EXPECT_EQ(rows(u"FATFIS where FATFISREFNO='47'"_s, u"FATFISEVRAKNO1,FATFISKDVORANI"_s),
+              QStringList{u"PF000427|1"_s});
+    EXPECT_EQ(host.failed, QStringList());
+}
+
+TEST_F(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
+{
+    other->execute(u"INSERT INTO STKKART (STKKOD,STKCINSI,STKBIRIM,STKBAKIYE) values "
+                   "('OZL.1','Ali''nin Balı','ADET','10')"_s);
+    other->execute(u"INSERT INTO STKBARKOD (STKBARKOD,STKBARSTKKOD) values ('4711','OZL.1')"_s);
+    other->execute(u"INSERT INTO STKFIYAT (STKFIYSTKKOD,STKFIYNO,STKFIYTUTAR,STKFIYKDVNO) values "
+                   "('OZL.1','1','1250.50','1')"_s);
+    WatchedHost &host = watch(shop.program);
+    sell(till, {u"4711"_s, kTowel, u"8'6"_s});
+    ASSERT_EQ(till.list(0).size(), 2);
+    EXPECT_EQ(till.list(0).line(0)[SaleColumn::name], u"Ali'nin Balı"_s);
+    host.failed.clear();
+    till.post();
+
+    ASSERT_EQ(host.failed.size(), 2);
+    EXPECT_TRUE(host.failed[0].startsWith(u"INSERT INTO STKHAR "_s));
+    EXPECT_TRUE(host.failed[1].startsWith(u"INSERT INTO FATHAR "_s));
+    ASSERT_EQ(shop.prompt.shown.size(), 1U);
+    EXPECT_TRUE(shop.prompt.shown[0].text.contains(u"2 kayıt"_s));
+    EXPECT_TRUE(shop.prompt.shown[0].text.contains(u"Stok hareketi OZL.1"_s));
+    EXPECT_TRUE(shop.prompt.shown[0].text.contains(u"Fatura satırı OZL.1"_s));
+    EXPECT_EQ(rows(u"STKHAR"_s, u"STKHARSTKKOD"_s), QStringList{kTowel});
+    EXPECT_EQ(rows(u"FATHAR where FATHARREFNO='46'"_s, u"FATHARSTKKOD"_s), QStringList{kTowel});
+    EXPECT_EQ(rows(u"STKKART where STKKOD='OZL.1'"_s, u"STKBAKIYE"_s), QStringList{u"9"_s});
+    EXPECT_EQ(rows(u"FATFIS where FATFISREFNO='46'"_s, u"FATFISGENTOPLAM"_s),
+              QStringList{u"1436,89"_s});
+}
+
+/// Both tills draw the same reference numbers: the second slip of a number is refused and told,
+/// everything else of both sales stands.
+TEST_F(TillRoad, AnotherTillPostsInTheMiddleOfAPosting)
+{
+    SecondTill second(shop.folder.path());
+    sell(till, {kOilBarcode});
+    sell(*second.till, {kTowel});
+    WatchedHost &host = watch(shop.program);
+    host.before = [&](const QString &statement) {
+        if (statement.startsWith(u"INSERT INTO STKFIS "_s))
+            second.till->post();
+    };
+    till.post();
+
+    EXPECT_TRUE(second.prompt.shown.empty());
+    ASSERT_EQ(host.failed.size(), 1);
+    EXPECT_TRUE(host.failed[0].startsWith(u"INSERT INTO STKFIS "_s));
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    EXPECT_EQ(rows(u"STKFIS"_s, u"STKFISTOPNTUT"_s), QStringList{u"186,39"_s});
+    EXPECT_EQ(count(u"STKHAR"_s), 2);
+    EXPECT_EQ(rows(u"FATFIS where FATFISREFNO>'45'"_s, u"FATFISREFNO,FATFISGENTOPLAM"_s),
+              QStringList({u"46|186,39"_s, u"47|1959"_s}));
+    EXPECT_EQ(rows(u"CARKART where CARKOD='120.00.001'"_s, u"CARBAKIYE"_s),
+              QStringList{u"2145,39"_s});
+}
+
+TEST_F(TillRoad, TwoTillsPostAtOnceWithoutHanging)
+{
+    constexpr int sales = 8;
+    {
+        const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
+        shop.db.execute(u"Update yazici set yazdirma = '0' Where id ='1'"_s);
+    }
+    const auto work = [&](const QStringList &codes) {
+        SecondTill second(shop.folder.path());
+        for (int i = 0; i < sales; ++i) {
+            sell(*second.till, codes);
+            second.till->post();
+            EXPECT_TRUE(second.till->list(0).isEmpty());
+        }
+    };
+    QElapsedTimer timer;
+    timer.start();
+    std::thread first(work, QStringList{kOilBarcode, kTowel});
+    std::thread second(work, QStringList{kDiscounted, kCabbage});
+    first.join();
+    second.join();
+    EXPECT_LT(timer.elapsed(), 60'000);
+    // Lines have no key of their own: none of them is lost.
+    EXPECT_EQ(count(u"STKHAR"_s), 4 * sales);
+    EXPECT_EQ(count(u"CARHAR"_s), 2 * sales);
+}
