@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
@@ -249,6 +250,18 @@ void Tour::trigger(const QString &windowName, const QString &name)
         action->trigger();
     else
         fail(u"%1 penceresinde %2 yok"_s.arg(windowName, name));
+}
+
+/// Says yes where the program asks something.
+void Tour::confirm()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (!box)
+        return;
+    say(u"   soru: "_s + box->text());
+    for (QAbstractButton *button : box->buttons())
+        if (box->buttonRole(button) == QMessageBox::YesRole)
+            button->click();
 }
 
 void Tour::setDate(const QString &windowName, const QString &name, QDate date)

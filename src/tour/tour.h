@@ -59,6 +59,7 @@ private:
     void type(const QString &windowName, const QString &name, const QString &text);
     void click(const QString &windowName, const QString &name);
     void trigger(const QString &windowName, const QString &action);
+    void confirm();
     void setDate(const QString &windowName, const QString &name, QDate date);
     int rows(const QString &list);
     void picture(const QString &windowName, const QString &file);

@@ -58,6 +58,7 @@ void Tour::printList(const QString &source)
             fail(u"kuyruk boş"_s);
     });
     step(u"Tümü yazdırılır"_s, [this] { click(u"stkkart"_s, u"printAll"_s); });
+    step(u"Soru varsa evet denir"_s, [this] { confirm(); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
 
@@ -87,6 +88,7 @@ void Tour::numbers()
         picture(u"stkkart"_s, u"stkkart-numaralar-kaydedildi"_s);
         click(u"stkkart"_s, u"printAll"_s);
     });
+    step(u"Soru varsa evet denir"_s, [this] { confirm(); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
 
