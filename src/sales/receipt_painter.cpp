@@ -12,7 +12,8 @@
 namespace {
 
 constexpr double kPointsPerInch = 72.0;
-constexpr double kSmallestShare = 0.8;   ///< of its size, for a text that may be shortened instead
+constexpr double kSmallestShare = 0.8; ///< of its size, for a text that may be shortened instead
+constexpr double kNameGap = 1.0; ///< mm between a name that fills its room and the next column
 constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length to whole dots
 
 QFont fontOf(const ReceiptText &text, double dpi)
@@ -46,7 +47,8 @@ void paintText(QPainter &painter, const ReceiptText &text, QSizeF dpi, double to
 {
     QFont font = fontOf(text, dpi.height());
     const double ascent = QFontMetricsF(font).ascent();
-    const QString shown = fit(font, text, text.width * dpi.width() / kMmPerInch);
+    const double room = text.width - (text.mayShorten ? kNameGap : 0.0);
+    const QString shown = fit(font, text, room * dpi.width() / kMmPerInch);
     painter.setFont(font);
     painter.drawText(QPointF(std::round(text.x * dpi.width() / kMmPerInch),
                              std::round((text.y - top) * dpi.height() / kMmPerInch + ascent)),

@@ -275,7 +275,10 @@ void TillSession::postList(int number)
     if (result.posted()) {
         clearList(number);
         at(number).lastReceipt = nextReceipt(sale);
-        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(sale.totals.grand), false);
+        // The change is handed out after the list was cleared.
+        const QString change =
+            sale.change == u"0,00" ? QString() : u"   Para üstü: "_s + sale.change;
+        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(sale.totals.grand) + change, false);
         if (m_settings.printsReceipt())
             print(*at(number).lastReceipt);
     } else {

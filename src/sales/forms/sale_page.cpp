@@ -14,7 +14,7 @@ namespace {
 constexpr std::array<double, kSaleColumns> kPlainDigits = {13.5, 8, 18, 5, 6, 9, 6, 9.5, 7.5, 9.5};
 constexpr int kCellPadding = 8; ///< pixels beside a cell's text
 constexpr int kNameColumn = static_cast<int>(SaleColumn::name) - 1;
-constexpr int kLeastName = 180; ///< pixels
+constexpr int kLeastName = 260; ///< pixels
 
 /// What a narrow window does without, first to go first.
 constexpr std::array kDispensable = {SaleColumn::stockCode, SaleColumn::unit,
