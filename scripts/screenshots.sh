@@ -20,7 +20,7 @@ XDG_RUNTIME_DIR="$work/run" QT_QPA_PLATFORM=offscreen timeout 300 \
 sheets=("$work"/pictures/Etiket-Raf-*.pdf)
 pdftoppm -png -singlefile -r 96 -x 0 -y 0 -W 794 -H 421 "${sheets[0]}" "$work/pictures/etiketler"
 
-mapfile -t shown < <(grep -ohE 'resimler/[a-z0-9-]+\.png' README.md docs/*.md | sort -u)
+mapfile -t shown < <(grep -ohE 'resimler/[A-Za-z0-9_-]+\.png' README.md docs/*.md | sort -u)
 mkdir -p docs/resimler
 rm -f docs/resimler/*.png
 for picture in "${shown[@]##*/}"; do

@@ -102,7 +102,7 @@ TEST(DemoShop, EveryShippedLayoutPrintsTheQueue)
     desk.stkkodbul(u"GID.001"_s);
     desk.ektm();
     PrintRun run(shop.program);
-    const QStringList layouts = run.layouts();
+    const QStringList layouts = run.layouts().names();
     EXPECT_GE(layouts.size(), 4);
     shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
     for (const QString &layout : layouts) {

@@ -6,7 +6,7 @@
 #include "labels/print/scan_problems.h"
 
 #include <QCoreApplication>
-#include <QDir>
+#include <QFileInfo>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QScopeGuard>
@@ -24,19 +24,9 @@ QSizeF resolution(const QPaintDevice &device)
 
 } // namespace
 
-PrintRun::PrintRun(Program &program, QObject *parent) : QObject(parent), m_program(program)
+PrintRun::PrintRun(Program &program, QObject *parent)
+    : QObject(parent), m_program(program), m_layouts(program)
 {}
-
-QStringList PrintRun::layouts() const
-{
-    return QDir(layoutFolder(m_program.directory()))
-        .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
-}
-
-LabelLayout PrintRun::layout(const QString &name) const
-{
-    return openLayout(m_program.keys, layoutFolder(m_program.directory()) + u'/' + name);
-}
 
 std::vector<LabelRow> PrintRun::selectedRow() const
 {
@@ -49,20 +39,20 @@ QImage PrintRun::preview(const QString &name, QSize most) const
 {
     std::vector<LabelRow> rows = m_mode == PrintMode::selected ? selectedRow() : m_rows;
     rows.resize(std::min<std::size_t>(rows.size(), 1));
-    const PrintJob job = makePrintJob(layout(name), std::move(rows));
+    const PrintJob job = makePrintJob(m_layouts.open(name), std::move(rows));
     return previewLabel(job, pictureFolder(m_program.directory()), most);
 }
 
 QString PrintRun::describe(const QString &name) const
 {
-    const LabelLayout chosen = layout(name);
-    return u"Yazıcı: %1 · %2 × %3 etiket · Kâğıt: %4 × %5 mm"_s.arg(
-        chosen.printer, chosen.across, chosen.down, chosen.paperWidth, chosen.paperHeight);
+    const LabelLayout chosen = m_layouts.open(name);
+    return u"%1 × %2 etiket · Kâğıt: %3 × %4 mm"_s.arg(chosen.across, chosen.down,
+                                                       chosen.paperWidth, chosen.paperHeight);
 }
 
 bool PrintRun::isChosen(const QString &name)
 {
-    if (layouts().contains(name))
+    if (m_layouts.names().contains(name))
         return true;
     m_program.prompt.warn(u"Ayar Dosyası Seciniz..."_s, false);
     return false;
@@ -96,7 +86,7 @@ void PrintRun::start(const std::vector<LabelRow> &rows, int selected, PrintMode 
     m_selected = selected;
     m_mode = mode;
     m_program.handle([&] {
-        const QString name = defaultLayout(m_program.keys, m_program.directory());
+        const QString name = m_layouts.defaultName();
         if (name.isEmpty())
             Q_EMIT layoutWanted(mode);
         else
@@ -142,7 +132,7 @@ bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int fi
 
 bool PrintRun::runDocument(const QString &name, std::vector<LabelRow> rows, int firstRow)
 {
-    const LabelLayout chosen = layout(name);
+    const LabelLayout chosen = m_layouts.open(name);
     const PrintJob job = makePrintJob(chosen, std::move(rows));
     if (job.labelCount() == 0 || !yazicitamam(chosen, name) || !confirmProblems(job))
         return false;

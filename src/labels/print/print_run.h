@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/program.h"
+#include "labels/print/layout_folder.h"
 #include "labels/print/print_job.h"
 
 #include <QElapsedTimer>
@@ -25,13 +26,12 @@ public:
 
     bool isRunning() const { return m_running; }
 
-    /// Names of the layout files, in alphabetical order.
-    QStringList layouts() const;
+    LayoutFolder &layouts() { return m_layouts; }
 
     /// The first waiting label in a layout, no larger than `most` pixels.
     QImage preview(const QString &layout, QSize most) const;
 
-    /// One line about a layout: printer, labels on the sheet, paper.
+    /// One line about a layout: labels on the sheet, paper.
     QString describe(const QString &layout) const;
 
     /// Whether a name from the print dialog is one of the layouts; tells the user when it is not.
@@ -76,10 +76,10 @@ private:
     bool confirmProblems(const PrintJob &job);
     void paint(const PrintJob &job, int firstRow);
     bool goOn(qint64 label, qint64 labels, int page);
-    LabelLayout layout(const QString &name) const;
     std::vector<LabelRow> selectedRow() const;
 
     Program &m_program;
+    LayoutFolder m_layouts;
     std::vector<LabelRow> m_rows; ///< waiting to be printed
     int m_selected = -1;
     PrintMode m_mode = PrintMode::all;

@@ -3,6 +3,8 @@
 #include "labels/print_engine/print_desk.h"
 #include "support/print_qt.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -52,7 +54,7 @@ TEST_F(PrintDialogTest, KeysChooseALayoutSeeItAndPrintOnce)
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     EXPECT_EQ(child<QLineEdit>(u"ad"_s)->text(), u"Raf.ayr"_s);
-    EXPECT_TRUE(child<QLabel>(u"bilgi"_s)->text().contains(u"PDF"_s));
+    EXPECT_EQ(child<QComboBox>(u"yazici"_s)->currentText(), u"PDF"_s);
     EXPECT_TRUE(hasPreview());
     press(Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
@@ -75,6 +77,31 @@ TEST_F(PrintDialogTest, ANameCanBeTyped)
     QTest::keyClick(name, Qt::Key_Return);
     EXPECT_EQ(name->text(), u"kasax"_s);
     EXPECT_EQ(desk.prompt.warned.size(), 1);
+}
+
+// A shop's own printer and its everyday layout are settled here, and the layout's file keeps them.
+TEST_F(PrintDialogTest, ALayoutGetsItsPrinterAndBecomesTheDefault)
+{
+    desk.printers.list.prepend(u"Zebra"_s);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    auto *const printer = child<QComboBox>(u"yazici"_s);
+    auto *const standard = child<QCheckBox>(u"varsayilan"_s);
+    EXPECT_FALSE(standard->isChecked());
+    printer->setFocus();
+    press(Qt::Key_Up);
+    standard->setFocus();
+    press(Qt::Key_Space);
+    EXPECT_EQ(desk.run.layouts().open(u"Raf.ayr"_s).printer, u"Zebra"_s);
+    EXPECT_EQ(desk.run.layouts().open(u"Kasa.ayr"_s).printer, u"PDF"_s);
+    EXPECT_EQ(desk.run.layouts().defaultName(), u"Raf.ayr"_s);
+    press(Qt::Key_Space);
+    EXPECT_EQ(desk.run.layouts().defaultName(), u""_s);
+
+    desk.printers.list.removeFirst(); // the printer was taken off the machine
+    child<QListWidget>(u"liste"_s)->setCurrentRow(0);
+    child<QListWidget>(u"liste"_s)->setCurrentRow(1);
+    EXPECT_EQ(printer->currentText(), u"Zebra (bu bilgisayarda yok)"_s);
 }
 
 TEST_F(PrintDialogTest, EscapeLeavesEverything)

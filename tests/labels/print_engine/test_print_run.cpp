@@ -242,7 +242,7 @@ TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
     EXPECT_EQ(shown.width(), 300);
     EXPECT_NEAR(shown.height(), 200, 1);
     EXPECT_TRUE(desk.run.preview(u"yok.ayr"_s, {300, 300}).isNull());
-    EXPECT_EQ(desk.run.layouts(), QStringList{u"raf.ayr"_s});
+    EXPECT_EQ(desk.run.layouts().names(), QStringList{u"raf.ayr"_s});
     EXPECT_FALSE(desk.run.isChosen(u"../raf.ayr"_s));
     EXPECT_EQ(desk.prompt.warned.back(), u"Ayar Dosyası Seciniz..."_s);
 }

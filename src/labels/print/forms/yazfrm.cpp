@@ -13,7 +13,7 @@ yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
     m_ui->setupUi(this);
     setWindowTitle(mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
                                           : u"Seçili Etiketi Yazdır"_s);
-    m_ui->liste->addItems(run.layouts());
+    m_ui->liste->addItems(run.layouts().names());
 
     // The list takes its first row as soon as it has the focus; the choice is left to the user.
     m_ui->ad->setFocus();
@@ -22,6 +22,14 @@ yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
     connect(m_ui->liste, &QListWidget::currentTextChanged, m_ui->ad, &QLineEdit::setText);
     connect(m_ui->liste, &QListWidget::itemDoubleClicked, this, &yazfrm::print);
     connect(m_ui->ad, &QLineEdit::textChanged, this, &yazfrm::choose);
+    connect(m_ui->yazici, &QComboBox::activated, this, [this] {
+        m_run.layouts().setPrinter(m_chosen, m_ui->yazici->currentData().toString());
+        showPrinter();
+    });
+    connect(m_ui->varsayilan, &QCheckBox::clicked, this, [this](bool on) {
+        m_run.layouts().setDefault(on ? m_chosen : QString());
+        showPrinter();
+    });
     connect(m_ui->yazdir, &QPushButton::clicked, this, &yazfrm::print);
     connect(m_ui->vazgec, &QPushButton::clicked, this, &yazfrm::reject);
     choose(QString());
@@ -39,7 +47,25 @@ void yazfrm::choose(const QString &name)
         m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
     }
     m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen));
+    showPrinter();
     showPreview();
+}
+
+void yazfrm::showPrinter()
+{
+    const bool known = !m_chosen.isEmpty();
+    m_ui->yazici->setEnabled(known);
+    m_ui->varsayilan->setEnabled(known);
+    m_ui->varsayilan->setChecked(known && m_run.layouts().defaultName() == m_chosen);
+    m_ui->yazici->clear();
+    if (!known)
+        return;
+    for (const QString &printer : m_run.layouts().printers())
+        m_ui->yazici->addItem(printer, printer);
+    const QString printer = m_run.layouts().open(m_chosen).printer;
+    if (m_ui->yazici->findData(printer) < 0)
+        m_ui->yazici->insertItem(0, u"%1 (bu bilgisayarda yok)"_s.arg(printer), printer);
+    m_ui->yazici->setCurrentIndex(m_ui->yazici->findData(printer));
 }
 
 void yazfrm::showPreview()

@@ -8,7 +8,8 @@ namespace Ui {
 class yazfrm;
 }
 
-/// The print dialog: chooses a layout and prints the waiting rows with it.
+/// The print dialog: chooses a layout and prints the waiting rows with it. Its printer and whether
+/// it is the default are settled here too.
 class yazfrm final : public QDialog
 {
     Q_OBJECT
@@ -24,6 +25,7 @@ protected:
 private:
     void choose(const QString &name);
     void showPreview();
+    void showPrinter();
     void print();
 
     PrintRun &m_run;

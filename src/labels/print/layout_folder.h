@@ -1,0 +1,36 @@
+#pragma once
+
+#include "common/program.h"
+#include "labels/layout/label_layout.h"
+
+/// The label layouts a shop has: the files of the folder `ayar`, the default among them and the
+/// printer that each prints on.
+class LayoutFolder
+{
+public:
+    explicit LayoutFolder(Program &program) : m_program(program) {}
+
+    /// Names of the layout files, in alphabetical order.
+    QStringList names() const;
+
+    LabelLayout open(const QString &name) const;
+
+    /// The layout that prints without a question, "" when there is none.
+    QString defaultName() const;
+
+    /// Makes a layout the default; "" leaves none. False when it could not be written (told).
+    bool setDefault(const QString &name);
+
+    /// The printers to choose from.
+    QStringList printers() const { return m_program.printers.names(); }
+
+    /// Prints a layout on another printer from now on. False when the layout file could not be
+    /// written (told).
+    bool setPrinter(const QString &name, const QString &printer);
+
+private:
+    QString path(const QString &name) const;
+    bool told(bool written, const QString &file);
+
+    Program &m_program;
+};
