@@ -66,8 +66,7 @@ void ListView::setWidths(const QList<int> &kept, const QList<int> &usual, int wi
     const QList<int> &widths = kept.isEmpty() ? usual : kept;
     for (int column = 0; column < widths.size(); ++column)
         header()->resizeSection(column, widths.at(column));
-    if (kept.isEmpty())
-        header()->setSectionResizeMode(wideColumn, QHeaderView::Stretch);
+    header()->setSectionResizeMode(wideColumn, QHeaderView::Stretch);
 }
 
 void ListView::focusInEvent(QFocusEvent *event)

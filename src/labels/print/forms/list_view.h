@@ -18,8 +18,8 @@ public:
     void enter();
 
     QList<int> widths() const;
-    /// Widths in pixels: the kept ones, or else the usual ones with `wideColumn` taking all the
-    /// room that is left.
+    /// Widths in pixels: the kept ones, or else the usual ones. `wideColumn` takes all the room that is
+    /// left, whatever was kept of it: the next screen may be narrower.
     void setWidths(const QList<int> &kept, const QList<int> &usual, int wideColumn);
 
 protected:
