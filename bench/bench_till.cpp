@@ -7,6 +7,7 @@
 #include "big_shop.h"
 #include "fakes/fake_ports.h"
 #include "platform/engine_connector.h"
+#include "recorded_host.h"
 #include "sales/sale_queries.h"
 #include "sales/till_session.h"
 
@@ -21,27 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStocks = 100'000;
-
-/// Passes statements on and keeps their texts.
-class RecordedHost final : public HostConnection
-{
-public:
-    explicit RecordedHost(std::unique_ptr<HostConnection> host) : m_host(std::move(host)) {}
-
-    int state() const override { return m_host->state(); }
-    RecordSet execute(const QString &statement) override
-    {
-        if (recording)
-            statements += statement;
-        return m_host->execute(statement);
-    }
-
-    bool recording = false;
-    QStringList statements;
-
-private:
-    std::unique_ptr<HostConnection> m_host;
-};
 
 struct Shop
 {

@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QScreen>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,13 @@ void keepOnTop(QWidget &window, bool on)
     clsStyle style(*words);
     if (style.TopMost() != on)
         style.setTopMost(on);
+}
+
+/// At 150 % a small screen has less room than some forms would like; their buttons must stay on it.
+void fitToScreen(QWidget &form)
+{
+    constexpr QSize frame(16, 40); // of the window, which is not there yet
+    form.resize(form.size().boundedTo(form.screen()->availableSize() - frame));
 }
 
 bool hasTray()
@@ -64,8 +72,8 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 Rooms::~Rooms()
 {
     for (QWidget *form :
-         std::initializer_list<QWidget *>{m_designer, m_parametre, m_login, m_baglan, m_kakknd,
-                                          m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
+         std::initializer_list<QWidget *>{m_baruret, m_designer, m_parametre, m_login, m_baglan,
+                                          m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -79,6 +87,7 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
         const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
+        fitToScreen(*form);
         if (tillOnTop) // else the till would hide it
             form->setWindowFlag(Qt::WindowStaysOnTopHint);
     }
@@ -112,20 +121,25 @@ void Rooms::connectPrinting()
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
 }
 
-/// What the loaders find goes into the stock list, and the label form comes up to show it.
+/// What the loaders find goes into the stock list, and the label form comes up to show it. The list
+/// is filled after the key or button that asked for it: their forms may be closed meanwhile.
 void Rooms::connectDocuments()
 {
-    connect(&m_invoices, &InvoicePicker::transferred, this,
-            [this](const QList<InvoiceLine> &lines) {
-                showStockList();
-                m_desk.listLines(lines);
-            });
-    connect(&m_changes, &PriceChangeFinder::found, this,
-            [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
-                   const QString &toTime) {
-                showStockList();
-                m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
-            });
+    connect(
+        &m_invoices, &InvoicePicker::transferred, this,
+        [this](const QList<InvoiceLine> &lines) {
+            showStockList();
+            m_desk.listLines(lines);
+        },
+        Qt::QueuedConnection);
+    connect(
+        &m_changes, &PriceChangeFinder::found, this,
+        [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
+               const QString &toTime) {
+            showStockList();
+            m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+        },
+        Qt::QueuedConnection);
     connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
 }
 
@@ -141,8 +155,11 @@ void Rooms::showPriceChanges()
 
 void Rooms::showGenerator()
 {
-    Baruret form(m_desk.numbers(), QApplication::activeWindow());
-    form.exec();
+    showForm(m_baruret, [this] {
+        auto *form = new Baruret(m_desk.numbers(), m_stkkart);
+        form->setModal(true);
+        return form;
+    });
 }
 
 void Rooms::chooseLayout(PrintMode mode)

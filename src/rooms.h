@@ -14,6 +14,7 @@
 #include <QObject>
 #include <QPointer>
 
+class Baruret;
 class baglan;
 class fatura;
 class fytdegisbul;
@@ -83,6 +84,7 @@ private:
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
+    QPointer<Baruret> m_baruret;
     QPointer<fatura> m_fatura;
     QPointer<fytdegisbul> m_fytdegisbul;
     QPointer<baglan> m_baglan;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabWidget>
@@ -25,6 +26,17 @@ namespace {
 constexpr int kTickMs = 120; ///< long enough for a form to lay itself out between two steps
 constexpr int kPatienceMs = 3000;
 constexpr int kLongestMs = 240'000;
+
+/// True while the dialog, or without one any window, shows that stocks are read or labels printed.
+bool showsProgress(QWidget *dialog)
+{
+    const QWidgetList windows = dialog ? QWidgetList{dialog} : QApplication::topLevelWidgets();
+    for (const QWidget *window : windows)
+        for (const auto *bar : window->findChildren<QProgressBar *>())
+            if (bar->isVisible())
+                return true;
+    return false;
+}
 
 } // namespace
 
@@ -172,8 +184,8 @@ void Tour::tick()
     QWidget *dialog = QApplication::activeModalWidget();
     if (m_depth > 0 && (!dialog || dialog == m_dialogBefore))
         return;
-    if (dialog && dialog->objectName() == u"print_progress"_s)
-        return; // it goes by itself
+    if (showsProgress(dialog))
+        return; // it ends by itself
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
     const QScopedValueRollback before(m_dialogBefore, dialog);

@@ -65,7 +65,7 @@ void Tour::printList(const QString &source)
 void Tour::numbers()
 {
     step(u"Barkodsuz stoklar toplanır"_s, [this] {
-        type(u"stkkart"_s, u"Text4"_s, u"GID."_s);
+        type(u"stkkart"_s, u"Text4"_s, u"KRT."_s);
         press(control(u"stkkart"_s, u"Text4"_s), Qt::Key_Return);
         trigger(u"stkkart"_s, u"ekbartum"_s);
         if (rows(u"l2"_s) == 0)

@@ -1,6 +1,7 @@
 #include "common/settings_database.h"
 #include "labels/layout/label_layout.h"
 #include "labels/print/label_desk.h"
+#include "labels/print/price_change_finder.h"
 #include "labels/print/print_run.h"
 #include "labels/print/queue_labels.h"
 #include "shell/login_session.h"
@@ -66,6 +67,33 @@ TEST(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(desk.stocks().size(), listed);
     EXPECT_EQ(desk.queue().size(), listed);
+}
+
+TEST(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
+{
+    RealShop shop;
+    shop.open();
+    const QDate today = shop.clock.now().date();
+    const QDate first = today.addDays(-40); // the days of two months, in either order as texts
+    QStringList expected;
+    RecordSet cards = shop.program.company().execute(u"select * from STKKART"_s);
+    for (; !cards.eof(); cards.moveNext()) {
+        const QDate day = cards.value(u"STKSYFTARIHI").toDate();
+        const QString time = cards.text(u"STKSYFSAATI");
+        if (first <= day && day <= today && u"08:29:00"_s <= time && time <= u"12:00:00"_s)
+            expected += cards.text(u"STKKOD");
+    }
+    EXPECT_GT(expected.size(), 20);
+
+    LabelDesk desk(shop.program);
+    desk.olcuyukle();
+    PriceChangeFinder finder(shop.program);
+    QObject::connect(&finder, &PriceChangeFinder::found, &desk, &LabelDesk::fiyatdegisbul);
+    finder.find({first, today, QTime(8, 30), QTime(12, 0)});
+    QStringList found;
+    for (const StockRow &row : desk.stocks().rows())
+        found += row.code;
+    EXPECT_EQ(found, expected);
 }
 
 TEST(DemoShop, SettingsAreSavedAndReadBack)

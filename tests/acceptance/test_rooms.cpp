@@ -1,4 +1,7 @@
+#include "labels/print/forms/baruret.h"
+#include "labels/print/forms/fytdegisbul.h"
 #include "labels/print/forms/stkkart.h"
+#include "labels/print/print_queue.h"
 #include "rooms.h"
 #include "shell/forms/baglan.h"
 #include "shell/forms/login.h"
@@ -6,11 +9,15 @@
 #include "support/print_qt.h"
 #include "support/real_shop.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDateEdit>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -143,4 +150,77 @@ TEST_F(RoomsTest, ARunningPrintIsStoppedWhenTheProgramEnds)
         form->findChild<QPushButton *>(u"printAll"_s)->click();
     }));
     EXPECT_TRUE(QDir(shop.program.path(u"cikti")).entryList({u"*.pdf"_s}).isEmpty());
+}
+
+TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
+{
+    rooms.open();
+    auto *list = open<stkkart>().first();
+    list->findChild<QPushButton *>(u"fytdegisbul"_s)->click();
+    ASSERT_EQ(open<fytdegisbul>().size(), 1);
+    const QPointer<fytdegisbul> form = open<fytdegisbul>().first();
+    form->findChild<QDateEdit *>(u"tr1"_s)->setDate(QDate(2000, 1, 1));
+    const auto *stocks = list->findChild<QTreeView *>(u"l1"_s)->model();
+    QObject::connect(stocks, &QAbstractItemModel::rowsInserted, form.data(),
+                     [&] { QTimer::singleShot(0, form.data(), &QWidget::close); });
+    QTest::keyClick(form->findChild<QDateEdit *>(u"tr1"_s), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return list->findChild<QPushButton *>(u"ektm"_s)->isEnabled(); }, 60'000));
+    EXPECT_GT(stocks->rowCount(), 100);
+}
+
+TEST_F(RoomsTest, NewNumbersAreSavedBeforeTheLabelFormMayClose)
+{
+    rooms.open();
+    auto *list = open<stkkart>().first();
+    list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"KRT."_s);
+    QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
+    list->findChild<QAction *>(u"ekbartum"_s)->trigger();
+    const auto *queue = list->findChild<QTreeView *>(u"l2"_s)->model();
+    const int rows = queue->rowCount();
+    ASSERT_GT(rows, 1);
+    list->findChild<QPushButton *>(u"brkdurt"_s)->click();
+    ASSERT_EQ(open<Baruret>().size(), 1);
+    Baruret *generator = open<Baruret>().first();
+    EXPECT_TRUE(generator->isModal());
+    auto *box = generator->findChild<QLineEdit *>(u"Text1"_s);
+    box->setText(u"200000000100"_s);
+    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClick(generator, Qt::Key_Escape);
+    QTest::qWait(20);
+    EXPECT_TRUE(open<Baruret>().isEmpty());
+
+    list->close(); // asked, and nobody says yes
+    ASSERT_EQ(open<stkkart>().size(), 1);
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    list->findChild<QPushButton *>(u"brgnc"_s)->click();
+    EXPECT_EQ(shop.prompt.shown.back().text, u"Yeni Barkod Numaraları Eklendi..."_s);
+    for (int row = 0; row < rows; ++row) {
+        const QString barcode = queue->index(row, PrintQueue::barcode).data().toString();
+        RecordSet saved = shop.program.company().execute(
+            u"select * from STKBARKOD where STKBARKOD='%1'"_s.arg(barcode));
+        ASSERT_EQ(saved.rowCount(), 1) << barcode.toStdString();
+        EXPECT_EQ(saved.text(u"STKBARSTKKOD"),
+                  queue->index(row, PrintQueue::code).data().toString());
+        EXPECT_EQ(saved.text(u"STKBARTIP") + saved.text(u"STKBARITEMNO"), u"21"_s);
+    }
+    list->close();
+    EXPECT_EQ(open<stkkart>().size(), 0);
+}
+
+TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpen)
+{
+    EXPECT_TRUE(endsByItself([this] {
+        rooms.open();
+        auto *list = open<stkkart>().first();
+        list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"KRT."_s);
+        QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
+        list->findChild<QAction *>(u"ekbartum"_s)->trigger();
+        QTimer::singleShot(50, &rooms, [this] {
+            EXPECT_EQ(open<Baruret>().size(), 1);
+            rooms.showConnection(); // the connection is open: the dialog unloads itself
+        });
+        list->findChild<QPushButton *>(u"brkdurt"_s)->click();
+    }));
 }

@@ -3,6 +3,7 @@
 #include "support/print_qt.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -167,6 +169,25 @@ TEST_F(StockForm, CountsAreTypedForOneRowOrForAll)
     EXPECT_EQ(rows("l2"), 2);
     EXPECT_EQ(cell("l2", 1, 0), u"2"_s);
     EXPECT_EQ(text("panel1"), u"Toplam etiket: 6"_s);
+}
+
+TEST_F(StockForm, AnEmptiedQueueHasNoCountAndAFreshListShowsItsStart)
+{
+    shop.stockUp(200);
+    key(Qt::Key_F6);
+    key(Qt::Key_3, Qt::ControlModifier);
+    key(Qt::Key_F7);
+    key(Qt::Key_End);
+    EXPECT_GT(list("l1")->verticalScrollBar()->value(), 0);
+    key(Qt::Key_F8);
+    key(Qt::Key_End);
+    EXPECT_EQ(child<QLineEdit>("adet")->text(), u"1"_s);
+    child<QAction>("ekbartum")->trigger();
+    EXPECT_EQ(rows("l2"), 200);
+    EXPECT_EQ(child<QLineEdit>("adet")->text(), QString());
+    EXPECT_EQ(list("l2")->verticalScrollBar()->value(), 0);
+    key(Qt::Key_F6);
+    EXPECT_EQ(list("l1")->verticalScrollBar()->value(), 0);
 }
 
 TEST_F(StockForm, PrintKeysAndMenusAskForTheQueueOrItsSelectedRow)

@@ -6,6 +6,8 @@
 #include "labels/print/number_generation.h"
 #include "labels/print/stock_queries.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -101,11 +103,7 @@ void NumberDesk::gather(QStringView unitEnding)
 
 void NumberDesk::brkdurt()
 {
-    if (!m_on || isBusy())
-        return;
-    if (waiting() == 0)
-        Q_EMIT statusChanged(u"Numara bekleyen satır yok."_s);
-    else
+    if (m_on && !isBusy())
         Q_EMIT generatorRequested();
 }
 
@@ -192,6 +190,10 @@ QString NumberDesk::number(qint64 base)
 NumberDesk::Outcome NumberDesk::findNumbers(Numbering &numbering)
 {
     const int total = waiting();
+    QSet<QString> unsavedNumbers; // the ledger does not know them yet
+    for (const QueueRow &row : m_queue.rows())
+        if (row.state() == queue_state::kNew)
+            unsavedNumbers.insert(row.barcode);
     for (int row = 0; row < m_queue.size(); ++row) {
         if (!m_queue.at(row).barcode.isEmpty())
             continue;
@@ -202,7 +204,7 @@ NumberDesk::Outcome NumberDesk::findNumbers(Numbering &numbering)
             if (!keepGoing(u"Numaralar veriliyor"_s, done, total))
                 return Outcome::stopped;
             const QString barcode = numbering::complete(m_symbology, numbering.last + 1);
-            free = isFree(barcode);
+            free = isFree(barcode) && !unsavedNumbers.contains(barcode);
             ++numbering.last;
             if (free)
                 numbering.given.push_back({row, barcode});

@@ -46,7 +46,7 @@ QString complete(ean::Symbology symbology, qint64 base)
 bool takesKey(ean::Symbology symbology, QStringView box, QStringView key)
 {
     const bool writes = !key.isEmpty() && key.front().isPrint();
-    return !writes || key == u"." || box.size() - box.count(u'.') < baseDigits(symbology);
+    return !writes || key == u"." || box.size() < baseDigits(symbology);
 }
 
 QString barcodeType(QStringView barcode, const QString &previous)

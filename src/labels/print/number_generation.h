@@ -27,9 +27,9 @@ std::optional<qint64> readBase(ean::Symbology symbology, QStringView text);
 /// The complete number of a base from 0 to largestBase(): 8 or 13 digits.
 QString complete(ean::Symbology symbology, qint64 base);
 
-/// Whether a key typed into the box of the base number comes in: a box that holds all its digits
-/// takes no more, but grouping points. `key`: the text of the key, "" or a control character for
-/// Backspace and all keys that write nothing.
+/// Whether a key typed into the box of the base number comes in: a box that holds as many
+/// characters as the symbology has digits takes no more, but grouping points. `key`: the text of
+/// the key, "" or a control character for Backspace and all keys that write nothing.
 bool takesKey(ean::Symbology symbology, QStringView box, QStringView key);
 
 /// Barcode type of the ledger: "1" for 8 characters, "2" for 13, any other length `previous`.

@@ -1,4 +1,5 @@
 #include "labels/print/ean.h"
+#include "labels/print/number_generation.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -21,17 +22,26 @@ QString pattern(const ean::Symbol &symbol)
     return text;
 }
 
-/// The same from another encoder.
-QString foreignPattern(const QString &digits)
+using ForeignSymbol = std::unique_ptr<zint_symbol, void (*)(zint_symbol *)>;
+
+/// 7 or 12 digits encoded by another encoder; null when it refuses them.
+ForeignSymbol foreign(const QString &digits)
 {
-    const std::unique_ptr<zint_symbol, void (*)(zint_symbol *)> symbol(ZBarcode_Create(),
-                                                                       ZBarcode_Delete);
+    ForeignSymbol symbol(ZBarcode_Create(), ZBarcode_Delete);
     symbol->symbology = BARCODE_EANX;
     const QByteArray text = digits.toLatin1();
     const auto *data = reinterpret_cast<const unsigned char *>(text.constData());
     if (ZBarcode_Encode(symbol.get(), data, static_cast<int>(text.size())) >= ZINT_ERROR)
-        return {};
+        symbol.reset();
+    return symbol;
+}
+
+QString foreignPattern(const QString &digits)
+{
+    const ForeignSymbol symbol = foreign(digits);
     QString modules;
+    if (!symbol)
+        return modules;
     for (int i = 0; i < symbol->width; ++i)
         modules += (symbol->encoded_data[0][i / 8] >> (i % 8) & 1) != 0 ? u'1' : u'0';
     return modules;
@@ -101,6 +111,26 @@ TEST(Ean, BarsAreThoseOfAnotherEncoder)
         const auto shortSymbol = ean::encode(Symbology::ean8, shortBase);
         ASSERT_TRUE(shortSymbol);
         ASSERT_EQ(pattern(*shortSymbol), foreignPattern(shortBase)) << shortBase.toStdString();
+    }
+}
+
+TEST(Ean, NewNumbersEndInTheCheckDigitOfAnotherEncoder)
+{
+    std::mt19937 random(20260308);
+    for (const Symbology symbology : {Symbology::ean8, Symbology::ean13}) {
+        qint64 largest = 10;
+        // Bases of every length, so that padding is seen as often as full numbers.
+        for (int digits = 1; digits <= numbering::baseDigits(symbology); ++digits, largest *= 10) {
+            std::uniform_int_distribution<qint64> number(0, largest - 1);
+            for (int i = 0; i < 2000; ++i) {
+                const qint64 base = number(random);
+                const ForeignSymbol symbol = foreign(
+                    QString::number(base).rightJustified(numbering::baseDigits(symbology), u'0'));
+                ASSERT_TRUE(symbol) << base;
+                ASSERT_EQ(numbering::complete(symbology, base),
+                          QString::fromLatin1(reinterpret_cast<const char *>(symbol->text)));
+            }
+        }
     }
 }
 

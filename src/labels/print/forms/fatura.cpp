@@ -51,6 +51,9 @@ void fatura::connectCommands()
             [this] { m_picker.saveTracking(tracking()); });
     connect(m_ui->kapat, &QPushButton::clicked, this, &fatura::reject);
     connect(m_ui->Check2, &QCheckBox::clicked, &m_picker.invoices(), &InvoiceList::checkAll);
+    // A list that is filled anew has nothing marked.
+    connect(&m_picker.invoices(), &QAbstractItemModel::modelReset, m_ui->Check2,
+            [this] { m_ui->Check2->setChecked(false); });
     connect(m_ui->l1, &QTreeView::doubleClicked, this,
             [this](const QModelIndex &at) { m_picker.invoices().toggle(at.row()); });
 
@@ -82,7 +85,6 @@ TrackingFilter fatura::tracking() const
 void fatura::listInvoices()
 {
     m_picker.listInvoices(m_ui->c1->currentIndex(), m_ui->tr1->date(), m_ui->tr2->date());
-    m_ui->Check2->setChecked(false);
 }
 
 void fatura::reject()

@@ -53,6 +53,12 @@ void ListView::enter()
         selectRow(0);
 }
 
+void ListView::reset()
+{
+    QTreeView::reset();
+    scrollToTop();
+}
+
 QList<int> ListView::widths() const
 {
     QList<int> widths;

@@ -17,6 +17,9 @@ public:
     /// Takes the focus, with a row selected if there is one.
     void enter();
 
+    /// A list that is filled anew shows its start.
+    void reset() override;
+
     QList<int> widths() const;
     /// Widths in pixels: the kept ones, or else the usual ones. `wideColumn` takes all the room that is
     /// left, whatever was kept of it: the next screen may be narrower.

@@ -111,6 +111,7 @@ void stkkart::connectQueue()
             [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
     connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &stkkart::showCount);
+    connect(&m_desk.queue(), &PrintQueue::modelReset, this, &stkkart::showCount);
 }
 
 void stkkart::connectDesk()

@@ -1,0 +1,120 @@
+// Giving 5,000 stocks new EAN-13 numbers and saving them, over 100,000 embedded stocks whose ledger
+// holds 2,500 of the numbers already: the whole work of the number desk, against the same
+// statements executed bare on the same engine.
+
+#include "big_shop.h"
+#include "fakes/fake_ports.h"
+#include "labels/print/label_desk.h"
+#include "platform/engine_connector.h"
+#include "recorded_host.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+
+#include <benchmark/benchmark.h>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStocks = 100'000;
+constexpr int kNumbers = 5'000;
+constexpr int kTaken = 2'500;
+
+/// The shop's own barcodes run to 8690000099999, so every base up to this one is taken.
+constexpr qint64 kLastTakenBase = 869'000'009'999;
+
+struct Shop
+{
+    Shop()
+    {
+        machine.db.setRow(u"stok"_s,
+                          {{u"fiyatip"_s, u"1"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
+        auto recorded =
+            std::make_unique<RecordedHost>(EngineConnector(big.directory(), machine.keys)
+                                               .open(u"Server=(yerel);database=DEMOSIRKET;"_s));
+        host = recorded.get();
+        machine.program.bag = std::move(recorded);
+    }
+
+    BigShop big{kStocks};
+    FakeMachine machine;
+    RecordedHost *host = nullptr;
+};
+
+/// A stock list of stocks without a barcode, as a search leaves it, gathered into the queue.
+void gather(LabelDesk &desk)
+{
+    std::vector<StockRow> rows;
+    for (int i = 0; i < kNumbers; ++i)
+        rows.push_back({.barcode = {},
+                        .code = u"YENI%1"_s.arg(i, 6, 10, QChar(u'0')),
+                        .name = u"Yeni ürün %1"_s.arg(i),
+                        .unit = u"ADET (BIRIM1)"_s,
+                        .price = u"12,50"_s,
+                        .count = u"1"_s,
+                        .tag = u"1"_s});
+    desk.clearQueue();
+    desk.stocks().clear();
+    desk.stocks().append(rows);
+    for (int row = 0; row < kNumbers; ++row)
+        desk.stocks().barcodeRead(row);
+    desk.ekbartum();
+}
+
+/// The replay writes the same numbers again.
+void removeNumbers(HostConnection &host)
+{
+    host.execute(u"DELETE FROM STKBARKOD where STKBARSTKKOD LIKE 'YENI%'"_s);
+}
+
+void generateAndSave(benchmark::State &state)
+{
+    static Shop shop;
+    LabelDesk desk(shop.machine.program);
+    desk.olcuyukle();
+    const QString base = QString::number(kLastTakenBase - kTaken);
+    qint64 total = 0;
+    qint64 floor = 0;
+    for (auto _ : state) {
+        gather(desk);
+        shop.host->statements.clear();
+        shop.host->recording = true;
+        QElapsedTimer timer;
+        timer.start();
+        desk.numbers().generate(base);
+        desk.numbers().brgnc();
+        const qint64 took = timer.nsecsElapsed();
+        total += took;
+        state.SetIterationTime(static_cast<double>(took) * 1e-9);
+        shop.host->recording = false;
+        removeNumbers(*shop.host);
+
+        timer.start();
+        for (const QString &statement : std::as_const(shop.host->statements))
+            shop.host->execute(statement);
+        floor += timer.nsecsElapsed();
+        removeNumbers(*shop.host);
+        if (desk.numbers().isOn() || shop.host->statements.size() != kTaken + 2 * kNumbers) {
+            state.SkipWithError("not all numbers were given and saved");
+            break;
+        }
+    }
+    state.counters["ratio"] = static_cast<double>(total) / static_cast<double>(floor);
+    state.counters["statements"] = static_cast<double>(shop.host->statements.size());
+}
+
+BENCHMARK(generateAndSave)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(3);
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
