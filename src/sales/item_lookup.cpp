@@ -5,12 +5,24 @@
 #include "sales/pricing.h"
 #include "sales/sale_queries.h"
 
+#include <QCoreApplication>
+#include <QDir>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QStringView kFoundSound = u"sndon.sun";
 constexpr QStringView kNotFoundSound = u"sndoff.sun";
+
+/// In the working folder; a shop that works in several folders may keep its sounds beside the
+/// program.
+QString soundFile(const Program &program, QStringView name)
+{
+    const QString own = program.path(name);
+    const QString shared = QDir(QCoreApplication::applicationDirPath()).filePath(name.toString());
+    return QFileInfo::exists(own) || !QFileInfo::exists(shared) ? own : shared;
+}
 
 bool moveToPrice(RecordSet &prices, QStringView number)
 {
@@ -89,13 +101,13 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
 void ItemLookup::calseson()
 {
     if (m_settings.foundSound())
-        m_program.sounds.play(m_program.path(kFoundSound));
+        m_program.sounds.play(soundFile(m_program, kFoundSound));
 }
 
 void ItemLookup::calsesoff()
 {
     if (m_settings.notFoundSound())
-        m_program.sounds.play(m_program.path(kNotFoundSound));
+        m_program.sounds.play(soundFile(m_program, kNotFoundSound));
 }
 
 LookupResult ItemLookup::merge(SaleList &list, int row)

@@ -19,7 +19,7 @@ struct ReceiptText
     QString font;       ///< empty: the printer's own
     double points = 9.0;
     bool bold = false;
-    bool mayShorten = false; ///< a text that is still too long may end in "…"
+    bool mayShorten = false; ///< a text that is still too long may lose its middle
     QString text;
 };
 

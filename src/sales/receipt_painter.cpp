@@ -27,7 +27,8 @@ QFont fontOf(const ReceiptText &text, double dpi)
 }
 
 /// Columns must not be pushed apart: what is too long for its room is written smaller, and a name
-/// that would become unreadable is cut with "…". Figures are never cut.
+/// that would become unreadable is shortened in its middle, for the size of the pack stands at its
+/// end. Figures are never cut.
 QString fit(QFont &font, const ReceiptText &text, double room)
 {
     const double wanted = QFontMetricsF(font).horizontalAdvance(text.text);
@@ -38,7 +39,7 @@ QString fit(QFont &font, const ReceiptText &text, double room)
         share = std::max(share, kSmallestShare);
     font.setPixelSize(std::max(1, static_cast<int>(std::floor(font.pixelSize() * share))));
     const QFontMetricsF metrics(font);
-    return text.mayShorten ? metrics.elidedText(text.text, Qt::ElideRight, room) : text.text;
+    return text.mayShorten ? metrics.elidedText(text.text, Qt::ElideMiddle, room) : text.text;
 }
 
 } // namespace

@@ -19,6 +19,14 @@ bool isList(int number)
     return number >= 0 && number < kSaleLists;
 }
 
+/// What is to be given to the customer, or still to be taken.
+QString changeRemark(const QString &change)
+{
+    if (change.startsWith(u'-'))
+        return u"   Eksik: "_s + change.sliced(1);
+    return change == u"0,00" ? QString() : u"   Para üstü: "_s + change;
+}
+
 } // namespace
 
 TillSession::TillSession(Program &program, QObject *parent)
@@ -203,6 +211,7 @@ bool TillSession::acceptCash(int number)
     }
     const auto given = quantity::parseCash(state.cash);
     if (!given) {
+        m_lookup.calsesoff(); // perhaps a scan, and nobody looks
         Q_EMIT noticed(
             u"Alınan para okunamadı: \"%1\". En çok %2; ondalık ayırıcı virgüldür."_s.arg(
                 state.cash, amount::money(quantity::kMostCash)),
@@ -217,10 +226,8 @@ bool TillSession::acceptCash(int number)
 void TillSession::resetCash(int number)
 {
     ListState &state = at(number);
-    state.cash = u"0,00"_s;
-    state.change = u"0,00"_s;
-    state.cashGiven = false;
-    Q_EMIT cashChanged(number);
+    if (state.cash != u"0,00")
+        setCash(number, u"0,00"_s);
 }
 
 // ---- posting and receipt
@@ -276,9 +283,8 @@ void TillSession::postList(int number)
         clearList(number);
         at(number).lastReceipt = nextReceipt(sale);
         // The change is handed out after the list was cleared.
-        const QString change =
-            sale.change == u"0,00" ? QString() : u"   Para üstü: "_s + sale.change;
-        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(sale.totals.grand) + change, false);
+        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(sale.totals.grand) + changeRemark(sale.change),
+                       false);
         if (m_settings.printsReceipt())
             print(*at(number).lastReceipt);
     } else {
@@ -295,7 +301,8 @@ void TillSession::clearList(int number)
     at(number).lines.clear();
     makeCurrent(number, -1);
     hesapla(number);
-    resetCash(number);
+    setCash(number, u"0,00"_s);
+    at(number).cashGiven = false;
 }
 
 Receipt TillSession::nextReceipt(Sale sale)
@@ -356,6 +363,7 @@ bool TillSession::mayClose()
 
 void TillSession::discard()
 {
+    setCashier({});
     for (int number = 0; number < kSaleLists; ++number)
         clearList(number);
 }

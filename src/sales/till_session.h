@@ -69,7 +69,7 @@ public:
     /// Warns of lists that still hold lines; true when the form may close.
     bool mayClose();
 
-    /// Empties all lists; the till was closed.
+    /// Empties all lists and forgets the cashier; the till was closed.
     void discard();
 
     QList<int> columnWidths() const;
@@ -106,7 +106,7 @@ private:
         pricing::Totals totals;
         QString cash = QStringLiteral("0,00");
         QString change = QStringLiteral("0,00");
-        bool cashGiven = false; ///< typed since the last reset
+        bool cashGiven = false; ///< the cash box was changed during this sale
         int currentRow = -1;
         std::optional<Receipt> lastReceipt;
     };

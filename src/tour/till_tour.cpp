@@ -40,6 +40,7 @@ void Tour::quickSale()
     step(u"Satış ekranı"_s, [this] {
         m_ledger = readLedger(m_directory);
         m_rooms.showSales();
+        window(kTill)->setWindowState(Qt::WindowNoState);
         window(kTill)->resize(kTourScreen);
     });
     fillFirstList();

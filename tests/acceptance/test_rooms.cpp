@@ -1,9 +1,12 @@
+#include "common/settings_database.h"
 #include "labels/print/forms/baruret.h"
 #include "labels/print/forms/fytdegisbul.h"
 #include "labels/print/forms/stkkart.h"
 #include "labels/print/print_queue.h"
 #include "rooms.h"
+#include "sales/forms/stfatura.h"
 #include "shell/forms/baglan.h"
+#include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
 #include "shell/forms/parametre.h"
 #include "support/print_qt.h"
@@ -11,6 +14,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QPointer>
@@ -102,6 +106,32 @@ TEST_F(RoomsTest, SettingsAreReachedOnceThroughThePassword)
     open<parametre>().first()->findChild<QPushButton *>(u"button1"_s)->click();
     QTest::qWait(20);
     EXPECT_EQ(open<parametre>().size(), 0);
+}
+
+TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
+{
+    {
+        const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
+        shop.db.execute(u"Update liste set enust = '1' Where id ='1'"_s);
+    }
+    const auto onTop = [](const QWidget *form) {
+        return form->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    };
+    rooms.open();
+    rooms.showSales();
+    ASSERT_EQ(open<stfatura>().size(), 1);
+    const stfatura *till = open<stfatura>().first();
+    EXPECT_TRUE(onTop(till));
+    rooms.showAbout();
+    EXPECT_TRUE(onTop(open<kakknd>().first())) << "the till would hide it";
+
+    rooms.showLogin();
+    QTest::keyClick(open<login>().first()->findChild<QLineEdit *>(u"lgpass"_s), Qt::Key_Return);
+    const parametre *form = open<parametre>().first();
+    form->findChild<QCheckBox *>(u"c3"_s)->setChecked(false);
+    form->findChild<QPushButton *>(u"button1"_s)->click();
+    EXPECT_FALSE(onTop(till));
+    EXPECT_TRUE(till->isVisible());
 }
 
 TEST_F(RoomsTest, EndingTheConnectionDialogEndsTheProgramAndStartsItAnewWhenConnected)

@@ -1,5 +1,8 @@
 #include "common/connection_string.h"
 #include "common/settings_database.h"
+#include "platform/demo_text.h"
+#include "platform/odbc_session.h"
+#include "platform/sqlite_file.h"
 #include "sales/till_session.h"
 #include "shell/host_link.h"
 #include "support/print_qt.h"
@@ -121,6 +124,59 @@ struct TillRoad : testing::Test
     TillSession till{shop.program};
 };
 
+/// The till over the embedded engine, or with the company behind an ODBC driver (that for SQLite)
+/// as a shop with a server has it.
+struct EitherEngine : TillRoad, testing::WithParamInterface<bool>
+{
+    void SetUp() override
+    {
+        if (!GetParam())
+            return;
+        if (!OdbcSession::installedDrivers().contains(u"SQLite3"_s))
+            GTEST_SKIP() << "the ODBC driver for SQLite is not installed";
+        const QString path = shop.program.path(u"sirket.db");
+        copyCompanyTo(path);
+        const QString keyFile = shop.program.path(u"baglanti.zev");
+        shop.keys.write(u"odbc"_s, u"surucu"_s, u"SQLite3"_s, keyFile);
+        shop.keys.write(u"odbc"_s, u"ek"_s, u"Database="_s + path, keyFile);
+        const QString server = connectionString({u"KASA1"_s, u"sa"_s, {}, u"SIRKET"_s});
+        shop.program.bag = shop.host.open(server);
+        other = shop.host.open(server);
+    }
+
+    void copyCompanyTo(const QString &path)
+    {
+        SqliteFile file(path, SqliteFile::Mode::createWhenMissing, std::chrono::seconds(5));
+        file.execute(u"BEGIN"_s);
+        for (const demo::Table &table : demo::readFolder(kDemoText.toString() + u"/sirket"_s)) {
+            QStringList columns;
+            for (const demo::Column &column : table.columns) {
+                const bool text =
+                    column.type == demo::Type::text || column.type == demo::Type::date;
+                columns += column.name + (text ? u" varchar(200)"_s : u" float"_s);
+            }
+            file.execute(u"CREATE TABLE %1 (%2)"_s.arg(table.name, columns.join(u',')));
+            RecordSet rows = other->execute(u"select * from "_s + table.name);
+            for (; !rows.eof(); rows.moveNext()) {
+                QStringList values;
+                for (const QString &column : rows.columns())
+                    values += literal(rows.value(column));
+                file.execute(u"INSERT INTO %1 VALUES (%2)"_s.arg(table.name, values.join(u',')));
+            }
+        }
+        file.execute(u"COMMIT"_s);
+    }
+
+    static QString literal(const QVariant &field)
+    {
+        if (field.isNull())
+            return u"NULL"_s;
+        if (field.typeId() == QMetaType::Double || field.typeId() == QMetaType::LongLong)
+            return field.toString();
+        return u"'%1'"_s.arg(RecordSet::toText(field).replace(u'\'', u"''"_s));
+    }
+};
+
 struct Written
 {
     QString from;
@@ -130,7 +186,7 @@ struct Written
 
 } // namespace
 
-TEST_F(TillRoad, ASaleStandsInEveryTableOfTheLedger)
+TEST_P(EitherEngine, ASaleStandsInEveryTableOfTheLedger)
 {
     WatchedHost &host = watch(shop.program);
     till.setCashier({u"P01"_s, u"Ayşe Gündoğdu"_s});
@@ -212,6 +268,9 @@ TEST_F(TillRoad, ASaleStandsInEveryTableOfTheLedger)
               QStringList{u"PF000427|1"_s});
     EXPECT_EQ(host.failed, QStringList());
 }
+
+INSTANTIATE_TEST_SUITE_P(, EitherEngine, testing::Bool(),
+                         [](const auto &odbc) { return odbc.param ? "Odbc" : "Embedded"; });
 
 TEST_F(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
 {

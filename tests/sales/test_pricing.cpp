@@ -69,6 +69,14 @@ TEST(Pricing, DiscountsApplyToWhatTheOneBeforeLeft)
          u"15,00"_s,
          u"-5,00"_s,
          u"<>150<>0<>0<>15<>0<>0"_s},
+        // 8,245 as a single lies under it, so that discount and net still make the amount.
+        {u"164,90"_s,
+         1,
+         {5, 0, 0},
+         u"164,90"_s,
+         u"8,24"_s,
+         u"156,66"_s,
+         u"<>5<>0<>0<>8,245<>0<>0"_s},
         {u""_s, 2, {10, 0, 0}, u"0,00"_s, u"0,00"_s, u"0,00"_s, u"<>10<>0<>0<>0<>0<>0"_s},
     };
     for (const Case &c : cases) {

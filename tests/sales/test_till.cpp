@@ -95,10 +95,27 @@ TEST_F(Till, ChangeFollowsTheCashAndTheTotals)
     EXPECT_EQ(till.change(0), u"960,50"_s);
     till.setCash(0, u"8690123456789"_s);
     EXPECT_FALSE(till.acceptCash(0));
+    EXPECT_EQ(shop.sounds.played.last(), u"/shop/sndoff.sun"_s);
     till.setCash(0, u""_s);
     EXPECT_EQ(till.change(0), u"0,00"_s);
     EXPECT_TRUE(till.acceptCash(0));
     EXPECT_EQ(till.cash(0), u"0,00"_s);
+    EXPECT_EQ(till.change(0), u"-40,00"_s);
+}
+
+TEST_F(Till, AScanAfterTheCashTakesItBackAndTheChangeFollows)
+{
+    scan({u"869002"_s});
+    EXPECT_EQ(till.change(0), u"0,00"_s); // no cash yet, nothing to compute
+    till.setCash(0, u"50"_s);
+    scan({u"yok"_s});
+    EXPECT_EQ(till.cash(0), u"0,00"_s);
+    EXPECT_EQ(till.change(0), u"-20,00"_s);
+    scan({u"869002"_s});
+    EXPECT_EQ(till.change(0), u"-40,00"_s);
+    till.post();
+    scan({u"869002"_s});
+    EXPECT_EQ(till.change(0), u"0,00"_s);
 }
 
 TEST_F(Till, QuantitiesAreSetAndAddedToTheCurrentLine)

@@ -241,7 +241,9 @@ TEST_F(TillForm, ClosingAsksAndKeepsTheColumnWidths)
     EXPECT_FALSE(form.close());
     EXPECT_EQ(session.list(0).size(), 1);
     shop.prompt.answers = {Answer::yes};
+    session.setCashier({u"P1"_s, u"Ayşe"_s});
     EXPECT_TRUE(form.close());
+    EXPECT_EQ(session.cashier(), Cashier()); // whoever opens it next chooses anew
     EXPECT_TRUE(session.list(0).isEmpty());
     EXPECT_TRUE(shop.db.statements.filter(u"Update olcu"_s).size() == 1);
 }

@@ -4,12 +4,14 @@
 #include "sales/receipt_editor.h"
 #include "ui_receipt_designer.h"
 
+#include <QScreen>
+
 receipt_designer::receipt_designer(ReceiptEditor &editor, QWidget *parent)
     : QDialog(parent), m_editor(editor), m_ui(std::make_unique<Ui::receipt_designer>())
 {
     m_ui->setupUi(this);
     setLocale(QLocale(QLocale::Turkish, QLocale::Turkey)); // decimal comma in the number boxes
-    resize(900, 640);
+    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
     m_header = {m_ui->headerFont, m_ui->headerSize, m_ui->headerBold};
     m_receipt = {m_ui->receiptFont, m_ui->receiptSize, m_ui->receiptBold};
     m_product = {m_ui->productFont, m_ui->productSize, m_ui->productBold};

@@ -1,9 +1,8 @@
 #include "sales/forms/stfatura.h"
 
-#include "sales/forms/PER.h"
-#include "sales/forms/miktr.h"
 #include "sales/forms/sale_page.h"
 #include "sales/forms/scan_keeper.h"
+#include "sales/forms/till_dialogs.h"
 #include "sales/till_session.h"
 #include "ui_stfatura.h"
 
@@ -13,30 +12,14 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QColor kFaultColour(0xB0, 0x10, 0x10);
-const QColor kGoodColour(0x0B, 0x6E, 0x6E);
-const QColor kStockModeColour(0x9A, 0x4B, 0x00);
-
-void paintLabel(QLabel &label, const QColor &background)
-{
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::Window, background);
-    palette.setColor(QPalette::WindowText, Qt::white);
-    label.setPalette(palette);
-}
-
-} // namespace
-
 stfatura::stfatura(TillSession &session, QWidget *parent)
     : QMainWindow(parent), m_session(session), m_ui(std::make_unique<Ui::stfatura>())
 {
     m_ui->setupUi(this);
+    setWindowState(Qt::WindowMaximized);
     m_ui->notice->setMargin(8);
     m_ui->srvadi->installEventFilter(this);
     buildPages();
-    buildStatusBar();
     connectButtons();
     connectSession();
     session.load();
@@ -45,7 +28,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
         each->setColumnWidths(widths);
     showList(session.activeList());
     showMode();
-    showNotice({}, false);
+    m_ui->notice->tell({}, false);
     focusEntry();
 }
 
@@ -62,24 +45,11 @@ void stfatura::buildPages()
         auto *each = new sale_page(m_session, number, m_ui->pages);
         m_pages.at(static_cast<std::size_t>(number)) = each;
         m_ui->pages->addWidget(each);
-        m_ui->tb1->addTab(TillSession::caption(number));
-        m_ui->tb1->setTabToolTip(number, u"F%1"_s.arg(7 + number));
+        m_ui->tb1->addList(TillSession::caption(number), u"F%1"_s.arg(7 + number));
         each->cashBox().installEventFilter(this);
         connect(each, &sale_page::clicked, this, &stfatura::focusEntry);
     }
     connect(m_ui->tb1, &QTabBar::currentChanged, &m_session, &TillSession::selectList);
-}
-
-void stfatura::buildStatusBar()
-{
-    for (QLabel *&panel : m_panels) {
-        panel = new QLabel(m_ui->statusbar);
-        m_ui->statusbar->addWidget(panel, 1);
-    }
-    m_panels[0]->setObjectName(u"cr1"_s);
-    m_panels[1]->setObjectName(u"cr2"_s);
-    m_panels[2]->setObjectName(u"panel3"_s);
-    m_panels[3]->setObjectName(u"panel4"_s);
 }
 
 void stfatura::connectButtons()
@@ -91,13 +61,14 @@ void stfatura::connectButtons()
         });
     };
     act(m_ui->button1, [this] { m_session.post(); });
-    act(m_ui->button2, [this] { askQuantity(false); });
-    act(m_ui->button3, [this] { askQuantity(true); });
+    act(m_ui->button2, [this] { askQuantity(m_session, false, this); });
+    act(m_ui->button3, [this] { askQuantity(m_session, true, this); });
     act(m_ui->button4, [this] { m_session.toggleEntryMode(); });
     connect(m_ui->button5, &QPushButton::clicked, this, &stfatura::focusCash);
-    act(m_ui->button6, [this] { chooseCashier(); });
+    act(m_ui->button6, [this] { chooseCashier(m_session, this); });
     act(m_ui->button7, [this] { m_session.reprint(); });
     act(m_ui->button8, [this] { m_session.sil(); });
+    connect(m_ui->closeButton, &QToolButton::clicked, this, &QWidget::close);
 }
 
 void stfatura::connectSession()
@@ -105,13 +76,13 @@ void stfatura::connectSession()
     connect(&m_session, &TillSession::settingsLoaded, this, &stfatura::showSettings);
     connect(&m_session, &TillSession::entryCleared, m_ui->srvadi, &QLineEdit::clear);
     connect(&m_session, &TillSession::entryRefused, m_ui->srvadi, &QLineEdit::selectAll);
-    connect(&m_session, &TillSession::noticed, this, &stfatura::showNotice);
+    connect(&m_session, &TillSession::noticed, m_ui->notice, &NoticeLabel::tell);
     connect(&m_session, &TillSession::activeListChanged, this, &stfatura::showList);
     connect(&m_session, &TillSession::entryModeChanged, this, &stfatura::showMode);
-    connect(&m_session, &TillSession::cashierChanged, this, [this] {
-        m_panels[3]->setProperty("tag", m_session.cashier().code);
-        m_panels[3]->setText(m_session.cashier().name);
-    });
+    connect(&m_session, &TillSession::cashierChanged, this,
+            [this] { m_ui->statusbar->showCashier(m_session.cashier()); });
+    connect(&m_session, &TillSession::totalsChanged, this,
+            [this](int number) { m_ui->tb1->mark(number, !m_session.list(number).isEmpty()); });
     auto *keeper = new ScanKeeper(*this);
     connect(keeper, &ScanKeeper::kept, this,
             [this](const QStringList &codes, const QString &beginning) {
@@ -146,7 +117,7 @@ bool stfatura::formKey(const QKeyEvent &event)
         break;
     case Qt::Key_F3:
     case Qt::Key_F4:
-        askQuantity(event.key() == Qt::Key_F4);
+        askQuantity(m_session, event.key() == Qt::Key_F4, this);
         break;
     case Qt::Key_F5:
         m_session.toggleEntryMode();
@@ -160,7 +131,7 @@ bool stfatura::formKey(const QKeyEvent &event)
         m_session.selectList(event.key() - Qt::Key_F7);
         break;
     case Qt::Key_F10:
-        chooseCashier();
+        chooseCashier(m_session, this);
         break;
     case Qt::Key_F12:
         m_session.reprint();
@@ -210,31 +181,6 @@ void stfatura::focusCash()
     page().cashBox().selectAll();
 }
 
-void stfatura::askQuantity(bool adding)
-{
-    const auto line = m_session.currentLine();
-    if (!line)
-        return;
-    miktr dialog(
-        line->name, adding ? u"&Eklenecek miktar:"_s : u"&Yeni miktar:"_s,
-        adding ? u"1"_s : line->quantity,
-        [this, adding](const QString &typed) {
-            return adding ? m_session.miktarekle(typed) : m_session.miktargir(typed);
-        },
-        this);
-    ScanKeeper::ownsKeys(dialog);
-    dialog.exec();
-}
-
-void stfatura::chooseCashier()
-{
-    const auto choice = m_session.cashierChoice();
-    connect(choice.get(), &CashierChoice::chosen, &m_session, &TillSession::setCashier);
-    PER dialog(*choice, this);
-    ScanKeeper::ownsKeys(dialog);
-    dialog.exec();
-}
-
 void stfatura::showSettings()
 {
     const SaleSettings &settings = m_session.settings();
@@ -242,26 +188,17 @@ void stfatura::showSettings()
     for (sale_page *each : m_pages)
         each->setLook(look);
     m_ui->title->setText(settings.title);
-    m_panels[0]->setText(u"Cari: "_s + settings.carikod);
-    m_panels[1]->setText(settings.cari);
-    m_panels[2]->setText(u"Yazıcı: "_s + settings.yazici1);
+    m_ui->statusbar->showSettings(settings);
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, settings.fullScreen()));
+    m_ui->closeButton->setVisible(settings.fullScreen()); // there is no title bar then
 }
 
 void stfatura::showMode()
 {
     const bool stock = m_session.entryMode() == TillSession::EntryMode::stockCode;
-    m_ui->mode->setText(stock ? u"STOK KODU"_s : u"BARKOD"_s);
+    m_ui->button4->setText(stock ? u"F5\nBARKOD"_s : u"F5\nSTOK KODU"_s);
+    m_ui->mode->showMode(stock ? u"STOK KODU"_s : u"BARKOD"_s, !stock);
     m_ui->srvadi->setPlaceholderText(stock ? u"Stok kodunu yazın"_s : u"Barkodu okutun"_s);
-    paintLabel(*m_ui->mode, stock ? kStockModeColour : kGoodColour);
-}
-
-void stfatura::showNotice(const QString &text, bool fault)
-{
-    constexpr qsizetype most = 160; // a line of the screen, not a whole code of 500 characters
-    m_ui->notice->setText(text.size() > most ? text.first(most) + u'…' : text);
-    m_ui->notice->setAutoFillBackground(!text.isEmpty());
-    paintLabel(*m_ui->notice, fault ? kFaultColour : kGoodColour);
 }
 
 void stfatura::showList(int number)

@@ -10,7 +10,6 @@ class TillSession;
 
 QT_BEGIN_NAMESPACE
 class QKeyEvent;
-class QLabel;
 class QToolButton;
 QT_END_NAMESPACE
 
@@ -39,7 +38,6 @@ protected:
 
 private:
     void buildPages();
-    void buildStatusBar();
     void connectButtons();
     void connectSession();
 
@@ -48,17 +46,13 @@ private:
     void acceptCash();
     void focusEntry();
     void focusCash();
-    void askQuantity(bool adding);
-    void chooseCashier();
 
     void showSettings();
     void showMode();
-    void showNotice(const QString &text, bool fault);
     void showList(int number);
     sale_page &page() const;
 
     TillSession &m_session;
     std::unique_ptr<Ui::stfatura> m_ui;
     std::array<sale_page *, 3> m_pages{};
-    std::array<QLabel *, 4> m_panels{}; ///< of the status bar; the fourth shows the cashier
 };

@@ -1,0 +1,46 @@
+#include "sales/forms/notice_label.h"
+
+namespace {
+
+const QColor kFaultColour(0xB0, 0x10, 0x10);
+const QColor kUsualColour(0x0B, 0x6E, 0x6E);
+const QColor kOtherColour(0x9A, 0x4B, 0x00);
+
+constexpr qsizetype kMostCharacters = 160; // not a whole code of 500 characters
+constexpr double kLargePoints = 17;
+constexpr double kSmallPoints = 12;
+
+} // namespace
+
+void NoticeLabel::tell(const QString &text, bool fault)
+{
+    setFont(fitting(text));
+    setText(text.size() > kMostCharacters ? text.first(kMostCharacters) + u'…' : text);
+    setAutoFillBackground(!text.isEmpty());
+    paintGround(fault ? kFaultColour : kUsualColour);
+}
+
+/// The largest type in which the text stands on one line, else the smallest.
+QFont NoticeLabel::fitting(const QString &text) const
+{
+    const int room = contentsRect().width() - 2 * margin();
+    QFont type = font();
+    type.setPointSizeF(kLargePoints);
+    while (type.pointSizeF() > kSmallPoints && QFontMetrics(type).horizontalAdvance(text) > room)
+        type.setPointSizeF(type.pointSizeF() - 1.0);
+    return type;
+}
+
+void NoticeLabel::showMode(const QString &text, bool usual)
+{
+    setText(text);
+    paintGround(usual ? kUsualColour : kOtherColour);
+}
+
+void NoticeLabel::paintGround(const QColor &colour)
+{
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, colour);
+    colours.setColor(QPalette::WindowText, Qt::white);
+    setPalette(colours);
+}
