@@ -166,10 +166,10 @@ int run(Application &app, const Options &options, const StartTimes &times)
     times.reached("folder");
 
     Rooms rooms(program, autostart);
-    std::unique_ptr<Tour> tour;
-    if (!tourFolder.isEmpty())
-        tour = std::make_unique<Tour>(rooms, directory, tourFolder);
     program.handle([&] { rooms.open(); });
+    std::unique_ptr<Tour> tour; // starts when a server that takes its time has been opened
+    if (!tourFolder.isEmpty())
+        tour = std::make_unique<Tour>(rooms, program, tourFolder);
     times.reached("host");
     QTimer::singleShot(0, [&times] { times.reached("window"); });
     const int result = QApplication::exec();

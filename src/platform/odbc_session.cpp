@@ -268,17 +268,22 @@ void OdbcSession::check(SQLRETURN code, const Handle &handle, const QString &sta
     if (SQL_SUCCEEDED(code))
         return;
     const std::vector<OdbcMessage> messages = messagesOf(handle.type(), handle.get());
-    const int number = odbcErrorNumber(messages);
+    // A driver that finds the connection closed by the server need not name it as the reason.
+    const std::optional<bool> dead = isDead();
+    const int number =
+        dead.value_or(false) ? HostError::kConnectionLost : odbcErrorNumber(messages);
     // A slow statement that the server has called off leaves the connection as good as before.
-    if (number == HostError::kConnectionLost && (!odbcTimedOut(messages) || isDead()))
+    if (number == HostError::kConnectionLost && (dead.value_or(true) || !odbcTimedOut(messages)))
         m_lost = true;
     throw engineError(number, joined(messages), statement);
 }
 
-bool OdbcSession::isDead() const
+std::optional<bool> OdbcSession::isDead() const
 {
     SQLUINTEGER dead = SQL_CD_FALSE;
     const SQLRETURN code = SQLGetConnectAttrW(m_connection.get(), SQL_ATTR_CONNECTION_DEAD, &dead,
                                               SQL_IS_UINTEGER, nullptr);
-    return !SQL_SUCCEEDED(code) || dead != SQL_CD_FALSE;
+    if (!SQL_SUCCEEDED(code))
+        return std::nullopt;
+    return dead != SQL_CD_FALSE;
 }

@@ -5,6 +5,7 @@
 #include "platform/odbc_api.h"
 
 #include <atomic>
+#include <optional>
 
 /// One connection through the ODBC interface. Calls may take as long as the driver likes: whoever
 /// waits for them does so through BoundedCalls.
@@ -54,7 +55,8 @@ private:
 
     RecordSet readRows(const Handle &handle, const QString &statement, BoundedCalls::Life &life);
     void check(SQLRETURN code, const Handle &handle, const QString &statement);
-    bool isDead() const;
+    /// What the driver knows of the connection; nothing when it cannot say.
+    std::optional<bool> isDead() const;
 
     Environment m_environment;
     Handle m_connection;

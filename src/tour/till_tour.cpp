@@ -1,9 +1,3 @@
-#include "common/connection_string.h"
-#include "common/host_connection.h"
-#include "common/host_error.h"
-#include "platform/demo_shop.h"
-#include "platform/engine_connector.h"
-#include "platform/profile_key_file.h"
 #include "rooms.h"
 #include "tour/tour.h"
 
@@ -23,22 +17,13 @@ const QString kSunflowerOil = u"86933308"_s; // three discounts
 const QStringList kRest = {u"8692848009608"_s, u"8692848487390"_s, u"86916585"_s,
                            u"8683888055304"_s, u"8692848017849"_s};
 
-LedgerRows readLedger(const QString &directory)
-{
-    ProfileKeyFile keys;
-    const auto host =
-        EngineConnector(directory, keys)
-            .open(connectionString({kEmbeddedServer.toString(), {}, {}, kDemoCompany.toString()}));
-    return LedgerRows(*host);
-}
-
 } // namespace
 
 /// A whole sale on each of two lists, by keys.
 void Tour::quickSale()
 {
     step(u"Satış ekranı"_s, [this] {
-        m_ledger = readLedger(m_directory);
+        m_ledger = LedgerRows(m_program.company());
         m_rooms.showSales();
         window(kTill)->setWindowState(Qt::WindowNoState);
         window(kTill)->resize(kTourScreen);
@@ -155,7 +140,7 @@ void Tour::saleKey(int key)
 void Tour::writeLedger()
 {
     const QString path = QDir(m_folder).filePath(u"defter.txt"_s);
-    const QString rows = readLedger(m_directory).changedSince(m_ledger);
+    const QString rows = LedgerRows(m_program.company()).changedSince(m_ledger);
     if (rows.isEmpty())
         fail(u"satışlar deftere hiçbir şey yazmadı"_s);
     QFile file(path);

@@ -40,8 +40,8 @@ bool showsProgress(QWidget *dialog)
 
 } // namespace
 
-Tour::Tour(Rooms &rooms, const QString &directory, const QString &folder)
-    : m_rooms(rooms), m_directory(directory), m_folder(folder)
+Tour::Tour(Rooms &rooms, Program &program, const QString &folder)
+    : m_rooms(rooms), m_program(program), m_folder(folder)
 {
     QDir().mkpath(m_folder);
     stockList();
@@ -301,7 +301,7 @@ void Tour::picture(const QString &windowName, const QString &file)
 /// Copies what was printed since the last time from the working folder.
 void Tour::collectPrints()
 {
-    const QDir printed(m_directory + u"/cikti"_s);
+    const QDir printed(m_program.path(u"cikti"));
     int fresh = 0;
     for (const QString &name : printed.entryList({u"*.pdf"_s}, QDir::Files, QDir::Time)) {
         if (m_collected.contains(name))

@@ -10,6 +10,7 @@
 #include <functional>
 #include <vector>
 
+class Program;
 class Rooms;
 
 inline constexpr QSize kTourScreen(1366, 768);
@@ -22,8 +23,8 @@ class Tour final : public QObject
     Q_OBJECT
 
 public:
-    /// `directory`: the working folder; `folder`: where pictures and copies of printed files go.
-    Tour(Rooms &rooms, const QString &directory, const QString &folder);
+    /// `program`: what the rooms work on; `folder`: where pictures and copies of printed files go.
+    Tour(Rooms &rooms, Program &program, const QString &folder);
 
     /// False when a form or control was not where a user would look for it.
     bool succeeded() const { return m_ended && m_failures == 0; }
@@ -73,7 +74,7 @@ private:
     };
 
     Rooms &m_rooms;
-    QString m_directory;
+    Program &m_program;
     QString m_folder;
     std::vector<Step> m_steps;
     std::size_t m_next = 0;

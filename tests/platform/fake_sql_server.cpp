@@ -254,7 +254,7 @@ bool FakeSqlServer::answerPacket(QTcpSocket &client, quint8 type, const QByteArr
         if (m_fault == Fault::refusesLogin)
             return false;
         reply(client, loginAnswer());
-        return true;
+        return m_fault != Fault::closesWhenIdle;
     case Packet::attention:
         if (m_fault == Fault::slowQuery)
             reply(client, done(0x20));

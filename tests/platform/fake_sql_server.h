@@ -20,6 +20,7 @@ public:
         slowQuery,      ///< answers no statement, but calls it off when told to
         silentInResult, ///< sends columns and half a row, then nothing
         closesInResult, ///< the same, then closes
+        closesWhenIdle, ///< closes when the client has logged in
         closesOnQuery,  ///< closes when a statement comes
         refusesLogin,   ///< closes in the middle of the login
         none,           ///< answers every statement with rows of every type

@@ -129,6 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FaultCase{"SlowQuery", FakeSqlServer::Fault::slowQuery, kLost, true},
                     FaultCase{"SilentInResult", FakeSqlServer::Fault::silentInResult, kLost, false},
                     FaultCase{"ClosesInResult", FakeSqlServer::Fault::closesInResult, kLost, false},
+                    FaultCase{"ClosesWhenIdle", FakeSqlServer::Fault::closesWhenIdle, kLost, false},
                     FaultCase{"ClosesOnQuery", FakeSqlServer::Fault::closesOnQuery, kLost, false},
                     FaultCase{"ViolatesKey", FakeSqlServer::Fault::violatesKey,
                               HostError::kDuplicate, true}),
