@@ -23,6 +23,12 @@ namespace {
 
 constexpr int kStocks = 100'000;
 
+std::unique_ptr<HostConnection> openCompany(const BigShop &big)
+{
+    MemoryKeyFile keys;
+    return EngineConnector(big.directory(), keys).open(u"Server=(yerel);database=DEMOSIRKET;"_s);
+}
+
 struct Shop
 {
     Shop()
@@ -33,9 +39,7 @@ struct Shop
                                       {u"stkfistip"_s, u"3"_s},
                                       {u"crfistip"_s, u"4"_s}});
         machine.program.kdvtab[1] = {QString(), u"5"_s, u"1"_s};
-        auto recorded =
-            std::make_unique<RecordedHost>(EngineConnector(big.directory(), machine.keys)
-                                               .open(u"Server=(yerel);database=DEMOSIRKET;"_s));
+        auto recorded = std::make_unique<RecordedHost>(openCompany(big));
         host = recorded.get();
         machine.program.bag = std::move(recorded);
     }
@@ -104,17 +108,9 @@ void enterToLine(benchmark::State &state)
     state.counters["over_us"] = seconds(total - floor) * 1e6 / count;
 }
 
-/// Takes the latest slips out: their numbers are keys, and the replay writes them again.
-void removeSlips(HostConnection &host)
-{
-    for (const QString &name : {u"STKFIS"_s, u"CARFIS"_s, u"FATFIS"_s}) {
-        const RecordSet last = host.execute(u"select max(%1REFNO) AS TOTAL from  %1"_s.arg(name));
-        host.execute(
-            u"DELETE FROM %1 where %1REFNO='%2'"_s.arg(name).arg(qRound64(last.number(u"TOTAL"))));
-    }
-}
-
-/// Every sale is posted once by the till and its statements are replayed bare.
+/// Every sale is posted once by the till and its statements are replayed bare on a twin of the
+/// shop. On the same one they would write what stands there already, which the engine does not even
+/// store.
 void postSale(benchmark::State &state)
 {
     constexpr int lines = 20;
@@ -127,6 +123,8 @@ void postSale(benchmark::State &state)
     sale.totals = till.totals(0);
     sale.moment = shop().machine.clock.moment;
     const SaleSettings settings = oku(program);
+    static const BigShop twin(kStocks);
+    static const auto twinHost = openCompany(twin);
 
     qint64 total = 0;
     qint64 floor = 0;
@@ -144,10 +142,9 @@ void postSale(benchmark::State &state)
             state.SkipWithError("a statement failed");
             break;
         }
-        removeSlips(*shop().host);
         timer.start();
         for (const QString &statement : std::as_const(shop().host->statements))
-            shop().host->execute(statement);
+            twinHost->execute(statement);
         floor += timer.nsecsElapsed();
     }
     state.counters["ratio"] = static_cast<double>(total) / static_cast<double>(floor);
