@@ -24,12 +24,24 @@ void overwrite(const QString &path, const QByteArray &bytes)
     file.write(bytes);
 }
 
+class DemoShop : public testing::TestWithParam<Engine>
+{
+protected:
+    void SetUp() override
+    {
+        if (GetParam() == Engine::server)
+            SKIP_WITHOUT_SERVER();
+        shop.open();
+    }
+
+    /// A server counts the dates of the demo shop back from its own day.
+    RealShop shop{GetParam(), QDateTime(QDate::currentDate(), QTime(14, 5))};
+};
+
 } // namespace
 
-TEST(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
+TEST_P(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
 {
-    RealShop shop;
-    shop.open();
     ASSERT_TRUE(Program::isOpen(shop.program.anabag));
     ASSERT_TRUE(Program::isOpen(shop.program.bag));
     // Record order, not number order: class n is the n-th record.
@@ -43,10 +55,8 @@ TEST(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
     EXPECT_TRUE(accepted) << "the password of a new shop is empty";
 }
 
-TEST(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
+TEST_P(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
 {
-    RealShop shop;
-    shop.open();
     LabelDesk desk(shop.program);
     desk.olcuyukle();
     const auto found = [&](const QString &text) {
@@ -69,10 +79,8 @@ TEST(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     EXPECT_EQ(desk.queue().size(), listed);
 }
 
-TEST(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
+TEST_P(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
 {
-    RealShop shop;
-    shop.open();
     const QDate today = shop.clock.now().date();
     const QDate first = today.addDays(-40); // the days of two months, in either order as texts
     QStringList expected;
@@ -96,10 +104,8 @@ TEST(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
     EXPECT_EQ(found, expected);
 }
 
-TEST(DemoShop, SettingsAreSavedAndReadBack)
+TEST_P(DemoShop, SettingsAreSavedAndReadBack)
 {
-    RealShop shop;
-    shop.open();
     SettingsSession first(shop.program);
     first.load();
     EXPECT_EQ(first.values().dep, u"MAĞAZA"_s);
@@ -121,10 +127,8 @@ TEST(DemoShop, SettingsAreSavedAndReadBack)
     EXPECT_TRUE(shop.prompt.shown.empty());
 }
 
-TEST(DemoShop, EveryShippedLayoutPrintsTheQueue)
+TEST_P(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
-    RealShop shop;
-    shop.open();
     LabelDesk desk(shop.program);
     desk.olcuyukle();
     desk.stkkodbul(u"GID.001"_s);
@@ -140,10 +144,8 @@ TEST(DemoShop, EveryShippedLayoutPrintsTheQueue)
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
 
-TEST(DemoShop, ALayoutForAPrinterThatIsGoneSaysSoAndKeepsTheQueue)
+TEST_P(DemoShop, ALayoutForAPrinterThatIsGoneSaysSoAndKeepsTheQueue)
 {
-    RealShop shop;
-    shop.open();
     LabelDesk desk(shop.program);
     desk.stkkodbul(u"GID.001"_s);
     desk.ektm();
@@ -156,6 +158,8 @@ TEST(DemoShop, ALayoutForAPrinterThatIsGoneSaysSoAndKeepsTheQueue)
     EXPECT_EQ(shop.prompt.warned, QStringList{u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s});
     EXPECT_GT(desk.queue().size(), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(, DemoShop, testing::Values(Engine::embedded, Engine::server), engineName);
 
 TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
 {

@@ -80,12 +80,14 @@ struct SecondTill
     std::unique_ptr<TillSession> till;
 };
 
-struct TillRoad : testing::Test
+struct TillRoad : testing::TestWithParam<Engine>
 {
-    TillRoad()
+    void SetUp() override
     {
+        if (GetParam() == Engine::server)
+            SKIP_WITHOUT_SERVER();
         shop.open();
-        other = shop.host.open(connectionString({u"(yerel)"_s, {}, {}, u"DEMOSIRKET"_s}));
+        other = shop.connect();
         till.load();
     }
 
@@ -119,19 +121,19 @@ struct TillRoad : testing::Test
         return static_cast<int>(other->execute(u"select * from "_s + table).rowCount());
     }
 
-    RealShop shop;
+    void sellAndCheckEveryTable();
+
+    RealShop shop{GetParam()};
     std::unique_ptr<HostConnection> other;
     TillSession till{shop.program};
 };
 
-/// The till over the embedded engine, or with the company behind an ODBC driver (that for SQLite)
-/// as a shop with a server has it.
-struct EitherEngine : TillRoad, testing::WithParamInterface<bool>
+/// The company behind an ODBC driver that needs no server, that for SQLite.
+struct SqliteTill : TillRoad
 {
     void SetUp() override
     {
-        if (!GetParam())
-            return;
+        TillRoad::SetUp();
         if (!OdbcSession::installedDrivers().contains(u"SQLite3"_s))
             GTEST_SKIP() << "the ODBC driver for SQLite is not installed";
         const QString path = shop.program.path(u"sirket.db");
@@ -177,6 +179,10 @@ struct EitherEngine : TillRoad, testing::WithParamInterface<bool>
     }
 };
 
+/// An embedded database has no connection to lose.
+struct ServerTill : TillRoad
+{};
+
 struct Written
 {
     QString from;
@@ -186,7 +192,7 @@ struct Written
 
 } // namespace
 
-TEST_P(EitherEngine, ASaleStandsInEveryTableOfTheLedger)
+void TillRoad::sellAndCheckEveryTable()
 {
     WatchedHost &host = watch(shop.program);
     till.setCashier({u"P01"_s, u"Ayşe Gündoğdu"_s});
@@ -269,10 +275,17 @@ TEST_P(EitherEngine, ASaleStandsInEveryTableOfTheLedger)
     EXPECT_EQ(host.failed, QStringList());
 }
 
-INSTANTIATE_TEST_SUITE_P(, EitherEngine, testing::Bool(),
-                         [](const auto &odbc) { return odbc.param ? "Odbc" : "Embedded"; });
+TEST_P(TillRoad, ASaleStandsInEveryTableOfTheLedger)
+{
+    sellAndCheckEveryTable();
+}
 
-TEST_F(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
+TEST_P(SqliteTill, ASaleStandsInEveryTableOfTheLedger)
+{
+    sellAndCheckEveryTable();
+}
+
+TEST_P(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
 {
     other->execute(u"INSERT INTO STKKART (STKKOD,STKCINSI,STKBIRIM,STKBAKIYE) values "
                    "('OZL.1','Ali''nin Balı','ADET','10')"_s);
@@ -302,7 +315,7 @@ TEST_F(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
 
 /// Both tills draw the same reference numbers: the second slip of a number is refused and told,
 /// everything else of both sales stands.
-TEST_F(TillRoad, AnotherTillPostsInTheMiddleOfAPosting)
+TEST_P(TillRoad, AnotherTillPostsInTheMiddleOfAPosting)
 {
     SecondTill second(shop.folder.path());
     sell(till, {kOilBarcode});
@@ -326,7 +339,33 @@ TEST_F(TillRoad, AnotherTillPostsInTheMiddleOfAPosting)
               QStringList{u"2145,39"_s});
 }
 
-TEST_F(TillRoad, TwoTillsPostAtOnceWithoutHanging)
+/// What was written stays written, the cashier is told what is missing, and the next sale is whole.
+TEST_P(ServerTill, AConnectionLostInTheMiddleIsTold)
+{
+    const QString session = shop.program.bag->execute(u"select @@SPID AS NO"_s).text(u"NO");
+    sell(till, {kOilBarcode, kTowel});
+    WatchedHost &host = watch(shop.program);
+    host.before = [&](const QString &statement) {
+        if (statement.startsWith(u"INSERT INTO CARFIS "_s))
+            other->execute(u"KILL "_s + session);
+    };
+    till.post();
+    EXPECT_FALSE(Program::isOpen(shop.program.bag));
+    ASSERT_EQ(shop.prompt.shown.size(), 2U);
+    EXPECT_TRUE(shop.prompt.shown[0].text.contains(u"Bağlantısı Kurulamıyor"_s));
+    EXPECT_TRUE(shop.prompt.shown[1].text.contains(u"Cari fişi"_s));
+    EXPECT_EQ(count(u"STKHAR"_s), 2);
+    EXPECT_EQ(count(u"CARFIS"_s) + count(u"FATHAR where FATHARREFNO='46'"_s), 0);
+
+    shop.open();
+    sell(till, {kTowel});
+    till.post();
+    EXPECT_EQ(shop.prompt.shown.size(), 2U);
+    EXPECT_EQ(count(u"STKHAR"_s), 3);
+    EXPECT_EQ(count(u"CARHAR"_s), 1);
+}
+
+TEST_P(TillRoad, TwoTillsPostAtOnceWithoutHanging)
 {
     constexpr int sales = 8;
     {
@@ -352,3 +391,8 @@ TEST_F(TillRoad, TwoTillsPostAtOnceWithoutHanging)
     EXPECT_EQ(count(u"STKHAR"_s), 4 * sales);
     EXPECT_EQ(count(u"CARHAR"_s), 2 * sales);
 }
+
+INSTANTIATE_TEST_SUITE_P(, TillRoad, testing::Values(Engine::embedded, Engine::server), engineName);
+
+INSTANTIATE_TEST_SUITE_P(, ServerTill, testing::Values(Engine::server), engineName);
+INSTANTIATE_TEST_SUITE_P(, SqliteTill, testing::Values(Engine::embedded), engineName);

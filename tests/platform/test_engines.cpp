@@ -6,28 +6,46 @@
 #include "platform/scratch.h"
 #include "platform/sqlite_file.h"
 #include "support/print_qt.h"
+#include "support/test_server.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Engine
+enum class Road
 {
     embedded,
-    odbc
+    odbc,
+    server
 };
 
-/// One suite over both roads to a database: the embedded engine, and ODBC (here with the driver for
-/// SQLite, told to us the way a shop would).
-class Engines : public testing::TestWithParam<Engine>
+void PrintTo(Road road, std::ostream *out)
+{
+    const std::array names = {"Embedded", "Odbc", "Server"};
+    *out << names.at(static_cast<std::size_t>(road));
+}
+
+std::string roadName(const testing::TestParamInfo<Road> &info)
+{
+    return testing::PrintToString(info.param);
+}
+
+/// One suite over the roads to a database: the embedded engine, and ODBC: with the driver for
+/// SQLite, told to us the way a shop would, and to the test server.
+class Engines : public testing::TestWithParam<Road>
 {
 protected:
     void SetUp() override
     {
-        if (GetParam() == Engine::embedded)
+        if (GetParam() == Road::embedded)
             return openEmbedded();
+        if (GetParam() == Road::server) {
+            SKIP_WITHOUT_SERVER();
+            return openServer();
+        }
         if (!OdbcSession::installedDrivers().contains(u"SQLite3"_s))
             GTEST_SKIP() << "the ODBC driver for SQLite is not installed";
         openOdbc();
@@ -44,7 +62,7 @@ protected:
                          {u"STKBAKIYE"_s, Type::number},
                          {u"STKTARIH"_s, Type::date}};
         writeEmbeddedFile(scratch.path(u"DENEME.yerel"_s), {table}, QDate(2026, 11, 20));
-        open(u"(yerel)"_s, u"DENEME"_s);
+        open({kEmbeddedServer.toString(), {}, {}, u"DENEME"_s});
     }
 
     void openOdbc()
@@ -56,12 +74,24 @@ protected:
         const QString keyFile = scratch.path(u"baglanti.zev"_s);
         keys.write(u"odbc"_s, u"surucu"_s, u"SQLite3"_s, keyFile);
         keys.write(u"odbc"_s, u"ek"_s, u"Database="_s + file, keyFile);
-        open(u"KASA1"_s, u"MUVSIRKET"_s);
+        open({u"KASA1"_s, u"sa"_s, u"gizli"_s, u"MUVSIRKET"_s});
     }
 
-    void open(const QString &server, const QString &database)
+    void openServer()
     {
-        host = connector.open(connectionString({server, u"sa"_s, u"gizli"_s, database}));
+        server = std::make_unique<TestServer>(connector, testLogin().value());
+        const QString name = server->newName();
+        server->run(
+            u"CREATE DATABASE %1 COLLATE Turkish_CI_AS\nGO\nUSE %1\nGO\n"
+            "CREATE TABLE STKKART (STKKOD varchar(20) NOT NULL PRIMARY KEY, "
+            "STKCINSI varchar(max), STKSIRA int, STKBAKIYE float, STKTARIH date)"_s.arg(name));
+        open(server->login(name));
+    }
+
+    void open(const ConnectionSettings &wanted)
+    {
+        settings = wanted;
+        host = connector.open(connectionString(settings));
     }
 
     void insert(const QString &values)
@@ -73,8 +103,17 @@ protected:
     Scratch scratch;
     MemoryKeyFile keys;
     EngineConnector connector{scratch.path(), keys};
+    std::unique_ptr<TestServer> server;
+    ConnectionSettings settings;
     std::unique_ptr<HostConnection> host;
 };
+
+class ServerTypes : public Engines
+{};
+
+/// The driver for SQLite knows no dates.
+class Dates : public Engines
+{};
 
 TEST_P(Engines, WritesAndReadsEveryType)
 {
@@ -141,7 +180,7 @@ TEST_P(Engines, SaysWhatWentWrongAndGoesOn)
     EXPECT_EQ(errorOfStatement(u"select * from YOK"_s), HostError::kStatement);
     // The ODBC driver for SQLite has no SQLSTATE of its own for a key that is there already.
     EXPECT_EQ(errorOfStatement(u"INSERT INTO STKKART (STKKOD) values ('S1')"_s),
-              GetParam() == Engine::embedded ? HostError::kDuplicate : HostError::kStatement);
+              GetParam() == Road::odbc ? HostError::kStatement : HostError::kDuplicate);
     EXPECT_EQ(host->state(), 1);
     EXPECT_EQ(host->execute(u"select * from STKKART"_s).rowCount(), 1);
 }
@@ -149,15 +188,65 @@ TEST_P(Engines, SaysWhatWentWrongAndGoesOn)
 TEST_P(Engines, TwoConnectionsStandSideBySide)
 {
     const auto first = std::move(host);
-    open(GetParam() == Engine::embedded ? u"(YEREL)"_s : u"KASA1"_s, u"deneme"_s);
+    settings.server = settings.server.toUpper(); // names compare without regard to case
+    settings.database = settings.database.toLower();
+    open(settings);
     insert(u"'S1','Stok','1','1'"_s);
     EXPECT_EQ(first->execute(u"select * from STKKART"_s).rowCount(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(, Engines, testing::Values(Engine::embedded, Engine::odbc),
-                         [](const auto &engine) {
-                             return engine.param == Engine::embedded ? "Embedded" : "Odbc";
-                         });
+/// What tables of a ledger may hold besides the types above; most of them only a server has.
+TEST_P(ServerTypes, AreAllRead)
+{
+    host->execute(
+        u"CREATE TABLE HER (K int, A bit, B tinyint, C smallint, D bigint, E decimal(18,4), "
+        "F numeric(5,2), G money, H smallmoney, I real, J float, L datetime, M smalldatetime, "
+        "N datetime2(3), O date, P time, Q char(5), R nchar(5), S nvarchar(20), T text, U ntext, "
+        "V uniqueidentifier, W varbinary(4), X varchar(max), Y image)"_s);
+    host->execute(u"INSERT INTO HER VALUES ('1','1','255','-7','8690000000012','-12.5','18.99',"
+                  "'149.9','0.1','0.35','1.995','20261120 00:01:02','20261120 14:05:00',"
+                  "'2026-11-20 14:05:06.789','20261120','14:05:06','ab','Şğ','İıçö',"
+                  "'uzun ş','uzun İ','6F9619FF-8B86-D011-B42D-00C04FC964FF',0x0102,'"_s +
+                  QString(9000, u'ğ') + u"',0x01)"_s);
+    host->execute(u"INSERT INTO HER (K) VALUES (2)"_s);
+    RecordSet rows = host->execute(u"select * from HER order by K"_s);
+    ASSERT_EQ(rows.rowCount(), 2);
+    QStringList fields;
+    for (const QString &column : rows.columns())
+        if (column != u"X"_s)
+            fields += rows.text(column);
+    EXPECT_EQ(fields.join(u'|'),
+              u"1|1|255|-7|8690000000012|-12,5|18,99|149,9|0,1|0,35|1,995|20.11.2026 00:01:02|"
+              "20.11.2026 14:05:00|20.11.2026 14:05:06|20.11.2026|14:05:06.0000000|ab   |Şğ   |"
+              "İıçö|uzun ş|uzun İ|6F9619FF-8B86-D011-B42D-00C04FC964FF|0102|01"_s);
+    EXPECT_EQ(rows.text(u"X"), QString(9000, u'ğ'));
+    rows.moveNext();
+    for (const QString &column : rows.columns().mid(1))
+        EXPECT_TRUE(rows.value(column).isNull()) << column.toStdString();
+}
+
+/// "Set DateFormat dmy" is told once and holds for the statements after it.
+TEST_P(Dates, AreReadDayFirst)
+{
+    host->execute(u"Set DateFormat dmy"_s);
+    insert(u"'S1','Stok','1','1'"_s);
+    host->execute(u"UPDATE STKKART SET STKTARIH='05.11.2026' where STKKOD='S1'"_s);
+    EXPECT_EQ(host->execute(u"select * from STKKART"_s).text(u"STKTARIH"), u"05.11.2026"_s);
+    const auto found = [&](const QString &from, const QString &to) {
+        return host
+            ->execute(
+                u"select * from STKKART where (STKTARIH between '%1' and '%2')"_s.arg(from, to))
+            .rowCount();
+    };
+    EXPECT_EQ(found(u"05.11.2026"_s, u"30.11.2026"_s), 1);
+    EXPECT_EQ(found(u"06.10.2026"_s, u"04.11.2026"_s), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(, Engines, testing::Values(Road::embedded, Road::odbc, Road::server),
+                         roadName);
+
+INSTANTIATE_TEST_SUITE_P(, ServerTypes, testing::Values(Road::server), roadName);
+INSTANTIATE_TEST_SUITE_P(, Dates, testing::Values(Road::embedded, Road::server), roadName);
 
 TEST(EngineConnector, DoesNotOpenWhatTheStringCorrupts)
 {

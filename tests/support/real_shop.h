@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/settings_database.h"
 #include "fakes/fake_ports.h"
 #include "platform/demo_shop.h"
 #include "platform/engine_connector.h"
@@ -9,6 +10,7 @@
 #include "platform/system_printers.h"
 #include "shell/host_link.h"
 #include "shell/settings_file.h"
+#include "support/test_server.h"
 
 #include <QTemporaryDir>
 
@@ -16,15 +18,25 @@
 /// the loudspeaker are fakes.
 struct RealShop
 {
-    RealShop()
+    /// Engine::server: on the test server; there is no shop at all when none is named, see
+    /// SKIP_WITHOUT_SERVER. `moment`: what the clock shows.
+    explicit RealShop(Engine engine = Engine::embedded,
+                      const QDateTime &moment = FixedClock().moment)
     {
+        clock.moment = moment;
         copyShippedFiles(folder.path());
-        createDemoShop(folder.path(), clock.now().date());
         createSettingsFile(program);
+        if (engine == Engine::embedded)
+            createDemoShop(folder.path(), clock.now().date());
+        else if (const auto login = testLogin())
+            moveToServer(*login);
     }
 
     /// Opens the host as the start of the program does.
     void open() { HostLink(program).sqlbaglan(); }
+
+    /// One more connection to the company database.
+    std::unique_ptr<HostConnection> connect() { return host.open(connectionString(company)); }
 
     QTemporaryDir folder;
     FixedClock clock;
@@ -34,5 +46,24 @@ struct RealShop
     SystemPrinters printers{folder.path(), clock};
     RecordingSounds sounds;
     ScriptedPrompt prompt;
+    std::unique_ptr<TestServer> server; ///< null with the embedded engine
+    ConnectionSettings company{kEmbeddedServer.toString(), {}, {}, kDemoCompany.toString()};
     Program program{Ports{host, db, keys, printers, sounds, clock, prompt}, folder.path()};
+
+private:
+    void moveToServer(const ConnectionSettings &login)
+    {
+        server = std::make_unique<TestServer>(host, login);
+        const QString master = server->newName();
+        company = server->login(server->newName());
+        QString script = demoSqlServerScript();
+        script.replace(kDemoMaster.toString(), master);
+        script.replace(kDemoCompany.toString(), company.database);
+        server->run(script);
+        OpenDatabase file(db, program.path(settings::kFile));
+        file.execute(
+            QStringLiteral("Update server set server='%1',kuladi='%2',sifre='%3',"
+                           "sql='%4',msql='%5' Where id ='1'")
+                .arg(company.server, company.user, company.password, company.database, master));
+    }
 };
