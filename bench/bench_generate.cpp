@@ -4,7 +4,7 @@
 
 #include "big_shop.h"
 #include "fakes/fake_ports.h"
-#include "labels/print/label_desk.h"
+#include "labels/desk/label_desk.h"
 #include "platform/engine_connector.h"
 #include "recorded_host.h"
 

@@ -3,8 +3,8 @@
 
 #include "big_shop.h"
 #include "fakes/fake_ports.h"
-#include "labels/print/label_desk.h"
-#include "labels/print/stock_queries.h"
+#include "labels/desk/label_desk.h"
+#include "labels/desk/stock_queries.h"
 #include "platform/engine_connector.h"
 
 #include <QElapsedTimer>

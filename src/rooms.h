@@ -2,9 +2,9 @@
 
 #include "common/autostart.h"
 #include "common/program.h"
-#include "labels/print/invoice_picker.h"
-#include "labels/print/label_desk.h"
-#include "labels/print/price_change_finder.h"
+#include "labels/desk/invoice_picker.h"
+#include "labels/desk/label_desk.h"
+#include "labels/desk/price_change_finder.h"
 #include "labels/print/print_run.h"
 #include "sales/till_session.h"
 #include "shell/forms/strt.h"

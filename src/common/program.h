@@ -43,7 +43,7 @@ public:
     std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
     std::unique_ptr<HostConnection> bag;    ///< company connection
     VatTable kdvtab;
-    int cevap = 0; ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
+    int cevap = 0;                ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
     std::array<QString, 88> sira; ///< start-up index table
 
     /// Absolute path of a file of the working folder.
@@ -57,8 +57,8 @@ public:
     static bool isOpen(const std::unique_ptr<HostConnection> &connection);
 
     /// Shows the program's message box. `kind` 1 "TAMAM", 2 "DİKKAT", 3 "UYARI", 4 "ONAY", other:
-    /// no caption of its own; `icon` 1 to 3; `buttons` 1 "TAMAM", 2 "EVET" and "HAYIR", other: none.
-    /// True when the user confirmed. `cevap` is 0 afterwards.
+    /// no caption of its own; `icon` 1 to 3; `buttons` 1 "TAMAM", 2 "EVET" and "HAYIR", other:
+    /// none. True when the user confirmed. `cevap` is 0 afterwards.
     bool mesajgoster(const QString &text, int kind, int icon, int buttons);
 
     /// Runs what a key or button asked for. An error of a database or printer is shown in the

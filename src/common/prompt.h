@@ -12,7 +12,12 @@ struct Message
 };
 
 /// How a message box ended; the numbers are those of the answer value `cevap`.
-enum class Answer { no = 0, yes = 1, closed = 2 };
+enum class Answer
+{
+    no = 0,
+    yes = 1,
+    closed = 2
+};
 
 /// Asks the user. Modal: returns when the user has answered.
 class Prompt

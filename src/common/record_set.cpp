@@ -16,7 +16,8 @@ const QVariant &RecordSet::value(QStringView column) const
     if (eof())
         throw HostError(HostError::kNoRow, u"Okunacak kayıt yok."_s);
     // Rows are read field by field in much the same order, so the search goes on where the last one
-    // ended: a ledger table has a hundred columns, and a list of all stocks a hundred thousand rows.
+    // ended: a ledger table has a hundred columns, and a list of all stocks a hundred thousand
+    // rows.
     for (qsizetype tried = 0; tried < m_columns.size(); ++tried) {
         const qsizetype i = m_lastColumn;
         if (column.compare(m_columns.at(i), Qt::CaseInsensitive) == 0)

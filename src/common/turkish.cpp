@@ -18,12 +18,8 @@ struct Letter
     unsigned char byte;
     char16_t letter;
 };
-constexpr std::array<Letter, 6> kTurkishLetters = {{{0xD0, u'Ğ'},
-                                                    {0xDD, u'İ'},
-                                                    {0xDE, u'Ş'},
-                                                    {0xF0, u'ğ'},
-                                                    {0xFD, u'ı'},
-                                                    {0xFE, u'ş'}}};
+constexpr std::array<Letter, 6> kTurkishLetters = {
+    {{0xD0, u'Ğ'}, {0xDD, u'İ'}, {0xDE, u'Ş'}, {0xF0, u'ğ'}, {0xFD, u'ı'}, {0xFE, u'ş'}}};
 
 constexpr std::array<char16_t, 256> makeTable()
 {

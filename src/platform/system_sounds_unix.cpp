@@ -12,7 +12,8 @@ struct SystemSounds::Player
     std::map<QString, std::unique_ptr<QSoundEffect>> effects;
 };
 
-SystemSounds::SystemSounds() : m_player(std::make_unique<Player>()) {}
+SystemSounds::SystemSounds() : m_player(std::make_unique<Player>())
+{}
 
 SystemSounds::~SystemSounds() = default;
 

@@ -1,8 +1,8 @@
 #include "fakes/label_shop.h"
-#include "labels/print/forms/baruret.h"
-#include "labels/print/forms/fatura.h"
-#include "labels/print/forms/fytdegisbul.h"
-#include "labels/print/invoice_picker.h"
+#include "labels/desk/forms/baruret.h"
+#include "labels/desk/forms/fatura.h"
+#include "labels/desk/forms/fytdegisbul.h"
+#include "labels/desk/invoice_picker.h"
 #include "support/print_qt.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 #include "fakes/label_shop.h"
-#include "labels/print/forms/stkkart.h"
+#include "labels/desk/forms/stkkart.h"
 #include "support/print_qt.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/fake_ports.h"
-#include "labels/print/label_desk.h"
+#include "labels/desk/label_desk.h"
 
 /// A machine of fakes with a few stocks, and the label desk at work on it.
 ///

@@ -43,7 +43,8 @@ TEST_F(Designer, WhatIsTypedIsSeenPrintedAndSaved)
     shop.db.statements.clear();
     press(u"saveButton"_s);
     EXPECT_EQ(shop.db.statements.size(), 6);
-    EXPECT_TRUE(shop.db.statements.at(1).contains(u"alt = 'Yine bekleriz<*say*><\\?\\>Güle güle'"_s));
+    EXPECT_TRUE(
+        shop.db.statements.at(1).contains(u"alt = 'Yine bekleriz<*say*><\\?\\>Güle güle'"_s));
     EXPECT_TRUE(shop.db.statements.at(4).contains(u"b3 = '28,5'"_s));
 }
 

@@ -7,7 +7,6 @@
 
 #include <deque>
 
-
 /// Makes device fonts of layout fonts, once each.
 class DeviceFonts final : public TextMeasure
 {

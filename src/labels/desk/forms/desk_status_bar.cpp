@@ -1,0 +1,51 @@
+#include "labels/desk/forms/desk_status_bar.h"
+
+#include "common/amount.h"
+
+#include <QLabel>
+#include <QProgressBar>
+
+using namespace Qt::StringLiterals;
+
+DeskStatusBar::DeskStatusBar(QWidget *parent)
+    : QStatusBar(parent), m_total(new QLabel(this)), m_status(new QLabel(this)),
+      m_progress(new QProgressBar(this)), m_stopHint(new QLabel(u"<b>Esc</b>: durdur"_s, this))
+{
+    m_total->setObjectName(u"panel1"_s);
+    m_total->setMinimumWidth(190);
+    m_status->setObjectName(u"status"_s);
+    m_status->setTextFormat(Qt::PlainText);
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_progress->setObjectName(u"progress"_s);
+    m_progress->setTextVisible(false);
+    m_progress->setFixedWidth(180);
+    addWidget(m_total);
+    addWidget(m_status, 1);
+    addPermanentWidget(m_progress);
+    addPermanentWidget(m_stopHint);
+    showBusy(false);
+}
+
+void DeskStatusBar::showTotal(qint64 labels)
+{
+    m_total->setText(u"Toplam etiket: %1"_s.arg(amount::whole(labels)));
+}
+
+void DeskStatusBar::showText(const QString &text)
+{
+    m_status->setText(text);
+}
+
+void DeskStatusBar::showProgress(const QString &text, int done, int total)
+{
+    showText(text);
+    m_progress->setMaximum(total);
+    m_progress->setValue(done);
+}
+
+void DeskStatusBar::showBusy(bool busy)
+{
+    m_progress->setMaximum(0); // no end in sight before the first answer
+    m_progress->setVisible(busy);
+    m_stopHint->setVisible(busy);
+}

@@ -1,0 +1,23 @@
+#include "labels/desk/forms/fytdegisbul.h"
+
+#include "ui_fytdegisbul.h"
+
+fytdegisbul::fytdegisbul(PriceChangeFinder &finder, QWidget *parent)
+    : QDialog(parent), m_finder(finder), m_ui(std::make_unique<Ui::fytdegisbul>())
+{
+    m_ui->setupUi(this);
+    const ChangeRange range = m_finder.usualRange();
+    m_ui->tr1->setDate(range.from);
+    m_ui->tr2->setDate(range.to);
+    m_ui->sat1->setTime(range.start);
+    m_ui->sat2->setTime(range.end);
+    connect(m_ui->bul, &QPushButton::clicked, this, &fytdegisbul::find);
+    connect(m_ui->kapat, &QPushButton::clicked, this, &fytdegisbul::reject);
+}
+
+fytdegisbul::~fytdegisbul() = default;
+
+void fytdegisbul::find()
+{
+    m_finder.find({m_ui->tr1->date(), m_ui->tr2->date(), m_ui->sat1->time(), m_ui->sat2->time()});
+}

@@ -1,0 +1,264 @@
+#include "labels/desk/forms/stkkart.h"
+
+#include "labels/desk/forms/form_keys.h"
+#include "labels/desk/forms/gather_menu.h"
+#include "labels/desk/forms/list_menu.h"
+#include "labels/desk/label_desk.h"
+#include "ui_stkkart.h"
+
+#include <QCloseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Widths in pixels of a list nobody has arranged yet; the name column takes what is left over.
+const QList<int> kStockWidths = {150, 130, 300, 150, 110, 60};
+const QList<int> kQueueWidths = {50, 150, 130, 300, 150, 110, 60};
+
+} // namespace
+
+stkkart::stkkart(LabelDesk &desk, QWidget *parent)
+    : QMainWindow(parent), m_desk(desk), m_ui(std::make_unique<Ui::stkkart>())
+{
+    m_ui->setupUi(this);
+    m_lastSearch = m_ui->Text1;
+    m_desk.olcuyukle();
+    buildLists();
+    buildMenus();
+    connectSearches();
+    connectQueue();
+    connectDesk();
+    connectNumbers();
+    connectKeys();
+    m_ui->Text1->setFocus();
+}
+
+stkkart::~stkkart() = default;
+
+QToolButton *stkkart::menuButton() const
+{
+    return m_ui->menuButton;
+}
+
+void stkkart::buildLists()
+{
+    m_ui->l1->setModel(&m_desk.stocks());
+    m_ui->l2->setModel(&m_desk.queue());
+    m_ui->l1->setWidths(m_desk.stockWidths(), kStockWidths, StockList::name);
+    m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
+    m_ui->splitter->setStretchFactor(0, 5);
+    m_ui->splitter->setStretchFactor(1, 3);
+}
+
+void stkkart::buildMenus()
+{
+    auto *stockMenu = new ListMenu(u"stklist"_s, m_ui->l1, this);
+    for (QAbstractButton *button : {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm})
+        stockMenu->add(button);
+
+    auto *queueMenu = new ListMenu(u"yzdlst"_s, m_ui->l2, this);
+    queueMenu->add(m_ui->printSelected, u"yzdsec"_s);
+    queueMenu->add(m_ui->printAll, u"yzdtum"_s);
+    queueMenu->add(m_ui->chooseLayout);
+    queueMenu->addSeparator();
+    queueMenu->add(m_ui->removeOne);
+    queueMenu->add(m_ui->clearQueue);
+}
+
+void stkkart::connectSearches()
+{
+    connect(m_ui->Text1, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.stkcinsibul(searchText(m_ui->Text1)); });
+    connect(m_ui->Text4, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.stkkodbul(searchText(m_ui->Text4)); });
+    connect(m_ui->Text3, &QLineEdit::returnPressed, &m_desk,
+            [this] { m_desk.brkdbul(searchText(m_ui->Text3)); });
+    connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+    connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
+    connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
+
+    const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
+        connect(option, &QAbstractButton::clicked, &m_desk,
+                [this, units] { m_desk.setUnits(units); });
+    };
+    onOption(m_ui->Option1, UnitChoice::first);
+    onOption(m_ui->Option2, UnitChoice::second);
+    onOption(m_ui->Option3, UnitChoice::both);
+    m_desk.setUnits(UnitChoice::first);
+}
+
+void stkkart::connectQueue()
+{
+    connect(m_ui->addOne, &QPushButton::clicked, this,
+            [this] { m_desk.addOne(m_ui->l1->selectedRow()); });
+    connect(m_ui->l1, &QTreeView::doubleClicked, m_ui->addOne, &QPushButton::click);
+    connect(m_ui->ekbr1, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr1);
+    connect(m_ui->ekbr2, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr2);
+    connect(m_ui->ektm, &QPushButton::clicked, &m_desk, &LabelDesk::ektm);
+
+    const auto setOne = [this] { m_desk.setCount(m_ui->l2->selectedRow(), m_ui->adet->text()); };
+    const auto setAll = [this] { m_desk.setAllCounts(m_ui->Text2->text()); };
+    connect(m_ui->adet, &QLineEdit::returnPressed, this, setOne);
+    connect(m_ui->Text2, &QLineEdit::returnPressed, this, setAll);
+    connect(m_ui->setAllCounts, &QPushButton::clicked, this, setAll);
+    connect(m_ui->removeOne, &QPushButton::clicked, this,
+            [this] { m_desk.removeOne(m_ui->l2->selectedRow()); });
+    connect(m_ui->clearQueue, &QPushButton::clicked, &m_desk, &LabelDesk::clearQueue);
+    connect(m_ui->printAll, &QPushButton::clicked, &m_desk, &LabelDesk::yzdtum);
+    connect(m_ui->chooseLayout, &QPushButton::clicked, &m_desk, &LabelDesk::chooseLayout);
+    connect(m_ui->printSelected, &QPushButton::clicked, this,
+            [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
+    connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &stkkart::showCount);
+    connect(&m_desk.queue(), &PrintQueue::modelReset, this, &stkkart::showCount);
+}
+
+void stkkart::connectDesk()
+{
+    connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showCommands);
+    connect(&m_desk, &LabelDesk::busyChanged, m_ui->statusBar, &DeskStatusBar::showBusy);
+    connect(&m_desk, &LabelDesk::statusChanged, m_ui->statusBar, &DeskStatusBar::showText);
+    connect(&m_desk, &LabelDesk::progressed, m_ui->statusBar, &DeskStatusBar::showProgress);
+    connect(&m_desk.queue(), &PrintQueue::totalChanged, m_ui->statusBar, &DeskStatusBar::showTotal);
+    m_ui->statusBar->showTotal(m_desk.queue().total());
+    connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
+    connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
+        m_ui->Text2->setText(u"1"_s);
+        m_ui->Text2->selectAll();
+        showCount();
+    });
+}
+
+/// While stocks are being numbered, the commands of numbering stand where those of printing do.
+void stkkart::connectNumbers()
+{
+    NumberDesk &numbers = m_desk.numbers();
+    m_ui->barkodsuz->setMenu(new GatherMenu(m_desk, this));
+    connect(m_ui->brkdurt, &QPushButton::clicked, &numbers, &NumberDesk::brkdurt);
+    connect(m_ui->brgnc, &QPushButton::clicked, &numbers, &NumberDesk::brgnc);
+    connect(&numbers, &NumberDesk::modeChanged, this, &stkkart::showCommands);
+    connect(&numbers, &NumberDesk::summaryChanged, m_ui->numberSummary, &QLabel::setText);
+    m_ui->numberSummary->setText(numbers.summary());
+    showCommands();
+}
+
+void stkkart::connectKeys()
+{
+    for (QLineEdit *box : {m_ui->Text1, m_ui->Text4, m_ui->Text3}) {
+        onKey(box, Qt::Key_Tab, [this] { goToFirstStock(); });
+        onKey(box, Qt::Key_Down, [this] { goToFirstStock(); });
+    }
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        onKey(m_ui->l1, key, [this] { m_ui->addOne->click(); });
+        onKey(m_ui->l2, key, [this] { m_ui->adet->setFocus(Qt::ShortcutFocusReason); });
+    }
+    onKey(m_ui->l2, Qt::Key_Delete, [this] { m_ui->removeOne->click(); });
+    onKey(m_ui->l2, Qt::CTRL | Qt::Key_Delete, [this] { m_ui->clearQueue->click(); });
+    onKey(m_ui->adet, Qt::Key_Up, [this] { moveInQueue(-1); });
+    onKey(m_ui->adet, Qt::Key_Down, [this] { moveInQueue(1); });
+
+    onKey(this, Qt::Key_F3, [this] { goToSearch(m_ui->Text1); });
+    onKey(this, Qt::Key_F4, [this] { goToSearch(m_ui->Text4); });
+    onKey(this, Qt::Key_F5, [this] { goToSearch(m_ui->Text3); });
+    onKey(this, Qt::Key_F7, [this] { m_ui->l1->enter(); });
+    onKey(this, Qt::Key_F8, [this] { m_ui->l2->enter(); });
+    // A button's own shortcut would press it a tenth of a second late, to show it going down.
+    const std::pair<QKeySequence, QAbstractButton *> commands[] = {
+        {Qt::Key_F6, m_ui->listAll},
+        {Qt::CTRL | Qt::Key_F, m_ui->fatura},
+        {Qt::CTRL | Qt::Key_D, m_ui->fytdegisbul},
+        {Qt::Key_F9, m_ui->printAll},
+        {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
+        {Qt::CTRL | Qt::Key_F9, m_ui->chooseLayout},
+        {Qt::Key_F11, m_ui->brkdurt},
+        {Qt::Key_F12, m_ui->brgnc},
+        {Qt::CTRL | Qt::Key_1, m_ui->ekbr1},
+        {Qt::CTRL | Qt::Key_2, m_ui->ekbr2},
+        {Qt::CTRL | Qt::Key_3, m_ui->ektm},
+    };
+    for (const auto &[keys, button] : commands)
+        onKey(this, keys, [pressed = button] { pressed->click(); });
+    onKey(this, Qt::Key_Escape, [this] { leave(); });
+}
+
+/// The text is selected, so that the next scan or word replaces it.
+QString stkkart::searchText(QLineEdit *box)
+{
+    box->selectAll();
+    m_lastSearch = box;
+    return box->text();
+}
+
+void stkkart::goToSearch(QLineEdit *box)
+{
+    box->setFocus(Qt::ShortcutFocusReason);
+    box->selectAll();
+}
+
+void stkkart::goToFirstStock()
+{
+    m_ui->l1->setFocus(Qt::TabFocusReason);
+    m_ui->l1->selectRow(0);
+}
+
+void stkkart::moveInQueue(int rows)
+{
+    const int row = m_ui->l2->selectedRow() + rows;
+    if (m_desk.queue().isValidRow(row))
+        m_ui->l2->selectRow(row);
+    m_ui->adet->selectAll();
+}
+
+/// Escape: stops what runs, else goes back to where the user was searching.
+void stkkart::leave()
+{
+    if (m_desk.isBusy())
+        m_desk.stop();
+    else
+        goToSearch(m_lastSearch);
+}
+
+void stkkart::showCount()
+{
+    const int row = m_ui->l2->selectedRow();
+    m_ui->adet->setText(row < 0 ? QString() : m_desk.queue().at(row).count);
+    m_ui->adet->selectAll();
+}
+
+void stkkart::showCommands()
+{
+    using Commands = std::initializer_list<QWidget *>;
+    const Commands adding = {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
+    const Commands printing = {m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll};
+    const Commands numbering = {m_ui->brkdurt, m_ui->brgnc};
+    const bool on = m_desk.numbers().isOn();
+    for (QWidget *command : adding)
+        command->setEnabled(m_desk.isFree());
+    for (QWidget *command : printing) {
+        command->setEnabled(m_desk.isFree());
+        command->setHidden(on);
+    }
+    for (QWidget *command : numbering) {
+        command->setEnabled(on && !m_desk.isBusy());
+        command->setVisible(on);
+    }
+}
+
+void stkkart::closeEvent(QCloseEvent *event)
+{
+    if (!m_desk.mayClose()) {
+        event->ignore();
+        return;
+    }
+    m_desk.saveWidths(m_ui->l1->widths(), m_ui->l2->widths());
+    m_desk.stop();
+    // A key handler of this window may still be running a search; the window goes after it.
+    if (m_desk.isBusy() && testAttribute(Qt::WA_DeleteOnClose)) {
+        setAttribute(Qt::WA_DeleteOnClose, false);
+        connect(&m_desk, &LabelDesk::busyChanged, this, &QObject::deleteLater);
+    }
+    QMainWindow::closeEvent(event);
+}

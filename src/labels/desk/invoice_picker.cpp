@@ -1,0 +1,213 @@
+#include "labels/desk/invoice_picker.h"
+
+#include "common/amount.h"
+#include "common/program.h"
+#include "labels/desk/invoice_queries.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kSeparator = QStringLiteral("<1234>");
+constexpr QStringView kTrackingFile = u"fattakip.zev";
+const QString kTrackingSection = QStringLiteral("fat");
+
+/// Rows looked at between two glances at the clock.
+constexpr qsizetype kBatch = 500;
+
+/// The date of a "dd.MM.yyyy" text by the places of its parts, whatever follows them.
+QDate dateByPosition(const QString &text)
+{
+    return {text.mid(6, 4).toInt(), text.mid(3, 2).toInt(), text.mid(0, 2).toInt()};
+}
+
+QString countText(QStringView what, qsizetype count)
+{
+    return u"%1 %2"_s.arg(amount::whole(count), what);
+}
+
+} // namespace
+
+QString InvoiceType::number() const
+{
+    return code.section(kSeparator, 1);
+}
+
+/// Marks the picker as busy for as long as it lives.
+class InvoicePicker::Busy
+{
+public:
+    Busy(InvoicePicker &picker, const QString &text) : m_picker(picker)
+    {
+        picker.m_task.start();
+        Q_EMIT picker.busyChanged(true);
+        Q_EMIT picker.statusChanged(text);
+        LongTask::showFirst();
+    }
+    ~Busy()
+    {
+        m_picker.m_task.end();
+        Q_EMIT m_picker.busyChanged(false);
+        Q_EMIT m_picker.statusChanged(outcome);
+    }
+    Busy(const Busy &) = delete;
+    Busy &operator=(const Busy &) = delete;
+
+    QString outcome = u"Okunamadı."_s; ///< told at the end
+
+private:
+    InvoicePicker &m_picker;
+};
+
+InvoicePicker::InvoicePicker(Program &program, QObject *parent)
+    : QObject(parent), m_program(program)
+{}
+
+QDate InvoicePicker::today() const
+{
+    return m_program.clock.now().date();
+}
+
+void InvoicePicker::load()
+{
+    m_invoices.clear();
+    m_lines.clear();
+    fatipyukle();
+    takipyukle();
+}
+
+void InvoicePicker::fatipyukle()
+{
+    m_types.clear();
+    m_program.handle([this] {
+        RecordSet types = m_program.company().execute(invoice_queries::types());
+        for (; !types.eof(); types.moveNext()) {
+            const QString name = types.text(u"FATFTKOD");
+            m_types.push_back({name, name + kSeparator + types.text(u"FATFTNO").trimmed()});
+        }
+    });
+}
+
+void InvoicePicker::takipyukle()
+{
+    const QString file = m_program.path(kTrackingFile);
+    m_tracking.on = m_program.keys.read(kTrackingSection, u"takip"_s, file).trimmed().toInt() != 0;
+    m_tracking.number = m_program.keys.read(kTrackingSection, u"takipno"_s, file);
+}
+
+void InvoicePicker::saveTracking(const TrackingFilter &filter)
+{
+    const QString file = m_program.path(kTrackingFile);
+    const QString on = QString::number(filter.on ? 1 : 0);
+    if (!m_program.keys.write(kTrackingSection, u"takip"_s, on, file) ||
+        !m_program.keys.write(kTrackingSection, u"takipno"_s, filter.number, file)) {
+        m_program.mesajgoster(u"Takip ayarı yazılamadı:\n%1"_s.arg(file), 3, 3, 1);
+        return;
+    }
+    m_tracking = filter;
+    Q_EMIT statusChanged(u"Takip ayarı kaydedildi."_s);
+}
+
+void InvoicePicker::listInvoices(int type, QDate from, QDate to)
+{
+    if (isBusy() || refuseListing(type, from, to))
+        return;
+    m_program.handle([&] {
+        Busy busy(*this, u"Faturalar okunuyor…"_s);
+        RecordSet invoices = m_program.company().execute(invoice_queries::all());
+        m_invoices.clear();
+        busy.outcome = pick(std::move(invoices), m_types.at(type).number(), from, to);
+    });
+}
+
+bool InvoicePicker::refuseListing(int type, QDate from, QDate to)
+{
+    if (type < 0 || type >= m_types.size()) {
+        m_program.mesajgoster(u"Fatura Tipi Seçimi Yapmanız Gerekiyor..."_s, 2, 3, 1);
+        return true;
+    }
+    if (from > to) {
+        m_program.mesajgoster(u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s, 2, 3, 1);
+        return true;
+    }
+    return false;
+}
+
+QString InvoicePicker::pick(RecordSet invoices, const QString &type, QDate from, QDate to)
+{
+    const qsizetype total = invoices.rowCount();
+    qsizetype done = 0;
+    std::vector<InvoiceRow> kept;
+    while (!invoices.eof()) {
+        kept.clear();
+        for (qsizetype i = 0; i < kBatch && !invoices.eof(); ++i, ++done, invoices.moveNext()) {
+            if (invoices.text(u"FATFISTIPI").trimmed() != type)
+                continue;
+            const QString date = invoices.text(u"FATFISTAR");
+            const QDate day = dateByPosition(date);
+            if (day.isValid() && from <= day && day <= to)
+                kept.push_back({date.left(10), invoices.text(u"FATFISEVRAKNO1"),
+                                invoices.text(u"FATFISCARUNVAN"), invoices.text(u"FATFISREFNO")});
+        }
+        m_invoices.append(kept);
+        if (!keepGoing(u"Faturalar listeleniyor"_s, done, total))
+            return u"Durduruldu: "_s + countText(u"fatura listelendi.", m_invoices.size());
+    }
+    return m_invoices.size() == 0 ? u"Bu tipte ve tarihlerde fatura yok."_s
+                                  : countText(u"fatura listelendi.", m_invoices.size());
+}
+
+void InvoicePicker::loadLines(const TrackingFilter &filter)
+{
+    if (isBusy())
+        return;
+    const QStringList references = m_invoices.checkedReferences();
+    m_lines.clear();
+    if (references.isEmpty()) {
+        Q_EMIT statusChanged(u"Önce listeden fatura işaretleyiniz."_s);
+        return;
+    }
+    m_program.handle([&] {
+        Busy busy(*this, u"Fatura satırları okunuyor…"_s);
+        busy.outcome = readLines(references, filter);
+    });
+}
+
+QString InvoicePicker::readLines(const QStringList &references, const TrackingFilter &filter)
+{
+    qsizetype done = 0;
+    for (const QString &reference : references) {
+        RecordSet records = m_program.company().execute(
+            filter.on ? invoice_queries::trackedLines(reference, filter.number)
+                      : invoice_queries::lines(reference));
+        QList<InvoiceLine> lines;
+        for (; !records.eof(); records.moveNext())
+            lines.push_back({records.text(u"FATHARSTKKOD"), records.text(u"FATHARMIKTAR")});
+        m_lines.append(lines);
+        if (!keepGoing(u"Fatura satırları okunuyor"_s, ++done, references.size()))
+            return u"Durduruldu: "_s + countText(u"satır getirildi.", m_lines.size());
+    }
+    if (m_lines.size() > 0)
+        return countText(u"satır getirildi.", m_lines.size());
+    return filter.on ? u"Seçili faturalarda bu takip numarasıyla satır yok."_s
+                     : u"Seçili faturalarda satır yok."_s;
+}
+
+void InvoicePicker::anafatekle()
+{
+    if (isBusy())
+        return;
+    if (m_lines.size() == 0) {
+        Q_EMIT statusChanged(u"Aktarılacak satır yok: önce satırları getiriniz."_s);
+        return;
+    }
+    Q_EMIT transferred(m_lines.lines());
+}
+
+bool InvoicePicker::keepGoing(const QString &text, qsizetype done, qsizetype total)
+{
+    return m_task.goOn([&] {
+        const QString line = u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total));
+        Q_EMIT progressed(line, static_cast<int>(done), static_cast<int>(total));
+    });
+}

@@ -1,0 +1,162 @@
+#include "labels/desk/print_queue.h"
+
+#include "common/amount.h"
+#include "labels/desk/stock_list.h"
+
+#include <QBrush>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString makeTag(QStringView unitNumber, QStringView state)
+{
+    return u"%1%2%3"_s.arg(unitNumber, kTagSeparator, state);
+}
+
+/// How a state shows: a pale row, a strong mark beside the number, a hint.
+struct StateLook
+{
+    QStringView state;
+    QRgb row;
+    QRgb mark;
+    QStringView hint;
+};
+
+constexpr std::array<StateLook, 2> kLooks = {
+    {{queue_state::kNew, 0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"},
+     {queue_state::kSaved, 0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"}}};
+
+} // namespace
+
+QString QueueRow::unitNumber() const
+{
+    return tag.section(kTagSeparator.toString(), 0, 0);
+}
+
+QString QueueRow::state() const
+{
+    return tag.section(kTagSeparator.toString(), 1);
+}
+
+QueueRow queuedRow(const StockRow &stock, QStringView state)
+{
+    return {.number = {},
+            .barcode = stock.barcode,
+            .code = stock.code,
+            .name = stock.name,
+            .unit = stock.unit,
+            .price = stock.price,
+            .count = stock.count,
+            .tag = makeTag(stock.tag, state)};
+}
+
+PrintQueue::PrintQueue(QObject *parent)
+    : CellTable({{u"No"_s},
+                 {u"Barkod"_s},
+                 {u"Stok Kodu"_s},
+                 {u"Stok Adı"_s},
+                 {u"Birim"_s},
+                 {u"Fiyat"_s, true},
+                 {u"Adet"_s, true}},
+                parent)
+{}
+
+QString PrintQueue::cell(int row, int column) const
+{
+    static constexpr std::array<QString QueueRow::*, columns> cells = {
+        &QueueRow::number, &QueueRow::barcode, &QueueRow::code, &QueueRow::name,
+        &QueueRow::unit,   &QueueRow::price,   &QueueRow::count};
+    return at(row).*cells.at(static_cast<std::size_t>(column));
+}
+
+QVariant PrintQueue::data(const QModelIndex &index, int role) const
+{
+    const bool mark = role == Qt::DecorationRole && index.column() == barcode;
+    if (!index.isValid() || (role != Qt::BackgroundRole && role != Qt::ToolTipRole && !mark))
+        return CellTable::data(index, role);
+    const QueueRow &row = at(index.row());
+    for (const StateLook &look : kLooks) {
+        if (row.state() != look.state)
+            continue;
+        if (role == Qt::ToolTipRole)
+            return look.hint.toString();
+        return mark ? QVariant(QColor(look.mark)) : QVariant(QBrush(QColor(look.row)));
+    }
+    return {};
+}
+
+void PrintQueue::append(const std::vector<QueueRow> &rows)
+{
+    if (rows.empty())
+        return;
+    const int first = size();
+    beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
+    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
+    endInsertRows();
+    sirala(first);
+}
+
+void PrintQueue::remove(int row)
+{
+    if (!isValidRow(row))
+        return;
+    beginRemoveRows({}, row, row);
+    m_rows.erase(m_rows.begin() + row);
+    endRemoveRows();
+    sirala(row);
+}
+
+void PrintQueue::clear()
+{
+    beginResetModel();
+    m_rows.clear();
+    endResetModel();
+    sirala(0);
+}
+
+bool PrintQueue::setCount(int row, QStringView text)
+{
+    return isValidRow(row) && setCounts(row, row, text);
+}
+
+bool PrintQueue::setAllCounts(QStringView text)
+{
+    return setCounts(0, size() - 1, text);
+}
+
+void PrintQueue::setNumber(int row, const QString &barcodeText, QStringView state)
+{
+    QueueRow &queued = m_rows.at(static_cast<std::size_t>(row));
+    queued.barcode = barcodeText;
+    queued.tag = makeTag(queued.unitNumber(), state);
+    Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
+}
+
+bool PrintQueue::setCounts(int first, int last, QStringView text)
+{
+    const auto labels = amount::labelCount(text);
+    if (!labels)
+        return false;
+    const QString written = QString::number(*labels);
+    for (int row = first; row <= last; ++row)
+        m_rows.at(static_cast<std::size_t>(row)).count = written;
+    if (first <= last)
+        Q_EMIT dataChanged(index(first, count), index(last, count), {Qt::DisplayRole});
+    sirala(size());
+    return true;
+}
+
+void PrintQueue::sirala(int firstRow)
+{
+    for (int row = firstRow; row < size(); ++row)
+        m_rows[static_cast<std::size_t>(row)].number = QString::number(row + 1);
+    if (isValidRow(firstRow))
+        Q_EMIT dataChanged(index(firstRow, number), index(size() - 1, number), {Qt::DisplayRole});
+    m_total = 0;
+    for (const QueueRow &row : m_rows)
+        m_total += amount::labelCount(row.count).value_or(0);
+    Q_EMIT totalChanged(m_total);
+}

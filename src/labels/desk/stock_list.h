@@ -1,0 +1,70 @@
+#pragma once
+
+#include "labels/desk/cell_table.h"
+
+/// One unit of a stock as the stock list shows it; every cell is the text on screen.
+struct StockRow
+{
+    QString barcode; ///< "" when the unit has none
+    QString code;
+    QString name;
+    QString unit;  ///< unit name followed by " (BIRIM1)" or " (BIRIM2)"
+    QString price; ///< label price "###,###0.00", "" when the unit has none
+    QString count; ///< labels to print
+    QString tag;   ///< unit number, "1" or "2"
+
+    friend bool operator==(const StockRow &, const StockRow &) = default;
+};
+
+/// Endings of the unit text; the bulk commands go by them.
+inline constexpr QStringView kFirstUnit = u"(BIRIM1)";
+inline constexpr QStringView kSecondUnit = u"(BIRIM2)";
+
+/// The stock list `l1`.
+class StockList final : public CellTable
+{
+    Q_OBJECT
+
+public:
+    enum Cell
+    {
+        barcode,
+        code,
+        name,
+        unit,
+        price,
+        count,
+        columns
+    };
+
+    explicit StockList(QObject *parent = nullptr);
+
+    int size() const override { return static_cast<int>(m_rows.size()); }
+
+    /// `row`: 0 to size() − 1.
+    const StockRow &at(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
+    const std::vector<StockRow> &rows() const { return m_rows; }
+
+    void clear();
+    void append(const std::vector<StockRow> &rows);
+
+    /// These two change a cell without telling the views: a pass over 100.000 rows would drown them
+    /// in signals. announceChanges() tells them of everything changed since it was last called.
+    void setBarcode(int row, const QString &text);
+    void setPrice(int row, const QString &text);
+    void announceChanges();
+
+    /// Notes that the host was asked for this row's barcode; rows are asked for from first to last.
+    void barcodeRead(int row);
+    /// True when it was asked for every row: only then a row without a barcode has none.
+    bool allBarcodesRead() const { return m_barcodesRead == size(); }
+
+private:
+    QString cell(int row, int column) const override;
+    void setCell(int row, Cell column, QString &cell, const QString &text);
+
+    std::vector<StockRow> m_rows;
+    int m_barcodesRead = 0;    ///< rows from the first whose barcode was asked for
+    QModelIndex m_firstChange; ///< corners of the rectangle not yet announced; invalid: none
+    QModelIndex m_lastChange;
+};

@@ -1,0 +1,189 @@
+#include "labels/desk/stock_loader.h"
+
+#include "common/amount.h"
+#include "common/program.h"
+#include "labels/desk/stock_queries.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString stageText(SearchStage stage)
+{
+    switch (stage) {
+    case SearchStage::rows:
+        return u"Stoklar listeleniyor"_s;
+    case SearchStage::barcodes:
+        return u"Barkodlar okunuyor"_s;
+    case SearchStage::prices:
+        return u"Fiyatlar okunuyor"_s;
+    }
+    return {};
+}
+
+} // namespace
+
+/// Marks the loader as busy for as long as it lives.
+class StockLoader::Busy
+{
+public:
+    explicit Busy(StockLoader &loader) : m_loader(loader)
+    {
+        loader.m_task.start();
+        loader.m_unknownLines = loader.m_roundedLines = 0;
+        Q_EMIT loader.busyChanged(true);
+        Q_EMIT loader.statusChanged(u"Aranıyor…"_s);
+    }
+    ~Busy()
+    {
+        m_loader.m_task.end();
+        m_loader.m_list.announceChanges();
+        Q_EMIT m_loader.busyChanged(false);
+        Q_EMIT m_loader.statusChanged(outcome);
+    }
+    Busy(const Busy &) = delete;
+    Busy &operator=(const Busy &) = delete;
+
+    QString outcome = u"Arama yapılamadı."_s; ///< told at the end
+
+private:
+    StockLoader &m_loader;
+};
+
+StockLoader::StockLoader(Program &program, StockList &list, const PriceNumbers &prices,
+                         QObject *parent)
+    : QObject(parent), m_program(program), m_list(list), m_prices(prices)
+{}
+
+void StockLoader::find(const QString &statement)
+{
+    run([this, statement] {
+        StockSearch steps = search();
+        return steps.list(statement, m_units) && readDetails(steps);
+    });
+}
+
+void StockLoader::findBarcode(const QString &barcode)
+{
+    run([this, barcode] {
+        StockSearch steps = search();
+        return steps.byBarcode(barcode) && readDetails(steps);
+    });
+}
+
+void StockLoader::readPrices()
+{
+    run([this] { return search().pricePass(m_prices); });
+}
+
+void StockLoader::addLine(const InvoiceLine &line)
+{
+    run([this, line] {
+        StockSearch steps = search();
+        return append(steps, line);
+    });
+}
+
+void StockLoader::replaceByLines(const QList<InvoiceLine> &lines)
+{
+    run([this, lines] {
+        m_list.clear();
+        int done = 0;
+        const auto total = static_cast<int>(lines.size());
+        StockSearch steps(m_program, m_list, [this, &done, total](SearchStage, int, int) {
+            return keepGoing(u"Fatura satırları ekleniyor"_s, done, total);
+        });
+        for (; done < total; ++done)
+            if (!append(steps, lines.at(done)))
+                return false;
+        return true;
+    });
+}
+
+StockSearch StockLoader::search()
+{
+    return {m_program, m_list, [this](SearchStage stage, int done, int total) {
+                return keepGoing(stageText(stage), done, total);
+            }};
+}
+
+bool StockLoader::append(StockSearch &search, const InvoiceLine &line)
+{
+    const int before = m_list.size();
+    const QString count = QString::number(labelsFor(line.quantity));
+    if (!search.append(stock_queries::card(line.stockCode), m_units, count))
+        return false;
+    if (m_list.size() == before)
+        ++m_unknownLines;
+    else if (!isLabelCount(line.quantity))
+        ++m_roundedLines;
+    return readDetails(search);
+}
+
+bool StockLoader::readDetails(StockSearch &search)
+{
+    return search.barcodePass() && search.pricePass(m_prices);
+}
+
+void StockLoader::run(const Load &load)
+{
+    if (isBusy()) {
+        m_next = load;
+        m_task.stop();
+        return;
+    }
+    for (Load current = load; current; current = std::exchange(m_next, {}))
+        m_program.handle([&] { runOne(current); });
+}
+
+void StockLoader::runOne(const Load &load)
+{
+    Busy busy(*this);
+    LongTask::showFirst();
+    busy.outcome = load() ? foundText() : stoppedText();
+}
+
+bool StockLoader::keepGoing(const QString &text, int done, int total)
+{
+    return m_task.goOn([&] {
+        m_list.announceChanges();
+        Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
+                          done, total);
+    });
+}
+
+QString StockLoader::foundText() const
+{
+    if (m_list.size() == 0)
+        return u"Aranan stok bulunamadı."_s + lineNotes();
+    QString found = u"%1 satır listelendi."_s.arg(amount::whole(m_list.size())) + lineNotes();
+    if (m_prices.first.isEmpty() || m_prices.second.isEmpty())
+        found += u" Fiyat tipi seçilmemiş: Ayarlar'dan seçiniz."_s;
+    return found;
+}
+
+QString StockLoader::stoppedText() const
+{
+    return u"Durduruldu: listede %1 satır var, bir kısmının barkodu ve fiyatı okunmadı."_s.arg(
+        amount::whole(m_list.size()));
+}
+
+QString StockLoader::lineNotes() const
+{
+    QString notes;
+    if (m_unknownLines > 0)
+        notes +=
+            u" %1 fatura satırının seçili birimde stoğu yok."_s.arg(amount::whole(m_unknownLines));
+    if (m_roundedLines > 0)
+        notes += u" %1 satırın miktarı tam sayı değil: etiket adedi yukarı yuvarlandı."_s.arg(
+            amount::whole(m_roundedLines));
+    return notes;
+}
+
+void StockLoader::stop()
+{
+    m_next = {};
+    m_task.stop();
+}

@@ -1,0 +1,61 @@
+#include "labels/desk/stock_queries.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace stock_queries {
+
+QString all()
+{
+    return u"select * from STKKART"_s;
+}
+
+QString byName(const QString &text)
+{
+    return u"select * from STKKART where STKCINSI LIKE '%"_s + text + u"%'"_s;
+}
+
+QString byCode(const QString &text)
+{
+    return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
+}
+
+QString card(const QString &stockCode)
+{
+    return u"select * from STKKART where STKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                const QString &toTime)
+{
+    return u"select * from STKKART where (STKSYFTARIHI between '"_s + fromDate + u"' and '"_s +
+           toDate + u"') and (STKSYFSAATI>='"_s + fromTime + u"' and STKSYFSAATI<='"_s + toTime +
+           u"')"_s;
+}
+
+QString barcode(const QString &barcode)
+{
+    return u"select * from STKBARKOD where STKBARKOD='"_s + barcode + u"'"_s;
+}
+
+QString barcodesOf(const QString &stockCode)
+{
+    return u"select * from STKBARKOD where STKBARSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
+                      const QString &type, const QString &priceNumber)
+{
+    const QStringList values = {barcode, stockCode, unitNumber, type, priceNumber, u"1"_s};
+    return u"INSERT INTO STKBARKOD (STKBARKOD,STKBARSTKKOD,STKBARBRMNO,STKBARTIP,STKBARFIYTIP,"
+           "STKBARITEMNO) values ('"_s +
+           values.join(u"','"_s) + u"')"_s;
+}
+
+QString pricesOf(const QString &stockCode)
+{
+    return u"select * from STKFIYAT where STKFIYSTKKOD='"_s + stockCode + u"'"_s;
+}
+
+} // namespace stock_queries

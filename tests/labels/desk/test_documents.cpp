@@ -1,0 +1,301 @@
+#include "fakes/label_shop.h"
+#include "labels/desk/invoice_picker.h"
+#include "labels/desk/price_change_finder.h"
+#include "support/print_qt.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A picker with two invoice types; `invoice()` adds to what the host answers.
+struct InvoiceDesk
+{
+    FakeMachine machine;
+    RecordingHost &host = machine.openCompany();
+    InvoicePicker picker{machine.program};
+    std::vector<RecordSet::Row> rows;
+
+    InvoiceDesk()
+    {
+        host.answers[u"select * from FATFISTIP"_s] =
+            RecordSet({u"FATFTNO"_s, u"FATFTKOD"_s}, {{1, u"ALIŞ"_s}, {3, u"SATIŞ"_s}});
+    }
+
+    void invoice(int reference, int type, const QVariant &date)
+    {
+        rows.push_back({reference, type, date, u"E%1"_s.arg(reference), u"Güneş Ltd."_s});
+        host.answers[u"select * from FATFIS"_s] = RecordSet(
+            u"FATFISREFNO FATFISTIPI FATFISTAR FATFISEVRAKNO1 FATFISCARUNVAN"_s.split(u' '), rows);
+    }
+
+    void lines(const QString &where, const std::vector<RecordSet::Row> &answer)
+    {
+        host.answers[u"select * from FATHAR where FATHARREFNO="_s + where] =
+            RecordSet({u"FATHARSTKKOD"_s, u"FATHARMIKTAR"_s}, answer);
+    }
+
+    QStringList listed()
+    {
+        QStringList all;
+        for (int row = 0; row < picker.invoices().size(); ++row) {
+            const InvoiceRow &invoice = picker.invoices().at(row);
+            all += u"%1 %2 %3 %4"_s.arg(invoice.reference, invoice.date, invoice.document,
+                                        invoice.customer);
+        }
+        return all;
+    }
+
+    QStringList lineTexts()
+    {
+        QStringList all;
+        for (const InvoiceLine &line : picker.lines().lines())
+            all += line.stockCode + u' ' + line.quantity;
+        return all;
+    }
+
+    const QString &told() const { return machine.prompt.shown.back().text; }
+};
+
+} // namespace
+
+TEST(InvoicePicker, ListsATypeBetweenTwoDaysBothIncluded)
+{
+    InvoiceDesk desk;
+    desk.invoice(1, 1, QDate(2026, 2, 28));
+    desk.invoice(2, 1, QDate(2026, 3, 1));
+    desk.invoice(3, 3, QDate(2026, 3, 5));
+    desk.invoice(4, 1, QDateTime(QDate(2026, 3, 7), QTime(23, 59, 59)));
+    desk.invoice(5, 1, QDate(2026, 3, 8));
+    desk.invoice(6, 1, u"07.03.2026 00:00:00"_s); // some drivers give dates as text
+    desk.invoice(7, 1, QVariant());
+    desk.invoice(8, 1, u"bilinmiyor"_s);
+    desk.invoice(9, 1, QDate(2025, 3, 5));
+    desk.picker.load();
+    ASSERT_EQ(desk.picker.types().size(), 2);
+    EXPECT_EQ(desk.picker.types()[1].code, u"SATIŞ<1234>3"_s);
+
+    const QAbstractItemModelTester tester(&desk.picker.invoices(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 7));
+    EXPECT_EQ(desk.listed(),
+              QStringList({u"2 01.03.2026 E2 Güneş Ltd."_s, u"4 07.03.2026 E4 Güneş Ltd."_s,
+                           u"6 07.03.2026 E6 Güneş Ltd."_s}));
+    EXPECT_EQ(desk.host.statements.last(), u"select * from FATFIS"_s);
+    desk.picker.listInvoices(1, QDate(2026, 3, 5), QDate(2026, 3, 5));
+    EXPECT_EQ(desk.listed(), QStringList(u"3 05.03.2026 E3 Güneş Ltd."_s));
+}
+
+TEST(InvoicePicker, WithoutATypeOrWithTurnedDatesNothingIsAsked)
+{
+    InvoiceDesk desk;
+    desk.picker.load();
+    desk.host.statements.clear();
+    const QDate day(2026, 3, 1);
+    desk.picker.listInvoices(-1, day, day);
+    EXPECT_EQ(desk.told(), u"Fatura Tipi Seçimi Yapmanız Gerekiyor..."_s);
+    desk.picker.listInvoices(0, day, day.addDays(-1));
+    EXPECT_EQ(desk.machine.prompt.shown.size(), 2U);
+    EXPECT_TRUE(desk.host.statements.isEmpty());
+}
+
+TEST(InvoicePicker, LoadsTheLinesOfCheckedInvoicesInListOrder)
+{
+    InvoiceDesk desk;
+    for (const int reference : {7, 8, 9})
+        desk.invoice(reference, 1, QDate(2026, 3, 1));
+    desk.lines(u"'7'"_s, {{u"S1"_s, 3.0}, {u"S2"_s, 2.5}});
+    desk.lines(u"'9'"_s, {{u"S1"_s, 4}});
+    desk.lines(u"'9' and FATHARACIKLAMA1='T-1'"_s, {{u"S3"_s, 1}});
+    desk.picker.load();
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
+    desk.host.statements.clear();
+
+    desk.picker.loadLines({});
+    EXPECT_TRUE(desk.host.statements.isEmpty()); // none is checked yet
+    desk.picker.invoices().toggle(0);
+    desk.picker.invoices().toggle(2);
+    desk.picker.loadLines({});
+    EXPECT_EQ(desk.lineTexts(), QStringList({u"S1 3"_s, u"S2 2,5"_s, u"S1 4"_s}));
+    desk.picker.loadLines({true, u"T-1"_s});
+    EXPECT_EQ(desk.lineTexts(), QStringList(u"S3 1"_s));
+    desk.picker.invoices().checkAll(true);
+    desk.picker.invoices().toggle(0);
+    desk.picker.loadLines({true, {}});
+    EXPECT_TRUE(desk.lineTexts().isEmpty());
+    const QString all = u"select * from FATHAR where FATHARREFNO="_s;
+    EXPECT_EQ(desk.host.statements,
+              QStringList({all + u"'7'"_s, all + u"'9'"_s, all + u"'7' and FATHARACIKLAMA1='T-1'"_s,
+                           all + u"'9' and FATHARACIKLAMA1='T-1'"_s,
+                           all + u"'8' and FATHARACIKLAMA1=''"_s,
+                           all + u"'9' and FATHARACIKLAMA1=''"_s}));
+}
+
+TEST(InvoicePicker, TheTrackingFilterIsKeptInItsKeyFile)
+{
+    InvoiceDesk desk;
+    auto &kept = desk.machine.keys.values;
+    desk.picker.load();
+    EXPECT_EQ(desk.picker.tracking(), TrackingFilter());
+    desk.picker.saveTracking({true, u"T-1055"_s});
+    EXPECT_EQ(kept.value(u"/shop/fattakip.zev|fat|takip"_s), u"1"_s);
+    EXPECT_EQ(kept.value(u"/shop/fattakip.zev|fat|takipno"_s), u"T-1055"_s);
+    InvoicePicker later(desk.machine.program);
+    later.takipyukle();
+    EXPECT_EQ(later.tracking(), TrackingFilter({true, u"T-1055"_s}));
+    desk.machine.keys.writable = false;
+    desk.picker.saveTracking({});
+    EXPECT_EQ(desk.machine.prompt.shown.size(), 1U);
+}
+
+TEST(InvoicePicker, AHundredThousandInvoicesShowProgressAndCanBeStopped)
+{
+    InvoiceDesk desk;
+    desk.rows.reserve(100'000);
+    for (int i = 0; i < 99'999; ++i)
+        desk.rows.push_back({i, 1, QDate(2026, 3, 1), u"E"_s, u"Ö"_s});
+    desk.invoice(99'999, 1, QDate(2026, 3, 1));
+    desk.picker.load();
+    int progress = 0;
+    const auto seen = QObject::connect(&desk.picker, &InvoicePicker::progressed,
+                                       [&](const QString &, int done, int total) {
+                                           EXPECT_LE(done, total);
+                                           ++progress;
+                                       });
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
+    EXPECT_EQ(desk.picker.invoices().size(), 100'000);
+    EXPECT_GT(progress, 1);
+    QObject::disconnect(seen);
+
+    QObject::connect(&desk.picker, &InvoicePicker::progressed, &desk.picker, &InvoicePicker::stop);
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
+    EXPECT_GT(desk.picker.invoices().size(), 0);
+    EXPECT_LT(desk.picker.invoices().size(), 100'000);
+    EXPECT_FALSE(desk.picker.isBusy());
+}
+
+TEST(InvoicePicker, AFailureIsToldAndTheListsStay)
+{
+    InvoiceDesk desk;
+    desk.invoice(7, 1, QDate(2026, 3, 1));
+    desk.picker.load();
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
+    desk.picker.invoices().toggle(0);
+    desk.host.failOn = [](const QString &) { return HostError::kConnectionLost; };
+    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
+    EXPECT_EQ(desk.picker.invoices().checkedReferences(), QStringList(u"7"_s));
+    desk.picker.loadLines({});
+    desk.picker.fatipyukle();
+    EXPECT_EQ(desk.machine.prompt.shown.size(), 3U);
+    EXPECT_FALSE(desk.picker.isBusy());
+}
+
+TEST(LabelsFor, QuantitiesBecomeCountsOfWholeLabels)
+{
+    const struct
+    {
+        QString quantity;
+        int labels;
+        bool exact;
+    } cases[] = {
+        {u"3"_s, 3, true},       {u"2,5"_s, 3, false},
+        {u"0,25"_s, 1, false},   {u"0"_s, 1, false},
+        {u"-4"_s, 4, false},     {u""_s, 1, false},
+        {u"bir"_s, 1, false},    {u"3,00000001"_s, 3, false},
+        {u"1250"_s, 1250, true}, {u"12000000"_s, 999999, false},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(labelsFor(c.quantity), c.labels) << c.quantity.toStdString();
+        EXPECT_EQ(isLabelCount(c.quantity), c.exact) << c.quantity.toStdString();
+    }
+}
+
+TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
+{
+    LabelShop shop;
+    shop.desk.listele();
+    shop.host.statements.clear();
+    QString status;
+    QObject::connect(&shop.desk, &LabelDesk::statusChanged,
+                     [&](const QString &text) { status = text; });
+    shop.answer(u"select * from STKKART where STKKOD='S3'"_s,
+                LabelShop::cards({{u"S3"_s, u"Çay 500 g"_s, u"ADET"_s, QVariant()}}));
+    shop.desk.listLines(
+        {{u"S1"_s, u"3"_s}, {u"S3"_s, u"2,5"_s}, {u"S1"_s, u"4"_s}, {u"YOK"_s, u"1"_s}});
+
+    QStringList rows;
+    for (const StockRow &row : shop.desk.stocks().rows())
+        rows += QStringList{row.code, row.barcode, row.price, row.count}.join(u' ');
+    EXPECT_EQ(rows,
+              QStringList({u"S1 112 10,00 3"_s, u"S3 331 1.250,50 3"_s, u"S1 112 10,00 4"_s}));
+    EXPECT_TRUE(status.startsWith(u"3 satır listelendi. 1 fatura satırının"_s));
+    EXPECT_TRUE(status.contains(u"yukarı yuvarlandı"_s));
+    EXPECT_EQ(shop.host.statements.mid(0, 4),
+              QStringList({u"select * from STKKART where STKKOD='S1'"_s,
+                           u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
+                           u"select * from STKFIYAT where STKFIYSTKKOD='S1'"_s,
+                           u"select * from STKKART where STKKOD='S3'"_s}));
+    EXPECT_EQ(shop.host.statements.size(), 10);
+
+    shop.desk.setUnits(UnitChoice::both);
+    shop.desk.fatekle(u"S1"_s, u"6"_s);
+    ASSERT_EQ(shop.desk.stocks().size(), 5);
+    EXPECT_EQ(shop.desk.stocks().at(4).unit, u"KOLI (BIRIM2)"_s);
+    EXPECT_EQ(shop.desk.stocks().at(4).count, u"6"_s);
+    shop.desk.ektm();
+    EXPECT_EQ(shop.desk.queue().total(), 3 + 3 + 4 + 6 + 6);
+}
+
+TEST(PriceChangeFinder, TheStartMinuteBelongsToTheRange)
+{
+    FakeMachine machine; // today is 07.03.2026
+    PriceChangeFinder finder(machine.program);
+    const ChangeRange usual = {QDate(2026, 3, 1), QDate(2026, 3, 31), QTime(0, 0), QTime(23, 59)};
+    EXPECT_EQ(finder.usualRange(), usual);
+    machine.clock.moment = QDateTime(QDate(2028, 2, 29), QTime(12, 0));
+    EXPECT_EQ(finder.usualRange().to, QDate(2028, 2, 29));
+
+    QStringList asked;
+    QObject::connect(&finder, &PriceChangeFinder::found,
+                     [&](const QString &fromDate, const QString &toDate, const QString &fromTime,
+                         const QString &toTime) {
+                         asked = {fromDate, toDate, fromTime, toTime};
+                     });
+    const struct
+    {
+        QTime start;
+        QString from;
+    } cases[] = {
+        {QTime(0, 0), u"00:00:00"_s},
+        {QTime(0, 1), u"00:00:00"_s},
+        {QTime(8, 30), u"08:29:00"_s},
+        {QTime(9, 0), u"08:59:00"_s},
+    };
+    for (const auto &c : cases) {
+        finder.find({QDate(2026, 3, 1), QDate(2026, 3, 9), c.start, QTime(12, 0)});
+        EXPECT_EQ(asked, QStringList({u"01.03.2026"_s, u"09.03.2026"_s, c.from, u"12:00:00"_s}));
+    }
+    asked.clear();
+    finder.find({QDate(2026, 3, 2), QDate(2026, 3, 1), QTime(0, 0), QTime(1, 0)});
+    finder.find({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(2, 0), QTime(1, 0)});
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_EQ(machine.prompt.shown.size(), 2U);
+}
+
+TEST(PriceChangeFinder, ItsStatementFillsTheStockList)
+{
+    LabelShop shop;
+    const QString statement =
+        u"select * from STKKART where (STKSYFTARIHI between '01.03.2026' and '31.03.2026') and "
+        "(STKSYFSAATI>='07:59:00' and STKSYFSAATI<='12:00:00')"_s;
+    shop.answer(statement, LabelShop::cards({{u"S1"_s, u"Süt 1 L"_s, u"ADET"_s, u"KOLI"_s}}));
+    shop.desk.fiyatdegisbul(u"01.03.2026"_s, u"31.03.2026"_s, u"07:59:00"_s, u"12:00:00"_s);
+    EXPECT_EQ(shop.host.statements.value(0), statement);
+    ASSERT_EQ(shop.desk.stocks().size(), 1);
+    EXPECT_EQ(shop.desk.stocks().at(0).price, u"10,00"_s);
+    EXPECT_EQ(shop.desk.stocks().at(0).count, u"1"_s);
+}

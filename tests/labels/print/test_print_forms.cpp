@@ -1,0 +1,145 @@
+#include "labels/print/forms/print_progress.h"
+#include "labels/print/forms/yazfrm.h"
+#include "labels/print/print_desk.h"
+#include "support/print_qt.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PrintDialogTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        desk.addLayout(u"Kasa.ayr"_s, PrintDesk::plainLayout());
+        desk.addLayout(u"Raf.ayr"_s, PrintDesk::barcodeLayout());
+        desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 2), PrintDesk::row(u"Peynir"_s, 1)});
+        form.emplace(desk.run, PrintMode::all);
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&*form));
+    }
+    template <typename T>
+    T *child(const QString &name)
+    {
+        return form->findChild<T *>(name);
+    }
+    bool hasPreview() { return !child<QLabel>(u"onizleme"_s)->pixmap(Qt::ReturnByValue).isNull(); }
+    void press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    PrintDesk desk;
+    std::optional<yazfrm> form;
+};
+
+} // namespace
+
+TEST_F(PrintDialogTest, KeysChooseALayoutSeeItAndPrintOnce)
+{
+    EXPECT_FALSE(hasPreview());
+    press(Qt::Key_Return);
+    EXPECT_EQ(desk.prompt.warned, QStringList{u"Ayar Dosyası Seciniz..."_s});
+    EXPECT_TRUE(form->isVisible());
+
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(child<QLineEdit>(u"ad"_s)->text(), u"Raf.ayr"_s);
+    EXPECT_EQ(child<QComboBox>(u"yazici"_s)->currentText(), u"PDF"_s);
+    EXPECT_TRUE(hasPreview());
+    press(Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    ASSERT_EQ(desk.printers.documents.size(), 1U);
+    EXPECT_EQ(desk.printers.documents[0].setup.document, u"Etiket Raf"_s);
+    EXPECT_TRUE(desk.printers.documents[0].finished);
+}
+
+TEST_F(PrintDialogTest, ANameCanBeTyped)
+{
+    auto *const name = child<QLineEdit>(u"ad"_s);
+    QTest::keyClicks(name, u"kas"_s);
+    EXPECT_FALSE(hasPreview());
+    QTest::keyClicks(name, u"a"_s);
+    EXPECT_TRUE(hasPreview());
+    EXPECT_EQ(name->text(), u"kasa"_s);
+    EXPECT_EQ(child<QListWidget>(u"liste"_s)->currentItem()->text(), u"Kasa.ayr"_s);
+    QTest::keyClicks(name, u"x"_s);
+    EXPECT_FALSE(hasPreview());
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_EQ(name->text(), u"kasax"_s);
+    EXPECT_EQ(desk.prompt.warned.size(), 1);
+}
+
+// A shop's own printer and its everyday layout are settled here, and the layout's file keeps them.
+TEST_F(PrintDialogTest, ALayoutGetsItsPrinterAndBecomesTheDefault)
+{
+    desk.printers.list.prepend(u"Zebra"_s);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    auto *const printer = child<QComboBox>(u"yazici"_s);
+    auto *const standard = child<QCheckBox>(u"varsayilan"_s);
+    EXPECT_FALSE(standard->isChecked());
+    printer->setFocus();
+    press(Qt::Key_Up);
+    standard->setFocus();
+    press(Qt::Key_Space);
+    EXPECT_EQ(desk.run.layouts().open(u"Raf.ayr"_s).printer, u"Zebra"_s);
+    EXPECT_EQ(desk.run.layouts().open(u"Kasa.ayr"_s).printer, u"PDF"_s);
+    EXPECT_EQ(desk.run.layouts().defaultName(), u"Raf.ayr"_s);
+    press(Qt::Key_Space);
+    EXPECT_EQ(desk.run.layouts().defaultName(), u""_s);
+
+    desk.printers.list.removeFirst(); // the printer was taken off the machine
+    child<QListWidget>(u"liste"_s)->setCurrentRow(0);
+    child<QListWidget>(u"liste"_s)->setCurrentRow(1);
+    EXPECT_EQ(printer->currentText(), u"Zebra (bu bilgisayarda yok)"_s);
+}
+
+TEST_F(PrintDialogTest, EscapeLeavesEverything)
+{
+    press(Qt::Key_Down);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(desk.printers.documents.empty());
+}
+
+TEST(PrintProgress, ShowsALongRunAndEscapeStopsIt)
+{
+    PrintDesk desk;
+    desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
+    print_progress window(desk.run);
+    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 999'999)});
+    bool shown = false;
+    QObject::connect(&desk.run, &PrintRun::progressed, &window, [&](qint64, qint64, int page) {
+        if (page < 2)
+            return;
+        shown = window.isVisible();
+        EXPECT_TRUE(window.findChild<QLabel *>(u"durum"_s)->text().endsWith(u"/ 999.999"_s));
+        EXPECT_TRUE(window.findChild<QLabel *>(u"sayfa"_s)->text().startsWith(u"Sayfa "_s));
+        QTest::keyClick(&window, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(desk.run.yazzzz(u"raf.ayr"_s));
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(PrintProgress, ShortRunsNeverShowIt)
+{
+    PrintDesk desk;
+    desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
+    print_progress window(desk.run);
+    bool shown = false;
+    QObject::connect(&desk.run, &PrintRun::rowStarted, [&] { shown |= window.isVisible(); });
+    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 1)});
+    EXPECT_TRUE(desk.run.yazzzz(u"raf.ayr"_s));
+    EXPECT_FALSE(shown);
+}

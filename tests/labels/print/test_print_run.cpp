@@ -1,0 +1,320 @@
+#include "labels/print/label_preview.h"
+#include "labels/print/print_desk.h"
+#include "labels/print/scan_problems.h"
+#include "support/print_qt.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PrintRunTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        QObject::connect(&desk.run, &PrintRun::rowStarted, [this](int row) { rows += row; });
+        QObject::connect(&desk.run, &PrintRun::finished, [this](bool done) { ends += done; });
+        QObject::connect(&desk.run, &PrintRun::layoutWanted,
+                         [this](PrintMode mode) { modes += static_cast<int>(mode); });
+        QObject::connect(&desk.run, &PrintRun::statusChanged,
+                         [this](const QString &text) { status = text; });
+    }
+    void useDefault(const LabelLayout &layout)
+    {
+        desk.addLayout(u"raf.ayr"_s, layout);
+        desk.setDefault(u"raf.ayr"_s);
+    }
+    const RecordedDocument &document() const { return desk.printers.documents.at(0); }
+
+    PrintDesk desk;
+    QList<int> rows;
+    QList<bool> ends;
+    QList<int> modes;
+    QString status;
+    const std::vector<LabelRow> queue = {PrintDesk::row(u"Ayran"_s, 3),
+                                         PrintDesk::row(u"Peynir"_s, 2)};
+};
+
+} // namespace
+
+TEST_F(PrintRunTest, AllRowsWithTheDefaultLayout)
+{
+    useDefault(PrintDesk::barcodeLayout());
+    desk.run.yzdtum(queue);
+    ASSERT_EQ(desk.printers.documents.size(), 1U);
+    EXPECT_EQ(document().printer, u"PDF"_s);
+    EXPECT_EQ(document().setup, (PrinterSetup{u"Etiket raf"_s, true, 256, 0, {120, 80}}));
+    EXPECT_EQ(document().pages, 2);
+    EXPECT_TRUE(document().finished);
+    EXPECT_EQ(rows, (QList<int>{0, 1}));
+    EXPECT_EQ(ends, QList<bool>{true});
+    EXPECT_TRUE(status.startsWith(u"5 etiket yazdırıldı, 2 sayfa"_s)) << status.toStdString();
+    EXPECT_TRUE(modes.empty());
+    EXPECT_TRUE(desk.prompt.asked.empty());
+}
+
+TEST_F(PrintRunTest, OnlyTheSelectedRow)
+{
+    useDefault(PrintDesk::plainLayout());
+    desk.run.yzdsec({queue[0], queue[1]}, 1);
+    EXPECT_EQ(rows, QList<int>{1});
+    EXPECT_EQ(document().pages, 1);
+    EXPECT_TRUE(document().finished);
+
+    for (const int nowhere : {-1, 2})
+        desk.run.yzdsec(queue, nowhere);
+    EXPECT_EQ(desk.printers.documents.size(), 1U);
+}
+
+TEST_F(PrintRunTest, AFullSheetFeedsNoBlankOne)
+{
+    useDefault(PrintDesk::plainLayout());
+    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 8)});
+    EXPECT_EQ(document().pages, 2);
+}
+
+TEST_F(PrintRunTest, WithoutADefaultTheDialogIsAskedFor)
+{
+    desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
+    desk.run.yzdtum(queue);
+    desk.run.yzdsec(queue, 1);
+    EXPECT_EQ(modes, (QList<int>{1, 2}));
+    EXPECT_TRUE(desk.printers.documents.empty());
+
+    EXPECT_TRUE(desk.run.yazzzz2(u"raf.ayr"_s));
+    EXPECT_TRUE(desk.run.yazzzz(u"raf.ayr"_s));
+    EXPECT_EQ(rows, (QList<int>{1, 0, 1}));
+}
+
+TEST_F(PrintRunTest, AnEmptyQueueDoesNothing)
+{
+    useDefault(PrintDesk::plainLayout());
+    desk.run.yzdtum({});
+    desk.run.yzdsec({}, 0);
+    EXPECT_TRUE(desk.printers.documents.empty());
+    EXPECT_TRUE(modes.empty());
+    EXPECT_TRUE(desk.prompt.warned.empty());
+}
+
+TEST_F(PrintRunTest, APrinterThatIsGoneIsSaid)
+{
+    LabelLayout layout = PrintDesk::plainLayout();
+    layout.printer = u"Etiket Yazıcısı"_s;
+    useDefault(layout);
+    desk.run.yzdtum(queue);
+    desk.setDefault(u"silinmis.ayr"_s);
+    desk.run.yzdtum(queue);
+    const QString message = u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s;
+    EXPECT_EQ(desk.prompt.warned, (QStringList{message, message}));
+    EXPECT_EQ(ends, (QList<bool>{false, false}));
+    EXPECT_TRUE(rows.empty());
+}
+
+TEST_F(PrintRunTest, BarcodesNobodyCanReadAreAskedAboutFirst)
+{
+    useDefault(PrintDesk::barcodeLayout());
+    std::vector<LabelRow> bad = queue;
+    bad[1].barcode.clear();
+    desk.run.yzdtum(bad);
+    ASSERT_EQ(desk.prompt.asked.size(), 1);
+    EXPECT_TRUE(desk.prompt.asked[0].contains(u"Peynir: barkodu yok"_s));
+    EXPECT_FALSE(desk.prompt.asked[0].contains(u"Ayran"_s));
+    EXPECT_FALSE(document().finished);
+    EXPECT_TRUE(rows.empty());
+
+    desk.prompt.confirmWith = true;
+    desk.run.yzdtum(bad);
+    EXPECT_TRUE(desk.printers.documents.at(1).finished);
+
+    useDefault(PrintDesk::plainLayout());
+    desk.run.yzdtum(bad);
+    EXPECT_EQ(desk.prompt.asked.size(), 2);
+}
+
+TEST_F(PrintRunTest, FailuresOfThePrinterAreSaidAndLeaveNothingRunning)
+{
+    useDefault(PrintDesk::plainLayout());
+    desk.printers.failToBegin = true;
+    desk.run.yzdtum(queue);
+    desk.printers.failToBegin = false;
+    desk.printers.failBeforePage = 2;
+    desk.run.yzdtum(queue);
+    desk.printers.failBeforePage = 0;
+    desk.printers.finishError = u"Disk dolu."_s;
+    desk.run.yzdtum(queue);
+    desk.printers.finishError.reset();
+
+    ASSERT_EQ(desk.prompt.warned.size(), 3);
+    EXPECT_TRUE(desk.prompt.warned[0].contains(u"başlayamadı"_s));
+    EXPECT_TRUE(desk.prompt.warned[1].contains(u"2. sayfada durdu"_s));
+    EXPECT_EQ(desk.prompt.warned[2], u"Disk dolu."_s);
+    EXPECT_TRUE(desk.printers.documents[1].cancelled);
+    for (const RecordedDocument &one : desk.printers.documents)
+        EXPECT_FALSE(one.finished);
+
+    desk.run.yzdtum(queue);
+    EXPECT_TRUE(desk.printers.documents.back().finished);
+    EXPECT_EQ(ends, (QList<bool>{false, false, false, true}));
+}
+
+TEST_F(PrintRunTest, ALongRunIsWatchedAndStopped)
+{
+    useDefault(PrintDesk::plainLayout());
+    qint64 seen = 0;
+    QObject::connect(&desk.run, &PrintRun::progressed, [&](qint64 label, qint64 labels, int page) {
+        seen = label;
+        EXPECT_EQ(labels, 999'999);
+        EXPECT_EQ(page, (label + 3) / 4);
+        desk.run.stop();
+    });
+    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 999'999)});
+    EXPECT_GT(seen, 0);
+    EXPECT_TRUE(document().cancelled);
+    EXPECT_FALSE(document().finished);
+    EXPECT_TRUE(status.contains(u"hiçbir etiket"_s));
+    EXPECT_FALSE(desk.run.isRunning());
+}
+
+TEST_F(PrintRunTest, ASecondRunIsRefusedWhileOneRuns)
+{
+    useDefault(PrintDesk::plainLayout());
+    QObject::connect(&desk.run, &PrintRun::rowStarted, [&] {
+        EXPECT_TRUE(desk.run.isRunning());
+        desk.run.yzdtum(queue);
+        EXPECT_FALSE(desk.run.yazzzz(u"raf.ayr"_s));
+    });
+    desk.run.yzdtum(queue);
+    EXPECT_EQ(desk.printers.documents.size(), 1U);
+    EXPECT_EQ(ends, QList<bool>{true});
+}
+
+TEST_F(PrintRunTest, TheNextRunMayBeginWhereTheLastOneEnded)
+{
+    useDefault(PrintDesk::plainLayout());
+    bool again = true;
+    QObject::connect(&desk.run, &PrintRun::finished, [&] {
+        if (std::exchange(again, false))
+            desk.run.yzdsec(queue, 1);
+    });
+    desk.run.yzdtum(queue);
+    EXPECT_EQ(rows, (QList<int>{0, 1, 1}));
+    EXPECT_EQ(ends, (QList<bool>{true, true}));
+}
+
+TEST_F(PrintRunTest, SheetsWithoutCountsAreAskedAboutAndKeepToOnePage)
+{
+    desk.prompt.confirmWith = true;
+    for (const QString &count : {u"0"_s, u"-3"_s, u"abc"_s, u""_s, u"2,3"_s, u"1e30"_s}) {
+        LabelLayout layout = PrintDesk::plainLayout();
+        layout.across = count;
+        useDefault(layout);
+        desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 300)});
+        EXPECT_EQ(desk.printers.documents.back().pages, 1) << count.toStdString();
+        EXPECT_TRUE(desk.printers.documents.back().finished);
+    }
+    EXPECT_EQ(desk.prompt.asked.size(), 6);
+}
+
+TEST_F(PrintRunTest, RowsOfNoLabelsAreLeftOut)
+{
+    useDefault(PrintDesk::barcodeLayout());
+    LabelRow none = PrintDesk::row(u"Yok"_s, 0);
+    none.barcode = u"12345670"_s;
+    LabelRow last = queue[0];
+    last.barcode = u"869000000001"_s; // still EAN-13: the row between prints nothing
+    desk.run.yzdtum({queue[0], none, last});
+    EXPECT_EQ(rows, (QList<int>{0, 2}));
+    desk.run.yzdtum({none});
+    EXPECT_EQ(desk.printers.documents.size(), 1U);
+    EXPECT_TRUE(desk.prompt.asked.empty());
+}
+
+TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
+{
+    useDefault(PrintDesk::barcodeLayout());
+    EXPECT_TRUE(desk.run.preview(u"raf.ayr"_s, {300, 300}).isNull());
+    desk.printers.list.clear();
+    desk.run.yzdtum(queue);
+    const QSize shown = desk.run.preview(u"raf.ayr"_s, {300, 300}).size();
+    EXPECT_EQ(shown.width(), 300);
+    EXPECT_NEAR(shown.height(), 200, 1);
+    EXPECT_TRUE(desk.run.preview(u"yok.ayr"_s, {300, 300}).isNull());
+    EXPECT_EQ(desk.run.layouts().names(), QStringList{u"raf.ayr"_s});
+    EXPECT_FALSE(desk.run.isChosen(u"../raf.ayr"_s));
+    EXPECT_EQ(desk.prompt.warned.back(), u"Ayar Dosyası Seciniz..."_s);
+}
+
+TEST(ScanProblems, WhatAScannerWouldMeet)
+{
+    const struct
+    {
+        QString barcode;
+        LabelBox box;
+        int colour;
+        double dpi;
+        QString expected; ///< part of the reason; empty: none
+    } cases[] = {
+        {u"8690000000012"_s, {0, 0, 40, 20}, 0, 600, u""_s},
+        {u"8690000000012"_s, {0, 0, 28.5F, 20}, 0, 203, u""_s},
+        {u"8690000000012"_s, {0, 0, 28, 20}, 0, 203, u"çok ince (0,13 mm)"_s},
+        {u"8690000000012"_s, {0, 0, 28, 20}, 0, 300, u"çok ince (0,17 mm)"_s},
+        {u"8690000000012"_s, {0, 0, 14, 20}, 0, 203, u"sığmıyor"_s},
+        {u"8690000000012"_s, {0, 0, 40, 0}, 0, 600, u"sığmıyor"_s},
+        {u"8690000000012"_s, {0, 0, 40, 20}, 0x0000FF, 600, u"çok açık"_s},
+        {u"8690000000012"_s, {0, 0, 40, 20}, 0xFF0000, 600, u""_s},
+        {u"8690000000013"_s, {0, 0, 40, 20}, 0, 600, u"geçersiz barkod 8690000000013"_s},
+        {u"1234567"_s, {0, 0, 40, 20}, 0, 600, u"geçersiz"_s},
+        {u"12345670"_s, {0, 0, 40, 20}, 0, 600, u""_s},
+        {u""_s, {0, 0, 40, 20}, 0, 600, u"barkodu yok"_s},
+    };
+    for (const auto &c : cases) {
+        PrintJob job;
+        job.barcodes = {{c.box, {}, c.colour, 0, 0, {}}};
+        job.rows = {{c.barcode, {}, u"Ürün"_s, {}, 1}};
+        const auto problems = findScanProblems(job, {c.dpi, c.dpi});
+        ASSERT_EQ(problems.empty(), c.expected.isEmpty()) << c.barcode.toStdString();
+        if (!problems.empty()) {
+            EXPECT_TRUE(problems[0].reason.contains(c.expected))
+                << problems[0].reason.toStdString();
+        }
+    }
+}
+
+TEST(ScanProblems, LongListsNameTheFirstRows)
+{
+    PrintJob job;
+    job.barcodes = {{{0, 0, 40, 20}, {}, 0, 0, 0, {}}};
+    for (int i = 0; i < 5000; ++i)
+        job.rows.push_back({{}, {}, u"Ürün %1"_s.arg(i), {}, 1});
+    const QString question = scanQuestion(job, findScanProblems(job, {600, 600}));
+    EXPECT_TRUE(question.startsWith(u"5000 satırın"_s));
+    EXPECT_TRUE(question.contains(u"Ürün 7: barkodu yok"_s));
+    EXPECT_FALSE(question.contains(u"Ürün 8"_s));
+    EXPECT_TRUE(question.contains(u"4992 satır daha"_s));
+}
+
+TEST(LabelPreview, LabelsAreAsLargeAsTheirStepOrSheet)
+{
+    const struct
+    {
+        SheetGrid grid;
+        QSizeF paper;
+        QSizeF expected;
+    } cases[] = {
+        {{5, 5, 70, 37, 3, 8}, {210, 297}, {70, 37}},
+        {{2, 3, 0, 0, 1, 1}, {58, 40}, {56, 37}},
+        {{0, 0, 58, 40, 1, 1}, {}, {58, 40}},
+        {{0, 0, 0, 0, 0, 0}, {}, {20, 10}}, // what its elements need
+        {{0, 0, -5, -5, 3, 3}, {1e9, 1e9}, {1000, 1000}},
+    };
+    for (const auto &c : cases) {
+        PrintJob job;
+        job.grid = c.grid;
+        job.paper = c.paper;
+        job.pictures = {{{5, 5, 15, 5}, u"a.png"_s}, {{5, 5, 1e9F, 1e9F}, u"a.png"_s}};
+        EXPECT_EQ(labelSize(job), c.expected) << c.grid.stepX;
+    }
+}
