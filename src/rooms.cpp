@@ -61,6 +61,7 @@ Rooms::Rooms(Program &program, Autostart &autostart)
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
     connect(&m_start, &StartSession::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_start, &StartSession::stockListWanted, this, &Rooms::showStockList);
+    m_program.reopen = [this] { m_link.reopenCompany(); };
     connectMenu();
     connectPrinting();
     connectDocuments();
@@ -71,6 +72,7 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 
 Rooms::~Rooms()
 {
+    m_program.reopen = nullptr;
     for (QWidget *form :
          std::initializer_list<QWidget *>{m_baruret, m_designer, m_parametre, m_login, m_baglan,
                                           m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})

@@ -23,6 +23,13 @@ bool Program::isOpen(const std::unique_ptr<HostConnection> &connection)
 
 HostConnection &Program::company()
 {
+    if (!isOpen(bag) && reopen)
+        reopen();
+    return openCompany();
+}
+
+HostConnection &Program::openCompany()
+{
     if (!isOpen(bag))
         throw HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s);
     return *bag;
@@ -43,8 +50,13 @@ bool Program::mesajgoster(const QString &text, int kind, int icon, int buttons)
 void Program::report(const std::exception &error)
 {
     const QString text = QString::fromUtf8(error.what());
-    if (const auto *fault = dynamic_cast<const HostError *>(&error))
-        mesajgoster(u"Veritabanı hatası (%1):\n%2"_s.arg(fault->number()).arg(text), 3, 3, 1);
-    else
+    const auto *fault = dynamic_cast<const HostError *>(&error);
+    if (!fault) {
         mesajgoster(text, 3, 3, 1);
+        return;
+    }
+    QString told = u"Veritabanı hatası (%1):\n%2"_s.arg(fault->number()).arg(text);
+    if (fault->connectionLost())
+        told += u"\n\nİşlemi yineleyin: sunucuya yeniden bağlanılır."_s;
+    mesajgoster(told, 3, 3, 1);
 }

@@ -9,6 +9,7 @@
 #include "common/sounds.h"
 
 #include <array>
+#include <functional>
 
 /// What the program needs of the machine; built in main() or by a test.
 struct Ports
@@ -50,8 +51,16 @@ public:
     QString path(QStringView name) const;
     const QString &directory() const { return m_directory; }
 
-    /// The company connection; throws HostError (kConnectionLost) when it is not open.
+    /// The company connection, opened anew by `reopen` when it was lost, so that a cashier goes on
+    /// with the list on screen. Throws HostError (kConnectionLost) when it is not open.
     HostConnection &company();
+
+    /// The same without opening it: a posting that lost its connection must not go on half-way over
+    /// another one.
+    HostConnection &openCompany();
+
+    /// Tries to open a lost company connection; none in a program without a host.
+    std::function<void()> reopen;
 
     /// A connection counts as open only when its state is exactly 1.
     static bool isOpen(const std::unique_ptr<HostConnection> &connection);

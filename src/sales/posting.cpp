@@ -108,11 +108,11 @@ private:
         double number() const { return static_cast<double>(value); }
     };
 
-    RecordSet read(const QString &statement) { return m_program.company().execute(statement); }
+    RecordSet read(const QString &statement) { return m_program.openCompany().execute(statement); }
 
     void write(const QString &statement)
     {
-        m_program.company().execute(statement);
+        m_program.openCompany().execute(statement);
         ++m_result.written;
     }
 
@@ -292,5 +292,7 @@ private:
 
 PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale)
 {
+    resumeNext(
+        [&] { program.company(); }); // brings a lost connection back before the first statement
     return Posting(program, settings, sale).run();
 }

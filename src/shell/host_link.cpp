@@ -44,8 +44,7 @@ std::unique_ptr<HostConnection> HostLink::open(const QString &database)
 void HostLink::sqlbaglan()
 {
     ayaroku();
-    if (m_server.server.compare(kEmbeddedServer, Qt::CaseInsensitive) != 0)
-        Q_EMIT connecting(m_server.server); // the embedded databases open in no time
+    tellConnecting();
     m_program.anabag.reset();
     m_program.anabag = open(m_server.master);
     if (!masterOpen()) {
@@ -59,14 +58,38 @@ void HostLink::sqlbaglan()
 
 void HostLink::sqlbaglan2()
 {
+    if (openCompany())
+        Q_EMIT stockListWanted();
+}
+
+bool HostLink::openCompany()
+{
     m_program.bag.reset();
     m_program.bag = open(m_server.company);
     Q_EMIT connected();
     if (!Program::isOpen(m_program.bag))
-        return;
+        return false;
     // Every later date literal of the program is written day-month-year.
     resumeNext([this] { m_program.bag->execute(u"Set DateFormat dmy"_s); });
-    Q_EMIT stockListWanted();
+    return true;
+}
+
+void HostLink::reopenCompany()
+{
+    constexpr int pause = 10'000; // milliseconds
+    if (m_sinceFailure.isValid() && !m_sinceFailure.hasExpired(pause))
+        return;
+    tellConnecting();
+    if (openCompany())
+        m_sinceFailure.invalidate();
+    else
+        m_sinceFailure.start();
+}
+
+void HostLink::tellConnecting()
+{
+    if (m_server.server.compare(kEmbeddedServer, Qt::CaseInsensitive) != 0)
+        Q_EMIT connecting(m_server.server); // the embedded databases open in no time
 }
 
 void HostLink::loadVatClasses()

@@ -2,6 +2,7 @@
 
 #include "common/program.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 
 /// Where the host database is, as the settings tell it.
@@ -35,6 +36,10 @@ public:
     /// Opens the company connection, sets its date format and asks for the stock list.
     void sqlbaglan2();
 
+    /// Opens a lost company connection anew, in place of the old one. A try that failed is not
+    /// repeated for ten seconds: an unreachable server must not stop every scan for five.
+    void reopenCompany();
+
     bool masterOpen() const { return Program::isOpen(m_program.anabag); }
     const ServerSettings &server() const { return m_server; }
 
@@ -49,9 +54,12 @@ Q_SIGNALS:
 
 private:
     std::unique_ptr<HostConnection> open(const QString &database);
+    bool openCompany();
+    void tellConnecting();
     void loadVatClasses();
 
     Program &m_program;
     ServerSettings m_server;
     QString m_failure;
+    QElapsedTimer m_sinceFailure; ///< since reopenCompany() failed
 };

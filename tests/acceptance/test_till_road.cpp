@@ -372,6 +372,7 @@ TEST_P(TillRoad, TwoTillsPostAtOnceWithoutHanging)
         const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
         shop.db.execute(u"Update yazici set yazdirma = '0' Where id ='1'"_s);
     }
+    shop.printers.names(); // Qt makes its printer support on first use, and only one thread may
     const auto work = [&](const QStringList &codes) {
         SecondTill second(shop.folder.path());
         for (int i = 0; i < sales; ++i) {

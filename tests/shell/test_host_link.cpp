@@ -88,6 +88,24 @@ TEST_F(HostLinkTest, ACompanyThatDoesNotOpenIsSilentAndTheTimerStillShowsTheStoc
     EXPECT_EQ(first, 1);
 }
 
+TEST_F(HostLinkTest, ALostCompanyConnectionComesBackWhereItWasLost)
+{
+    link.sqlbaglan();
+    machine.program.reopen = [this] { link.reopenCompany(); };
+    static_cast<RecordingHost &>(*machine.program.bag).open = false;
+    EXPECT_THROW(machine.program.openCompany(), HostError);
+    auto &company = static_cast<RecordingHost &>(machine.program.company());
+    EXPECT_EQ(company.statements, QStringList{u"Set DateFormat dmy"_s});
+    EXPECT_EQ(machine.connector.opened.size(), 3);
+    EXPECT_EQ(stockLists, 1);
+
+    company.open = false;
+    machine.connector.refuse = {u"database=SIRKET"_s};
+    EXPECT_THROW(machine.program.company(), HostError);
+    EXPECT_THROW(machine.program.company(), HostError);
+    EXPECT_EQ(machine.connector.opened.size(), 4) << "a scan waits for an absent server only once";
+}
+
 TEST_F(HostLinkTest, UnreadableSettingsKeepTheFormerServerAndStillTry)
 {
     link.ayaroku();
