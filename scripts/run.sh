@@ -22,5 +22,5 @@ trap 'rm -rf "$work"' EXIT
 mkdir -m 700 "$work/run" "$work/dukkan" # with a lock of its own, apart from a program that runs
 rm -rf cikti
 mkdir -p cikti
-XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen \
+XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen:configfile=$PWD/scripts/screen.json \
     "$tezgah" --directory "$work/dukkan" --tour cikti

@@ -13,11 +13,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 # A folder of its own for the lock: a tour that finds another one running ends without a word.
 mkdir -m 700 "$work/run" "$work/shop"
-XDG_RUNTIME_DIR="$work/run" QT_QPA_PLATFORM=offscreen timeout 300 \
+XDG_RUNTIME_DIR="$work/run" QT_QPA_PLATFORM=offscreen:configfile=$PWD/scripts/screen.json timeout 300 \
     build/release/src/tezgah --directory "$work/shop" --tour "$work/pictures"
 
 # The first three rows of the first sheet that was printed.
-sheets=("$work"/pictures/Etiket-Raf-*.pdf)
+mapfile -t sheets < <(ls -tr "$work"/pictures/Etiket-Raf-*.pdf) # the oldest first
 pdftoppm -png -singlefile -r 96 -x 0 -y 0 -W 794 -H 421 "${sheets[0]}" "$work/pictures/etiketler"
 
 mapfile -t shown < <(grep -ohE 'resimler/[A-Za-z0-9_-]+\.png' README.md docs/*.md | sort -u)
