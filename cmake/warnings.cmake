@@ -16,3 +16,8 @@ if(TEZGAH_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+# One file runs on every Windows: the compiler's own libraries go into it.
+if(MINGW)
+    add_link_options(-static)
+endif()

@@ -1,0 +1,9 @@
+# Sourced by the scripts that run the program under Wine: makes a Turkish machine in the new folder
+# $WINEPREFIX, with a home of its own (Wine puts the user's documents there). Its locale is made
+# here too, because a bare Debian has none.
+export HOME=$WINEPREFIX.home LOCPATH=$WINEPREFIX.locale
+mkdir -p "$HOME" "$LOCPATH"
+localedef -i tr_TR -f UTF-8 "$LOCPATH/tr_TR.UTF-8"
+export LC_ALL=tr_TR.UTF-8 WINEDEBUG=${WINEDEBUG:--all}
+WINEDLLOVERRIDES='mscoree,mshtml=' wineboot --init 2>/dev/null
+wineserver -w
