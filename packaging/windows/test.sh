@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the program and its tests for Windows and runs them under Wine, on a screen of their own.
+# Builds the program and its tests for Windows and runs them under Wine, on a screen of their own,
+# then reads the bars of the sheets that the tour printed.
 #   packaging/windows/test.sh [ctest options]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -14,3 +15,4 @@ trap 'wineserver -k || true; rm -rf "$work"' EXIT
 xvfb-run -a -s '-screen 0 1366x768x24' bash -euo pipefail -c '
     . packaging/windows/prefix.sh
     ctest --preset windows "$@"' test "$@"
+packaging/windows/read_bars.sh build/windows/tests/tour/cikti
