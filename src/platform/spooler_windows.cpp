@@ -6,6 +6,7 @@
 #include <QtPrintSupport/private/qprintengine_win_p.h>
 #include <qt_windows.h>
 
+#include <algorithm>
 #include <winspool.h>
 
 using namespace Qt::StringLiterals;
@@ -35,11 +36,15 @@ void setWishes(DEVMODEW &mode, const PrinterSetup &setup)
     mode.dmOrientation = setup.portrait ? DMORIENT_PORTRAIT : DMORIENT_LANDSCAPE;
     if (setup.paperCode != 0 || !setup.paper.isEmpty())
         setPaper(mode, setup);
-    if (setup.quality != 0) {
-        mode.dmFields |= DM_PRINTQUALITY;
-        mode.dmFields &= ~static_cast<DWORD>(DM_YRESOLUTION);
-        mode.dmPrintQuality = static_cast<short>(setup.quality);
-    }
+    if (setup.quality == 0)
+        return;
+    // A negative number is a grade, any other one dots per inch in both directions.
+    mode.dmPrintQuality = static_cast<short>(setup.quality);
+    mode.dmYResolution = static_cast<short>(std::max(setup.quality, 0));
+    mode.dmFields |= DM_PRINTQUALITY;
+    mode.dmFields &= ~static_cast<DWORD>(DM_YRESOLUTION);
+    if (setup.quality > 0)
+        mode.dmFields |= DM_YRESOLUTION;
 }
 
 struct FreeGlobal

@@ -1,8 +1,11 @@
+#include "platform/spooler.h"
 #include "platform/sql_browser.h"
 #include "platform/system_autostart.h"
 #include "support/print_qt.h"
 
 #include <QCoreApplication>
+#include <QPagedPaintDevice>
+#include <QPrinterInfo>
 #include <QSettings>
 
 #include <array>
@@ -91,4 +94,20 @@ TEST(SqlBrowserOnWindows, AsksOnceAndDoesNotWaitLong)
     std::thread server([&] { service.answerOnce(QByteArray("\x05\x0A\x00tcp;49170;;", 14)); });
     EXPECT_EQ(ask(std::chrono::seconds(5)), 49170);
     server.join();
+}
+
+TEST(SpoolerOnWindows, PaperAndOrientationReachThePrinter)
+{
+    const QStringList printers = QPrinterInfo::availablePrinterNames();
+    if (printers.isEmpty())
+        GTEST_SKIP() << "this machine has no printer";
+    for (const bool portrait : {true, false}) {
+        const auto document =
+            openSpooled(printers.first(), {u"Deneme"_s, portrait, 11, 0, {}}); // 11 = A5
+        const QPageLayout layout = document->device().pageLayout();
+        EXPECT_EQ(layout.pageSize().id(), QPageSize::A5);
+        EXPECT_EQ(layout.orientation() == QPageLayout::Portrait, portrait);
+        EXPECT_EQ(document->device().width() < document->device().height(), portrait);
+    }
+    EXPECT_THROW(openSpooled(u"Yok"_s, {}), PrintError);
 }
