@@ -38,5 +38,6 @@ windows_packages=(
     g++-mingw-w64-x86-64-posix dpkg-dev tcl librsvg2-bin icoutils
 )
 windows_test_packages=(
-    wine wine64 xvfb xauth locales googletest zbar-tools poppler-utils
+    wine wine64 xvfb xauth locales fonts-liberation googletest zbar-tools
+    poppler-utils
 )
