@@ -16,3 +16,10 @@ if(TEZGAH_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+
+# One file runs on every Windows: the compiler's own libraries go into it.
+if(MINGW)
+    add_link_options(-static)
+    set(CMAKE_LINK_SEARCH_START_STATIC ON)
+    set(CMAKE_LINK_SEARCH_END_STATIC ON)
+endif()

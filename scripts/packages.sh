@@ -34,3 +34,10 @@ bench_packages=(
 check_packages=(
     clang clang-format clang-tidy libclang-rt-14-dev
 )
+windows_packages=(
+    g++-mingw-w64-x86-64-posix dpkg-dev tcl librsvg2-bin icoutils
+)
+windows_test_packages=(
+    wine wine64 xvfb xauth locales fonts-liberation googletest zbar-tools
+    poppler-utils
+)

@@ -53,31 +53,30 @@ QByteArrayView strippedView(QByteArrayView bytes)
     return bytes;
 }
 
-QByteArray onOneLine(QByteArrayView bytes)
+QByteArray keyLine(QByteArrayView key, QByteArrayView value)
 {
-    QByteArray result = bytes.toByteArray();
+    return writtenName(key) + '=' + writtenValue(value) + "\r\n";
+}
+
+QByteArray sectionLine(QByteArrayView section)
+{
+    return '[' + writtenName(section) + "]\r\n";
+}
+
+} // namespace
+
+QByteArray writtenValue(QByteArrayView value)
+{
+    QByteArray result = value.toByteArray();
     std::replace_if(
         result.begin(), result.end(), [](char c) { return endsLine(c) || c == '\0'; }, ' ');
     return result;
 }
 
-/// A section's or key's name as a written line holds it.
-QByteArray written(QByteArrayView name)
+QByteArray writtenName(QByteArrayView name)
 {
-    return strippedView(onOneLine(name)).toByteArray();
+    return strippedView(writtenValue(name)).toByteArray();
 }
-
-QByteArray keyLine(QByteArrayView key, QByteArrayView value)
-{
-    return written(key) + '=' + onOneLine(value) + "\r\n";
-}
-
-QByteArray sectionLine(QByteArrayView section)
-{
-    return '[' + written(section) + "]\r\n";
-}
-
-} // namespace
 
 IniText::IniText(const QByteArray &text) : m_text(text), m_folded(folded(text))
 {
@@ -156,6 +155,8 @@ QByteArray IniText::slice(Range range) const
 
 QByteArray IniText::value(QByteArrayView section, QByteArrayView key) const
 {
+    if (strippedView(section).isEmpty())
+        return {};
     const QByteArray name = folded(strippedView(key));
     const auto found = m_keys.constFind({findSection(section), name});
     if (found == m_keys.cend())
@@ -176,8 +177,8 @@ QByteArray IniText::value(QByteArrayView section, QByteArrayView key) const
 
 void IniText::setValue(QByteArrayView section, QByteArrayView key, QByteArrayView value)
 {
-    const int number = findSection(written(section));
-    const QByteArray foldedName = folded(written(key));
+    const int number = findSection(writtenName(section));
+    const QByteArray foldedName = folded(writtenName(key));
     const auto found = m_keys.constFind({number, foldedName});
     if (found != m_keys.cend()) {
         replace(found->line, keyLine(slice(found->name), value));
@@ -217,8 +218,8 @@ QByteArray composeKeyFile(const std::vector<KeyEntry> &entries)
     std::vector<Section> sections;
     QHash<QByteArray, std::size_t> index;
     for (const KeyEntry &entry : entries) {
-        const QByteArray sectionName = written(turkish::toCodePage1254(entry.section));
-        const QByteArray keyName = written(turkish::toCodePage1254(entry.key));
+        const QByteArray sectionName = writtenName(turkish::toCodePage1254(entry.section));
+        const QByteArray keyName = writtenName(turkish::toCodePage1254(entry.key));
         const std::size_t at = index.value(folded(sectionName), sections.size());
         if (at == sections.size()) {
             index.insert(folded(sectionName), at);

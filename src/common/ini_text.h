@@ -25,7 +25,8 @@
 /// - Names compare without regard to case. Letters are folded one by one as Windows folds file
 ///   names: "ğ" is "Ğ" and "i" is "I", but "ı" and "İ" stand for themselves in every language.
 /// - The first section of a name holds, and in it the first key of a name; a later section of the
-///   same name is never looked into. Keys above the first section belong to none.
+///   same name is never looked into. Keys above the first section belong to none, and a section
+///   without a name is not read.
 /// - One pair of equal quotes around a value, ' or ", is taken off; blanks inside it stay.
 /// - A value ends at a NUL byte and after 254 bytes, as the caller's buffer does.
 ///
@@ -104,3 +105,9 @@ private:
 
 /// A whole new file: an empty line, then what writing the entries one after another leaves.
 QByteArray composeKeyFile(const std::vector<KeyEntry> &entries);
+
+/// What a written line holds of a value: line ends and NUL become blanks.
+QByteArray writtenValue(QByteArrayView value);
+
+/// The same of a section's or key's name, which also loses the blanks around it.
+QByteArray writtenName(QByteArrayView name);

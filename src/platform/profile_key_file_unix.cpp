@@ -1,9 +1,9 @@
 #include "common/ini_text.h"
 #include "common/turkish.h"
 #include "platform/profile_key_file.h"
+#include "platform/whole_file.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cerrno>
@@ -65,10 +65,7 @@ Kind look(const QString &path, Stamp *stamp)
 
 bool replaceFile(const QString &path, const QByteArray &bytes)
 {
-    QSaveFile file(path);
-    // commit() does not notice a disk that fills up while the last buffer is written; flush() does.
-    return bytes.size() <= IniText::kLargestText && file.open(QIODevice::WriteOnly) &&
-           file.write(bytes) == bytes.size() && file.flush() && file.commit();
+    return bytes.size() <= IniText::kLargestText && writeWholeFile(path, bytes);
 }
 
 } // namespace

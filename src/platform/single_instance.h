@@ -5,11 +5,10 @@
 #include <memory>
 
 QT_BEGIN_NAMESPACE
-class QLockFile;
 class QString;
 QT_END_NAMESPACE
 
-/// Lets one copy of the program run per user at a time.
+/// Lets one copy of the program run at a time: one per machine on Windows, one per user elsewhere.
 class SingleInstance
 {
 public:
@@ -24,6 +23,7 @@ public:
     void release();
 
 private:
-    std::unique_ptr<QLockFile> m_lock;
+    struct Lock;
+    std::unique_ptr<Lock> m_lock;
     bool m_first;
 };

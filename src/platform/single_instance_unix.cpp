@@ -16,16 +16,22 @@ QString lockFolder()
 
 } // namespace
 
-SingleInstance::SingleInstance(const QString &name)
-    : m_lock(std::make_unique<QLockFile>(u"%1/.%2.lock"_s.arg(lockFolder(), name)))
+struct SingleInstance::Lock
 {
-    m_lock->setStaleLockTime(0);
-    m_first = m_lock->tryLock(0) || m_lock->error() != QLockFile::LockFailedError;
+    QLockFile file;
+};
+
+SingleInstance::SingleInstance(const QString &name)
+    : m_lock(new Lock{QLockFile(u"%1/.%2.lock"_s.arg(lockFolder(), name))})
+{
+    QLockFile &file = m_lock->file;
+    file.setStaleLockTime(0);
+    m_first = file.tryLock(0) || file.error() != QLockFile::LockFailedError;
 }
 
 SingleInstance::~SingleInstance() = default;
 
 void SingleInstance::release()
 {
-    m_lock->unlock();
+    m_lock->file.unlock();
 }

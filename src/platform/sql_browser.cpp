@@ -1,9 +1,6 @@
 #include "platform/sql_browser.h"
 
-#include <QHostInfo>
-#include <QUdpSocket>
-
-using namespace Qt::StringLiterals;
+#include <QList>
 
 namespace sql_browser {
 
@@ -15,18 +12,9 @@ constexpr qsizetype kAnswerHeader = 3; // kind and length
 
 } // namespace
 
-std::optional<int> instancePort(const QString &host, const QString &instance,
-                                std::chrono::milliseconds patience, int browserPort)
+QByteArray instanceRequest(const QString &instance)
 {
-    const QList<QHostAddress> addresses = QHostInfo::fromName(host).addresses();
-    if (addresses.isEmpty())
-        return std::nullopt;
-    QUdpSocket socket;
-    socket.connectToHost(addresses.first(), static_cast<quint16>(browserPort));
-    socket.write(kInstanceRequest + instance.toUtf8() + '\0');
-    if (!socket.waitForReadyRead(static_cast<int>(patience.count())))
-        return std::nullopt;
-    return portInAnswer(socket.readAll());
+    return kInstanceRequest + instance.toUtf8() + '\0';
 }
 
 /// After the header: "ServerName;KASA1;InstanceName;SQL2;…;tcp;49170;;".

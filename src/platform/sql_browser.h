@@ -18,6 +18,9 @@ std::optional<int> instancePort(const QString &host, const QString &instance,
                                 std::chrono::milliseconds patience = std::chrono::seconds(1),
                                 int browserPort = kPort);
 
+/// What the service is asked.
+QByteArray instanceRequest(const QString &instance);
+
 /// The TCP port in an answer of the service, or nothing.
 std::optional<int> portInAnswer(const QByteArray &answer);
 

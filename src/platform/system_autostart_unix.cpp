@@ -1,8 +1,8 @@
 #include "platform/system_autostart.h"
+#include "platform/whole_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -29,13 +29,9 @@ bool SystemAutostart::set(bool on)
     if (!on)
         return !QFile::exists(path) || QFile::remove(path);
     folder.mkpath(u"."_s);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
     const QByteArray entry =
         u"[Desktop Entry]\nType=Application\nName=Tezgâh\nExec=%1 --directory %2\n"_s
             .arg(quoted(QCoreApplication::applicationFilePath()), quoted(m_folder))
             .toUtf8();
-    // A disk that fills up shows when the last buffer is flushed, not at commit().
-    return file.write(entry) == entry.size() && file.flush() && file.commit();
+    return writeWholeFile(path, entry);
 }

@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     require(before.bytes() == rest, "a copy is written alone");
     IniText alone;
     alone.setValue("s", "k", value);
-    const bool plain = plainName(section) && plainName(key);
+    const bool plain = plainName(section) && !section.trimmed().isEmpty() && plainName(key);
     if (plain)
         require(text.value(section, key) == alone.value("s", "k"), "what is written is read");
 

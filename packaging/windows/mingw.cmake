@@ -1,0 +1,12 @@
+# The MinGW-w64 cross compiler of Debian, the one with posix threads.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(host x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${host}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${host}-g++-posix)
+set(CMAKE_RC_COMPILER ${host}-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/${host})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
