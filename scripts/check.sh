@@ -19,5 +19,6 @@ cmake --preset tidy >/dev/null
 # Headers that are generated (forms, moc) must be there before the files that include them.
 cmake --build --preset tidy --target tezgah_core_autogen tezgah_forms_autogen \
     tezgah_platform_autogen
-git ls-files -z 'src/*.cpp' | xargs -0 -n 8 -P "$(nproc)" clang-tidy -p build/tidy --quiet
+# The Windows files have no compile command here; their own build warns about them.
+git ls-files -z 'src/*.cpp' ':!src/*_windows.cpp' | xargs -0 -n 8 -P "$(nproc)" clang-tidy -p build/tidy --quiet
 echo "clang-tidy: well"
