@@ -14,7 +14,7 @@ trap 'rm -rf "$work"' EXIT
 mkdir -m 700 "$work/run" "$work/home"
 
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -q --no-install-recommends "./${packages[0]}" >/dev/null
+    apt-get install -y -q --reinstall --no-install-recommends "./${packages[0]}" >/dev/null
 desktop-file-validate /usr/share/applications/tezgah.desktop
 appstreamcli validate --no-net /usr/share/metainfo/tezgah.metainfo.xml
 HOME=$work/home XDG_RUNTIME_DIR=$work/run QT_QPA_PLATFORM=offscreen \
