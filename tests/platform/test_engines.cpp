@@ -6,6 +6,7 @@
 #include "platform/scratch.h"
 #include "platform/sqlite_file.h"
 #include "support/print_qt.h"
+#include "support/wine.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,8 @@ protected:
             return openEmbedded();
         if (!OdbcSession::installedDrivers().contains(u"SQLite3"_s))
             GTEST_SKIP() << "the ODBC driver for SQLite is not installed";
+        if (runsUnderWine())
+            GTEST_SKIP() << "Wine lists the drivers of the system beneath, which lack its files";
         openOdbc();
     }
 
