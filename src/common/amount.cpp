@@ -147,9 +147,7 @@ std::optional<double> parse(QStringView text)
             plainText += u'.';
         } else if (c == u'.' && !comma) {
             continue;
-        } else if (c >= u'0' && c <= u'9') {
-            plainText += c;
-        } else if ((c == u'-' || c == u'+') && plainText.isEmpty()) {
+        } else if ((c >= u'0' && c <= u'9') || ((c == u'-' || c == u'+') && plainText.isEmpty())) {
             plainText += c;
         } else {
             // An exponent as plain() writes it: digits, E, sign, digits.
