@@ -68,7 +68,8 @@ build_qt() {
         -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/mingw.cmake" \
         -DCMAKE_INSTALL_PREFIX="$cache/qt" -DCMAKE_BUILD_TYPE=Release \
         -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
-        -DBUILD_SHARED_LIBS=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF "${off[@]}"
+        -DINPUT_opengl=no -DBUILD_SHARED_LIBS=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_EXAMPLES=OFF \
+        "${off[@]}"
     nice -n 5 cmake --build "$build" -j "$(nproc)"
     cmake --install "$build" >"$cache/qt-install.log"
     rm -rf "$build"
