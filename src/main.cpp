@@ -23,6 +23,7 @@
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTextStream>
 #include <QTimer>
 #include <QTranslator>
@@ -39,7 +40,8 @@ class Application final : public QApplication
 public:
     using QApplication::QApplication;
 
-    void reportTo(Program &program) { m_program = &program; }
+    /// Null: nobody is there to tell.
+    void reportTo(Program *program) { m_program = program; }
 
     bool notify(QObject *receiver, QEvent *event) override
     {
@@ -155,7 +157,8 @@ int run(Application &app, const Options &options, const StartTimes &times)
     WindowPrompt prompt;
     SystemAutostart autostart(directory);
     Program program({host, db, keys, printers, sounds, clock, prompt}, directory);
-    app.reportTo(program);
+    app.reportTo(&program);
+    const auto gone = qScopeGuard([&app] { app.reportTo(nullptr); }); // the program ends first
     try {
         prepareFolder(program);
     } catch (const std::exception &error) {
