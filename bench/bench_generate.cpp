@@ -3,13 +3,10 @@
 // statements executed bare on the same engine.
 
 #include "big_shop.h"
-#include "fakes/fake_ports.h"
 #include "labels/desk/label_desk.h"
-#include "platform/engine_connector.h"
 #include "recorded_host.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 #include <utility>
@@ -31,9 +28,7 @@ struct Shop
     {
         machine.db.setRow(u"stok"_s,
                           {{u"fiyatip"_s, u"1"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
-        auto recorded =
-            std::make_unique<RecordedHost>(EngineConnector(big.directory(), machine.keys)
-                                               .open(u"Server=(yerel);database=DEMOSIRKET;"_s));
+        auto recorded = std::make_unique<RecordedHost>(big.openCompany());
         host = recorded.get();
         machine.program.bag = std::move(recorded);
     }
@@ -108,13 +103,3 @@ void generateAndSave(benchmark::State &state)
 BENCHMARK(generateAndSave)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(3);
 
 } // namespace
-
-int main(int argc, char *argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

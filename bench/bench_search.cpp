@@ -2,13 +2,10 @@
 // against the same statements executed on the same engine with their rows thrown away.
 
 #include "big_shop.h"
-#include "fakes/fake_ports.h"
 #include "labels/desk/label_desk.h"
 #include "labels/desk/stock_queries.h"
-#include "platform/engine_connector.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -25,8 +22,7 @@ struct Shop
     {
         machine.db.setRow(u"stok"_s,
                           {{u"fiyatip"_s, u"1"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
-        machine.program.bag = EngineConnector(big.directory(), machine.keys)
-                                  .open(u"Server=(yerel);database=DEMOSIRKET;"_s);
+        machine.program.bag = big.openCompany();
     }
 
     BigShop big{kStocks};
@@ -73,12 +69,3 @@ void nameSearch(benchmark::State &state)
 BENCHMARK(nameSearch)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(3);
 
 } // namespace
-
-int main(int argc, char *argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -5,14 +5,11 @@
 // and, without a floor, totals after a change in a list of 2,000 lines.
 
 #include "big_shop.h"
-#include "fakes/fake_ports.h"
-#include "platform/engine_connector.h"
 #include "recorded_host.h"
 #include "sales/sale_queries.h"
 #include "sales/till_session.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 
 #include <benchmark/benchmark.h>
 #include <utility>
@@ -22,12 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStocks = 100'000;
-
-std::unique_ptr<HostConnection> openCompany(const BigShop &big)
-{
-    MemoryKeyFile keys;
-    return EngineConnector(big.directory(), keys).open(u"Server=(yerel);database=DEMOSIRKET;"_s);
-}
 
 struct Shop
 {
@@ -39,7 +30,7 @@ struct Shop
                                       {u"stkfistip"_s, u"3"_s},
                                       {u"crfistip"_s, u"4"_s}});
         machine.program.kdvtab[1] = {QString(), u"5"_s, u"1"_s};
-        auto recorded = std::make_unique<RecordedHost>(openCompany(big));
+        auto recorded = std::make_unique<RecordedHost>(big.openCompany());
         host = recorded.get();
         machine.program.bag = std::move(recorded);
     }
@@ -124,7 +115,7 @@ void postSale(benchmark::State &state)
     sale.moment = shop().machine.clock.moment;
     const SaleSettings settings = oku(program);
     static const BigShop twin(kStocks);
-    static const auto twinHost = openCompany(twin);
+    static const auto twinHost = twin.openCompany();
 
     qint64 total = 0;
     qint64 floor = 0;
@@ -170,13 +161,3 @@ BENCHMARK(postSale)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(
 BENCHMARK(totalsOfLongList)->Unit(benchmark::kMicrosecond);
 
 } // namespace
-
-int main(int argc, char *argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

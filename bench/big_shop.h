@@ -1,6 +1,8 @@
 #pragma once
 
+#include "fakes/fake_ports.h"
 #include "platform/demo_shop.h"
+#include "platform/engine_connector.h"
 
 #include <QDate>
 #include <QDir>
@@ -29,6 +31,12 @@ public:
     }
 
     QString directory() const { return m_folder.path(); }
+    std::unique_ptr<HostConnection> openCompany() const
+    {
+        MemoryKeyFile keys;
+        return EngineConnector(directory(), keys)
+            .open(QStringLiteral("Server=(yerel);database=DEMOSIRKET;"));
+    }
     static QString code(int stock) { return QStringLiteral("S%1").arg(stock, 6, 10, QChar(u'0')); }
     static QString barcode(int stock) { return QString::number(8690000000000LL + stock); }
 
