@@ -27,6 +27,7 @@ run_packages=(
 )
 test_packages=(
     libgtest-dev libgmock-dev libzint-dev libzbar-dev libsqliteodbc tdsodbc poppler-utils
+    locales
 )
 bench_packages=(
     libbenchmark-dev
@@ -39,5 +40,5 @@ windows_packages=(
 )
 windows_test_packages=(
     wine wine64 xvfb xauth locales fonts-liberation googletest zbar-tools
-    poppler-utils
+    poppler-utils libsqliteodbc
 )

@@ -2,6 +2,7 @@
 #include "common/settings_database.h"
 #include "platform/demo_shop.h"
 #include "platform/engine_connector.h"
+#include "platform/process_locale.h"
 #include "platform/profile_key_file.h"
 #include "platform/shipped_files.h"
 #include "platform/single_instance.h"
@@ -200,6 +201,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     Application app(argc, argv);
+    useProgramLocale();
     QTranslator translator;
     if (translator.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&translator);

@@ -95,7 +95,9 @@ QString connectionString(const QString &driver, const ServerAddress &address,
         pairs.push_back({u"TrustServerCertificate"_s, u"yes"_s});
     }
     const QStringList replaced = namesIn(extra);
-    QString text = u"Driver={"_s + driver + u"};"_s;
+    // In capitals: the driver manager of Unix changes letters as the user's language does, and a
+    // Turkish i has another capital than the one it looks for.
+    QString text = u"DRIVER={"_s + driver + u"};"_s;
     for (const Pair &pair : pairs)
         if (!replaced.contains(pair.name.toLower()))
             text += pair.name + u'=' + pair.value + u';';

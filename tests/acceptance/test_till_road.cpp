@@ -7,6 +7,7 @@
 #include "shell/host_link.h"
 #include "support/print_qt.h"
 #include "support/real_shop.h"
+#include "support/wine.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -140,7 +141,7 @@ struct SqliteTill : TillRoad
         copyCompanyTo(path);
         const QString keyFile = shop.program.path(u"baglanti.zev");
         shop.keys.write(u"odbc"_s, u"surucu"_s, u"SQLite3"_s, keyFile);
-        shop.keys.write(u"odbc"_s, u"ek"_s, u"Database="_s + path, keyFile);
+        shop.keys.write(u"odbc"_s, u"ek"_s, u"Database="_s + driverPath(path), keyFile);
         const QString server = connectionString({u"KASA1"_s, u"sa"_s, {}, u"SIRKET"_s});
         shop.program.bag = shop.host.open(server);
         other = shop.host.open(server);

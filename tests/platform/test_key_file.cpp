@@ -280,6 +280,50 @@ TEST_F(KeyFiles, HugeFilesTakeTimeInProportion)
               u"v"_s);
 }
 
+#ifdef Q_OS_WIN
+
+/// On other systems our own reading stands in for the profile functions: here both are at hand.
+TEST_F(KeyFiles, TheSystemReadsAndWritesAsWeDoElsewhere)
+{
+    const QByteArrayList lines = {"[s]",          " [ S ] ",   "[t] rest",   "[u",   "k=v",
+                                  "K = \" w \" ", "l='x'",     "l = a=b ;c", "k",    "=v",
+                                  ";k=1",         " ; l=2",    "k=",         "\x1A", "",
+                                  " \t ",         "\xDE=\xFD", "nonsense"};
+    const QByteArrayList lineEnds = {"\r\n", "\r\n", "\n", "\r"};
+    QRandomGenerator random(1254);
+    const auto anyOf = [&](const QByteArrayList &list) {
+        return list.at(random.bounded(list.size()));
+    };
+    const auto agree = [&](const IniText &ours, const QString &file) {
+        for (const char *section : {"s", "t", "u"})
+            for (const char *key : {"k", "l", "\xDE"})
+                EXPECT_EQ(
+                    keys.read(QString::fromLatin1(section), turkish::fromCodePage1254(key), file),
+                    turkish::fromCodePage1254(ours.value(section, key)))
+                    << section << ' ' << key << " in "
+                    << ours.bytes().toPercentEncoding().toStdString();
+    };
+    for (int i = 0; i < 300 && !HasFailure(); ++i) {
+        QByteArray bytes;
+        for (int line = random.bounded(8); line >= 0; --line)
+            bytes += anyOf(lines) + anyOf(lineEnds);
+        const QString file = put(bytes);
+        IniText ours(bytes);
+        agree(ours, file);
+        for (const QByteArray &value :
+             {anyOf({"1", "", " 2 ", "'3'"}), anyOf({"4", "\"5", "6\r7"})}) {
+            const QByteArray section = anyOf({"s", "T", "u"});
+            const QByteArray key = anyOf({"k", "L"});
+            ours.setValue(section, key, value);
+            EXPECT_TRUE(keys.write(QString::fromLatin1(section), QString::fromLatin1(key),
+                                   QString::fromLatin1(value), file));
+            agree(ours, file);
+        }
+    }
+}
+
+#endif
+
 #ifdef Q_OS_UNIX
 
 TEST_F(KeyFiles, OnlyFilesOfASensibleSizeAreRead)

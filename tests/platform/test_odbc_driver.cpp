@@ -50,50 +50,50 @@ TEST(OdbcDriver, EachIsToldInItsOwnWay)
          u"KASA1"_s,
          u"x"_s,
          {},
-         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD=x;Database=MUV;"_s +
+         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD=x;Database=MUV;"_s +
              safe},
         {ms,
          u"KASA1\\SQL2"_s,
          u"x"_s,
          {},
-         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1\\SQL2;UID=sa;PWD=x;Database=MUV;"_s +
+         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1\\SQL2;UID=sa;PWD=x;Database=MUV;"_s +
              safe},
         {ms,
          u"tcp:KASA1\\SQL2,1500"_s,
          u"x"_s,
          {},
-         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1,1500;UID=sa;PWD=x;Database=MUV;"_s +
+         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1,1500;UID=sa;PWD=x;Database=MUV;"_s +
              safe},
         {u"SQL Server"_s,
          u"."_s,
          u"x"_s,
          {},
-         u"Driver={SQL Server};Server=localhost;UID=sa;PWD=x;Database=MUV;"_s},
+         u"DRIVER={SQL Server};Server=localhost;UID=sa;PWD=x;Database=MUV;"_s},
         {u"FreeTDS"_s,
          u"KASA1"_s,
          u"x"_s,
          {},
-         u"Driver={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
+         u"DRIVER={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
          "PWD=x;Database=MUV;"_s},
         {u"FreeTDS"_s, u"KASA1,1500"_s, u"x"_s, u"TDS_Version=7.0"_s,
-         u"Driver={FreeTDS};Server=KASA1;Port=1500;ClientCharset=UTF-8;UID=sa;PWD=x;Database=MUV;"
+         u"DRIVER={FreeTDS};Server=KASA1;Port=1500;ClientCharset=UTF-8;UID=sa;PWD=x;Database=MUV;"
          "TDS_Version=7.0"_s},
         {ms, u"KASA1"_s, u"a}b{c"_s, u" encrypt = yes;Foo=1"_s,
-         u"Driver={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD={a}}b{c};Database=MUV;"
+         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD={a}}b{c};Database=MUV;"
          "TrustServerCertificate=yes; encrypt = yes;Foo=1"_s},
         {u"SQL Server"_s,
          u"KASA1"_s,
          u" x;y "_s,
          {},
-         u"Driver={SQL Server};Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
+         u"DRIVER={SQL Server};Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
         {u"FreeTDS"_s,
          u"KASA1"_s,
          u"a}b=c"_s,
          {},
-         u"Driver={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
+         u"DRIVER={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
          "PWD=a}b=c;Database=MUV;"_s},
         {u"SQLite3"_s, u"KASA1"_s, QString(), u"Database=/tmp/x.db"_s,
-         u"Driver={SQLite3};Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
+         u"DRIVER={SQLite3};Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
     };
     for (const Case &c : cases)
         EXPECT_EQ(odbc_driver::connectionString(c.driver, parseServerName(c.server),

@@ -1,12 +1,12 @@
+#include "support/test_machine.h"
+
 #include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char *argv[])
 {
-#ifndef Q_OS_WIN // where that platform finds no fonts
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
+    useTestMachine();
     const QGuiApplication app(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

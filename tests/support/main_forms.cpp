@@ -1,13 +1,15 @@
+#include "platform/process_locale.h"
+#include "support/test_machine.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char *argv[])
 {
-#ifndef Q_OS_WIN // where that platform finds no fonts
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
+    useTestMachine();
     QApplication app(argc, argv);
+    useProgramLocale();
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
