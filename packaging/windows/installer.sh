@@ -3,11 +3,14 @@
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
-need nsis
+need nsis librsvg2-bin imagemagick
 [ -e build/windows/tezgah.exe ] || packaging/windows/build.sh
 
 version=$(sed -n 's/^project(tezgah VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 output=$PWD/build/windows/Tezgah-Kur-$version.exe
+picture=build/windows/windows/kurulum.bmp # the left side of the first and the last page
+rsvg-convert -w 112 packaging/tezgah.svg |
+    convert -size 164x314 'xc:#0b6e6e' - -gravity center -composite -alpha off "BMP3:$picture"
 makensis -V2 -INPUTCHARSET UTF8 "-DVERSION=$version" "-DPROGRAM=$PWD/build/windows/tezgah.exe" \
-    "-DICON=$PWD/build/windows/windows/tezgah.ico" "-DOUTPUT=$output" packaging/windows/tezgah.nsi
+    "-DICON=$PWD/build/windows/windows/tezgah.ico" "-DPICTURE=$PWD/$picture" "-DOUTPUT=$output" packaging/windows/tezgah.nsi
 ls -l "$output"

@@ -1,6 +1,7 @@
 ; Installer for one user: no administrator is needed. The program goes to the user's own programs,
 ; the shop's files into a folder among the user's documents, where an upgrade leaves them alone.
-;   makensis -DVERSION=1.2.3 -DPROGRAM=tezgah.exe -DICON=tezgah.ico -DOUTPUT=Tezgah-Kur.exe
+;   makensis -DVERSION=1.2.3 -DPROGRAM=tezgah.exe -DICON=tezgah.ico -DPICTURE=kurulum.bmp \
+;       -DOUTPUT=Tezgah-Kur.exe
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -29,13 +30,29 @@ Var data ; the shop's folder
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !define MUI_ABORTWARNING
 !define MUI_FINISHPAGE_RUN
 !define MUI_FINISHPAGE_RUN_FUNCTION startProgram
+; Our own words where those of the wizard are about other kinds of programs.
+!define MUI_WELCOMEPAGE_TITLE "${NAME} kurulumuna hoş geldiniz"
+!define MUI_WELCOMEPAGE_TEXT "Program kendi kullanıcınıza kurulur; yönetici parolası gerekmez.$\r$\n$\r$\n\
+Dükkânın dosyaları Belgeler altındaki ${NAME} klasörüne konur. Yeni sürüm kuruyorsanız dosyalarınıza \
+dokunulmaz.$\r$\n$\r$\nBaşlamak için Kur düğmesine basın."
 !insertmacro MUI_PAGE_WELCOME
+!define MUI_PAGE_HEADER_TEXT "Kuruluyor"
+!define MUI_PAGE_HEADER_SUBTEXT "${NAME} kuruluyor, lütfen bekleyin."
 !insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_TITLE "${NAME} kuruldu"
+!define MUI_FINISHPAGE_TEXT "Program başlat menüsünde ${NAME} adıyla durur.$\r$\n$\r$\n\
+Pencereyi kapatmak için Bitir düğmesine basın."
+!define MUI_FINISHPAGE_RUN_TEXT "${NAME} şimdi başlasın"
 !insertmacro MUI_PAGE_FINISH
+!define MUI_PAGE_HEADER_TEXT "${NAME} kaldırılacak"
+!define MUI_PAGE_HEADER_SUBTEXT "Dükkânın dosyaları ayrıca sorulur."
 !insertmacro MUI_UNPAGE_CONFIRM
+!define MUI_PAGE_HEADER_TEXT "Kaldırılıyor"
+!define MUI_PAGE_HEADER_SUBTEXT "${NAME} kaldırılıyor, lütfen bekleyin."
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "Turkish"
 

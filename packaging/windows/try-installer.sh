@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Installs, starts, upgrades and removes the program under Wine, on a screen of its own.
-#   packaging/windows/try-installer.sh [SETUP.exe [PICTURE.png]]    PICTURE: the started program
+#   packaging/windows/try-installer.sh [SETUP.exe [FOLDER]]    FOLDER: for pictures of its pages
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . scripts/packages.sh
-need "${windows_test_packages[@]}" imagemagick
+need "${windows_test_packages[@]}" imagemagick xdotool
 setup=${1:-}
 if [ -z "$setup" ]; then
     packaging/windows/installer.sh
@@ -14,7 +14,7 @@ setup=$(realpath "$setup")
 if [ -z "${DISPLAY:-}" ] || [ -z "${TEZGAH_OWN_SCREEN:-}" ]; then
     TEZGAH_OWN_SCREEN=1 exec xvfb-run -a -s '-screen 0 1366x768x24' "$0" "$setup" "${2:-}"
 fi
-picture=${2:+$(realpath -m "$2")}
+pictures=${2:+$(realpath "$2")}
 
 work=$(mktemp -d)
 export WINEPREFIX=$work/wine
@@ -39,6 +39,7 @@ until_so() {
         sleep 0.2
     done
 }
+shown() { xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1; }
 registered() { "$wine" reg query "$key" >/dev/null 2>&1; }
 start() { (cd "$data" && exec "$wine" "$program/tezgah.exe" --directory .); }
 
@@ -54,7 +55,6 @@ echo "Installed; the shop's files: ${data#"$work"}"
 "$wine" start /unix "$shortcut" &
 until_so 60 [ -s "$data/data.dbs" ] || fail 'the program did not start'
 sleep 10
-[ -z "$picture" ] || import -window root "$picture"
 start || fail 'a second copy did not end well'
 if "$wine" "$setup" /S; then
     fail 'installed over a running program'
@@ -79,3 +79,31 @@ until_so 5 [ ! -e "$program" ] || fail 'the program is still there'
 [ "$before" = "$(cd "$data" && find . -type f -exec sha256sum {} + | sort)" ] ||
     fail 'the removal changed the files of the shop'
 echo 'Removed; the files of the shop are as they were'
+
+# The way of the user, on a desktop with title bars; whoever is asked may let the files go too.
+desktop() { "$wine" explorer /desktop=tezgah,1366x768 "$@"; }
+picture() {
+    sleep 3
+    [ -z "$pictures" ] || import -window root -trim +repage "$pictures/$1.png"
+}
+desktop "$setup" &
+until_so 30 shown 'Tezgâh Kurulumu' || fail 'the installer shows no window'
+picture kurulum-1
+xdotool key Return
+until_so 30 registered || fail 'the installer does not install'
+picture kurulum-2
+xdotool key Return
+until_so 30 shown 'Stok Listesi ve Etiket Kuyruğu' || fail 'the installer does not start the program'
+"$wine" taskkill /f /im tezgah.exe >/dev/null 2>&1
+wait
+
+desktop "$program/kaldir.exe" &
+until_so 30 shown 'Tezgâh Kaldırma ' || fail 'the uninstaller shows no window'
+sleep 3
+xdotool key Return
+until_so 30 shown 'Tezgâh Kaldırma' || fail 'the uninstaller does not ask'
+[ -s "$data/data.dbs" ] || fail 'the files were gone before the question'
+picture kaldirma
+xdotool key Left Return
+until_so 30 [ ! -e "$data" ] || fail 'the files are still there'
+echo 'Removed with the files of the shop, after a yes'
