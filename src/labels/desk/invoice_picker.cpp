@@ -156,7 +156,7 @@ QString InvoicePicker::readLines(const QStringList &references, const TrackingFi
         RecordSet records = m_program.company().execute(
             filter.on ? invoice_queries::trackedLines(reference, filter.number)
                       : invoice_queries::lines(reference));
-        QList<InvoiceLine> lines;
+        std::vector<InvoiceLine> lines;
         for (; !records.eof(); records.moveNext())
             lines.push_back({records.text(u"FATHARSTKKOD"), records.text(u"FATHARMIKTAR")});
         m_lines.append(lines);
