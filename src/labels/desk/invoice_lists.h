@@ -1,7 +1,7 @@
 #pragma once
 
-#include "labels/desk/cell_table.h"
 #include "labels/desk/invoice_line.h"
+#include "labels/desk/row_table.h"
 
 #include <QList>
 
@@ -16,7 +16,7 @@ struct InvoiceRow
 };
 
 /// The invoice list `l1` of the form `fatura`: rows the user checks.
-class InvoiceList final : public CellTable
+class InvoiceList final : public RowTable<InvoiceRow>
 {
     Q_OBJECT
 
@@ -31,12 +31,6 @@ public:
 
     explicit InvoiceList(QObject *parent = nullptr);
 
-    int size() const override { return static_cast<int>(m_rows.size()); }
-    /// `row`: 0 to size() − 1.
-    const InvoiceRow &at(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
-
-    void clear();
-    void append(const std::vector<InvoiceRow> &rows);
     void checkAll(bool checked);
     /// Rows that are not there are left alone.
     void toggle(int row);
@@ -45,15 +39,10 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
-
-private:
-    QString cell(int row, int column) const override;
-
-    std::vector<InvoiceRow> m_rows;
 };
 
 /// The line list `l2` of the form `fatura`.
-class InvoiceLineList final : public CellTable
+class InvoiceLineList final : public RowTable<InvoiceLine>
 {
     Q_OBJECT
 
@@ -67,14 +56,5 @@ public:
 
     explicit InvoiceLineList(QObject *parent = nullptr);
 
-    int size() const override { return static_cast<int>(m_lines.size()); }
-    const QList<InvoiceLine> &lines() const { return m_lines; }
-
-    void clear();
-    void append(const QList<InvoiceLine> &lines);
-
-private:
-    QString cell(int row, int column) const override;
-
-    QList<InvoiceLine> m_lines;
+    QList<InvoiceLine> lines() const { return {rows().begin(), rows().end()}; }
 };

@@ -33,35 +33,11 @@ QString InvoiceType::number() const
     return code.section(kSeparator, 1);
 }
 
-/// Marks the picker as busy for as long as it lives.
-class InvoicePicker::Busy
-{
-public:
-    Busy(InvoicePicker &picker, const QString &text) : m_picker(picker)
-    {
-        picker.m_task.start();
-        Q_EMIT picker.busyChanged(true);
-        Q_EMIT picker.statusChanged(text);
-        LongTask::showFirst();
-    }
-    ~Busy()
-    {
-        m_picker.m_task.end();
-        Q_EMIT m_picker.busyChanged(false);
-        Q_EMIT m_picker.statusChanged(outcome);
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-
-    QString outcome = u"Okunamadı."_s; ///< told at the end
-
-private:
-    InvoicePicker &m_picker;
-};
-
 InvoicePicker::InvoicePicker(Program &program, QObject *parent)
-    : QObject(parent), m_program(program)
-{}
+    : QObject(parent), m_program(program), m_task(u"Okunamadı."_s)
+{
+    relay(m_task, *this);
+}
 
 QDate InvoicePicker::today() const
 {
@@ -113,10 +89,10 @@ void InvoicePicker::listInvoices(int type, QDate from, QDate to)
     if (isBusy() || refuseListing(type, from, to))
         return;
     m_program.handle([&] {
-        Busy busy(*this, u"Faturalar okunuyor…"_s);
+        LongTask::Run run(m_task, u"Faturalar okunuyor…"_s);
         RecordSet invoices = m_program.company().execute(invoice_queries::all());
         m_invoices.clear();
-        busy.outcome = pick(std::move(invoices), m_types.at(type).number(), from, to);
+        run.outcome = pick(std::move(invoices), m_types.at(type).number(), from, to);
     });
 }
 
@@ -150,7 +126,7 @@ QString InvoicePicker::pick(RecordSet invoices, const QString &type, QDate from,
                                 invoices.text(u"FATFISCARUNVAN"), invoices.text(u"FATFISREFNO")});
         }
         m_invoices.append(kept);
-        if (!keepGoing(u"Faturalar listeleniyor"_s, done, total))
+        if (!m_task.goOn(u"Faturalar listeleniyor"_s, done, total))
             return u"Durduruldu: "_s + countText(u"fatura listelendi.", m_invoices.size());
     }
     return m_invoices.size() == 0 ? u"Bu tipte ve tarihlerde fatura yok."_s
@@ -168,8 +144,8 @@ void InvoicePicker::loadLines(const TrackingFilter &filter)
         return;
     }
     m_program.handle([&] {
-        Busy busy(*this, u"Fatura satırları okunuyor…"_s);
-        busy.outcome = readLines(references, filter);
+        LongTask::Run run(m_task, u"Fatura satırları okunuyor…"_s);
+        run.outcome = readLines(references, filter);
     });
 }
 
@@ -180,11 +156,11 @@ QString InvoicePicker::readLines(const QStringList &references, const TrackingFi
         RecordSet records = m_program.company().execute(
             filter.on ? invoice_queries::trackedLines(reference, filter.number)
                       : invoice_queries::lines(reference));
-        QList<InvoiceLine> lines;
+        std::vector<InvoiceLine> lines;
         for (; !records.eof(); records.moveNext())
             lines.push_back({records.text(u"FATHARSTKKOD"), records.text(u"FATHARMIKTAR")});
         m_lines.append(lines);
-        if (!keepGoing(u"Fatura satırları okunuyor"_s, ++done, references.size()))
+        if (!m_task.goOn(u"Fatura satırları okunuyor"_s, ++done, references.size()))
             return u"Durduruldu: "_s + countText(u"satır getirildi.", m_lines.size());
     }
     if (m_lines.size() > 0)
@@ -202,12 +178,4 @@ void InvoicePicker::anafatekle()
         return;
     }
     Q_EMIT transferred(m_lines.lines());
-}
-
-bool InvoicePicker::keepGoing(const QString &text, qsizetype done, qsizetype total)
-{
-    return m_task.goOn([&] {
-        const QString line = u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total));
-        Q_EMIT progressed(line, static_cast<int>(done), static_cast<int>(total));
-    });
 }

@@ -68,9 +68,6 @@ Q_SIGNALS:
     void transferred(const QList<InvoiceLine> &lines);
 
 private:
-    class Busy;
-
-    bool keepGoing(const QString &text, qsizetype done, qsizetype total);
     bool refuseListing(int type, QDate from, QDate to);
     QString pick(RecordSet invoices, const QString &type, QDate from, QDate to);
     QString readLines(const QStringList &references, const TrackingFilter &filter);

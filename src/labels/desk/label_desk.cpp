@@ -19,12 +19,8 @@ constexpr QStringView kQueueSection = u"List2";
 
 LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_program(program)
 {
-    connect(&m_loader, &StockLoader::busyChanged, this, &LabelDesk::busyChanged);
-    connect(&m_loader, &StockLoader::progressed, this, &LabelDesk::progressed);
-    connect(&m_loader, &StockLoader::statusChanged, this, &LabelDesk::statusChanged);
-    connect(&m_numbers, &NumberDesk::busyChanged, this, &LabelDesk::busyChanged);
-    connect(&m_numbers, &NumberDesk::progressed, this, &LabelDesk::progressed);
-    connect(&m_numbers, &NumberDesk::statusChanged, this, &LabelDesk::statusChanged);
+    relay(m_loader, *this);
+    relay(m_numbers, *this);
 }
 
 void LabelDesk::olcuyukle()

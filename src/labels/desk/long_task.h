@@ -1,46 +1,64 @@
 #pragma once
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QObject>
 
 /// Something long that the user watches and may stop. Between its steps the windows live on, so
 /// that a key or a click can reach stop(); whoever runs it keeps a second one from starting.
-class LongTask
+class LongTask final : public QObject
 {
-public:
-    bool isRunning() const { return m_running; }
-    bool isStopped() const { return m_stopped; }
+    Q_OBJECT
 
-    void start()
+public:
+    /// Runs the task for as long as it lives.
+    class Run
     {
-        m_running = true;
-        m_stopped = false;
-        m_sinceEvents.start();
-    }
-    void end() { m_running = false; }
+    public:
+        /// The windows draw `text` before a statement keeps them waiting.
+        Run(LongTask &task, const QString &text);
+        ~Run();
+        Run(const Run &) = delete;
+        Run &operator=(const Run &) = delete;
+
+        QString outcome; ///< told at the end
+
+    private:
+        LongTask &m_task;
+    };
+
+    /// `failed`: the outcome of a run that an error ends.
+    explicit LongTask(QString failed, QObject *parent = nullptr);
+
+    bool isRunning() const { return m_running; }
     void stop() { m_stopped = true; }
 
-    /// Lets the windows draw what was said before a statement keeps them waiting; no key or click
-    /// is handled.
-    static void showFirst() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
-
     /// Call between two steps. Every 50 ms, often enough for the eye and seldom enough to cost
-    /// nothing, calls `tell` and handles events. False: the user wants it to stop.
-    template <typename Tell>
-    bool goOn(Tell &&tell)
-    {
-        if (m_sinceEvents.elapsed() >= kEventInterval) {
-            tell();
-            QCoreApplication::processEvents();
-            m_sinceEvents.restart();
-        }
-        return !m_stopped;
-    }
+    /// nothing, tells the progress and handles events. False: the user wants it to stop.
+    /// `total` is not 0.
+    bool goOn(const QString &text, qsizetype done, qsizetype total);
+
+Q_SIGNALS:
+    void busyChanged(bool busy);
+    /// `text` says in words what is going on, and how far it is.
+    void progressed(const QString &text, int done, int total);
+    void statusChanged(const QString &text);
+    /// Nothing runs any more; what is left to put in order comes before busyChanged(false).
+    void ended();
 
 private:
     static constexpr qint64 kEventInterval = 50;
 
+    QString m_failed;
     bool m_running = false;
     bool m_stopped = false;
     QElapsedTimer m_sinceEvents;
 };
+
+/// Lets a room tell what its task, or a room within it, tells.
+template <typename Source, typename Room>
+void relay(const Source &source, const Room &room)
+{
+    QObject::connect(&source, &Source::busyChanged, &room, &Room::busyChanged);
+    QObject::connect(&source, &Source::progressed, &room, &Room::progressed);
+    QObject::connect(&source, &Source::statusChanged, &room, &Room::statusChanged);
+}

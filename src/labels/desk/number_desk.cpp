@@ -29,38 +29,14 @@ QString unitKey(const StockRow &row)
 
 } // namespace
 
-/// Marks the desk as busy for as long as it lives.
-class NumberDesk::Busy
-{
-public:
-    Busy(NumberDesk &desk, const QString &text) : m_desk(desk)
-    {
-        desk.m_task.start();
-        Q_EMIT desk.busyChanged(true);
-        Q_EMIT desk.statusChanged(text);
-        LongTask::showFirst();
-    }
-    ~Busy()
-    {
-        m_desk.m_task.end();
-        m_desk.m_stocks.announceChanges();
-        m_desk.refresh();
-        Q_EMIT m_desk.busyChanged(false);
-        Q_EMIT m_desk.statusChanged(outcome);
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-
-    QString outcome = u"Yarıda kaldı."_s; ///< told at the end
-
-private:
-    NumberDesk &m_desk;
-};
-
 NumberDesk::NumberDesk(Program &program, StockList &stocks, PrintQueue &queue,
                        const PriceNumbers &prices, QObject *parent)
-    : QObject(parent), m_program(program), m_stocks(stocks), m_queue(queue), m_prices(prices)
+    : QObject(parent), m_program(program), m_stocks(stocks), m_queue(queue), m_prices(prices),
+      m_task(u"Yarıda kaldı."_s)
 {
+    connect(&m_task, &LongTask::ended, &m_stocks, &StockList::announceChanges);
+    connect(&m_task, &LongTask::ended, this, &NumberDesk::refresh);
+    relay(m_task, *this);
     connect(&m_queue, &PrintQueue::rowsRemoved, this, &NumberDesk::refresh);
     connect(&m_queue, &PrintQueue::modelReset, this, &NumberDesk::refresh);
 }
@@ -167,22 +143,22 @@ QString NumberDesk::baseProblem(const QString &base) const
 /// Returns what is to be told when the numbers ran out; nothing is given then.
 QString NumberDesk::number(qint64 base)
 {
-    Busy busy(*this, u"Boş numaralar aranıyor…"_s);
+    LongTask::Run run(m_task, u"Boş numaralar aranıyor…"_s);
     Numbering numbering{base, {}};
     try {
         const Outcome outcome = findNumbers(numbering);
         if (outcome == Outcome::exhausted) {
-            busy.outcome = u"Numara verilmedi."_s;
+            run.outcome = u"Numara verilmedi."_s;
             return u"Boş numara bitti: bu başlangıçtan sonraki numaralar kullanılmış.\nDaha küçük "
                    "bir numarayla başlayınız."_s;
         }
-        busy.outcome = outcome == Outcome::stopped ? u"Durduruldu: "_s : QString();
+        run.outcome = outcome == Outcome::stopped ? u"Durduruldu: "_s : QString();
     } catch (const HostError &) {
         give(numbering); // they are free, and the next time goes on behind them
         throw;
     }
     give(numbering);
-    busy.outcome += u"%1 satıra numara verildi; kaydetmeyi unutmayınız (F12)."_s.arg(
+    run.outcome += u"%1 satıra numara verildi; kaydetmeyi unutmayınız (F12)."_s.arg(
         amount::whole(static_cast<qint64>(numbering.given.size())));
     return {};
 }
@@ -201,7 +177,7 @@ NumberDesk::Outcome NumberDesk::findNumbers(Numbering &numbering)
             if (numbering.last == numbering::largestBase(m_symbology))
                 return Outcome::exhausted;
             const auto done = static_cast<int>(numbering.given.size());
-            if (!keepGoing(u"Numaralar veriliyor"_s, done, total))
+            if (!m_task.goOn(u"Numaralar veriliyor"_s, done, total))
                 return Outcome::stopped;
             const QString barcode = numbering::complete(m_symbology, numbering.last + 1);
             free = isFree(barcode) && !unsavedNumbers.contains(barcode);
@@ -247,12 +223,12 @@ void NumberDesk::brgnc()
 bool NumberDesk::save()
 {
     const int total = unsaved();
-    Busy busy(*this, u"Yeni numaralar kaydediliyor…"_s);
+    LongTask::Run run(m_task, u"Yeni numaralar kaydediliyor…"_s);
     const bool all = saveRows(total);
     const int left = unsaved();
-    busy.outcome = u"%1 numara kaydedildi."_s.arg(amount::whole(total - left));
+    run.outcome = u"%1 numara kaydedildi."_s.arg(amount::whole(total - left));
     if (!all)
-        busy.outcome += u" Durduruldu: %1 numara kaydedilmedi."_s.arg(amount::whole(left));
+        run.outcome += u" Durduruldu: %1 numara kaydedilmedi."_s.arg(amount::whole(left));
     return all;
 }
 
@@ -264,7 +240,7 @@ bool NumberDesk::saveRows(int total)
     for (int row = 0; row < m_queue.size(); ++row) {
         if (m_queue.at(row).state() != queue_state::kNew)
             continue;
-        if (!keepGoing(u"Numaralar kaydediliyor"_s, done++, total))
+        if (!m_task.goOn(u"Numaralar kaydediliyor"_s, done++, total))
             return false;
         type = numbering::barcodeType(m_queue.at(row).barcode, type);
         saveRow(row, type);
@@ -309,14 +285,6 @@ bool NumberDesk::confirmLoss(int numbers, QStringView verb)
            m_program.mesajgoster(u"%1 yeni barkod numarası kaydedilmedi.\nKaydedilmeden %2?"_s.arg(
                                      amount::whole(numbers), verb),
                                  4, 3, 2);
-}
-
-bool NumberDesk::keepGoing(const QString &text, int done, int total)
-{
-    return m_task.goOn([&] {
-        Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
-                          done, total);
-    });
 }
 
 void NumberDesk::setOn(bool on)

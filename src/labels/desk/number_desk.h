@@ -76,7 +76,6 @@ Q_SIGNALS:
     void baseChanged(const QString &base);
 
 private:
-    class Busy;
     struct NewNumber
     {
         int row = 0;
@@ -107,7 +106,6 @@ private:
     void saveRow(int row, const QString &type);
     StockRows unnumberedStocks() const;
 
-    bool keepGoing(const QString &text, int done, int total);
     void setOn(bool on);
     void refresh();
 

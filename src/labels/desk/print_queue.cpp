@@ -54,29 +54,21 @@ QueueRow queuedRow(const StockRow &stock, QStringView state)
 }
 
 PrintQueue::PrintQueue(QObject *parent)
-    : CellTable({{u"No"_s},
-                 {u"Barkod"_s},
-                 {u"Stok Kodu"_s},
-                 {u"Stok Adı"_s},
-                 {u"Birim"_s},
-                 {u"Fiyat"_s, true},
-                 {u"Adet"_s, true}},
-                parent)
+    : RowTable({{u"No"_s, &QueueRow::number},
+                {u"Barkod"_s, &QueueRow::barcode},
+                {u"Stok Kodu"_s, &QueueRow::code},
+                {u"Stok Adı"_s, &QueueRow::name},
+                {u"Birim"_s, &QueueRow::unit},
+                {u"Fiyat"_s, &QueueRow::price, true},
+                {u"Adet"_s, &QueueRow::count, true}},
+               parent)
 {}
-
-QString PrintQueue::cell(int row, int column) const
-{
-    static constexpr std::array<QString QueueRow::*, columns> cells = {
-        &QueueRow::number, &QueueRow::barcode, &QueueRow::code, &QueueRow::name,
-        &QueueRow::unit,   &QueueRow::price,   &QueueRow::count};
-    return at(row).*cells.at(static_cast<std::size_t>(column));
-}
 
 QVariant PrintQueue::data(const QModelIndex &index, int role) const
 {
     const bool mark = role == Qt::DecorationRole && index.column() == barcode;
     if (!index.isValid() || (role != Qt::BackgroundRole && role != Qt::ToolTipRole && !mark))
-        return CellTable::data(index, role);
+        return RowTable::data(index, role);
     const QueueRow &row = at(index.row());
     for (const StateLook &look : kLooks) {
         if (row.state() != look.state)
@@ -93,9 +85,7 @@ void PrintQueue::append(const std::vector<QueueRow> &rows)
     if (rows.empty())
         return;
     const int first = size();
-    beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
-    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
-    endInsertRows();
+    RowTable::append(rows);
     sirala(first);
 }
 
@@ -111,9 +101,7 @@ void PrintQueue::remove(int row)
 
 void PrintQueue::clear()
 {
-    beginResetModel();
-    m_rows.clear();
-    endResetModel();
+    RowTable::clear();
     sirala(0);
 }
 
@@ -129,7 +117,7 @@ bool PrintQueue::setAllCounts(QStringView text)
 
 void PrintQueue::setNumber(int row, const QString &barcodeText, QStringView state)
 {
-    QueueRow &queued = m_rows.at(static_cast<std::size_t>(row));
+    QueueRow &queued = edit(row);
     queued.barcode = barcodeText;
     queued.tag = makeTag(queued.unitNumber(), state);
     Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
@@ -142,7 +130,7 @@ bool PrintQueue::setCounts(int first, int last, QStringView text)
         return false;
     const QString written = QString::number(*labels);
     for (int row = first; row <= last; ++row)
-        m_rows.at(static_cast<std::size_t>(row)).count = written;
+        edit(row).count = written;
     if (first <= last)
         Q_EMIT dataChanged(index(first, count), index(last, count), {Qt::DisplayRole});
     sirala(size());
@@ -152,7 +140,7 @@ bool PrintQueue::setCounts(int first, int last, QStringView text)
 void PrintQueue::sirala(int firstRow)
 {
     for (int row = firstRow; row < size(); ++row)
-        m_rows[static_cast<std::size_t>(row)].number = QString::number(row + 1);
+        edit(row).number = QString::number(row + 1);
     if (isValidRow(firstRow))
         Q_EMIT dataChanged(index(firstRow, number), index(size() - 1, number), {Qt::DisplayRole});
     m_total = 0;

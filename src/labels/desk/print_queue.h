@@ -1,6 +1,6 @@
 #pragma once
 
-#include "labels/desk/cell_table.h"
+#include "labels/desk/row_table.h"
 
 struct StockRow;
 
@@ -37,7 +37,7 @@ inline constexpr QStringView kTagSeparator = u"<123>";
 QueueRow queuedRow(const StockRow &stock, QStringView state);
 
 /// The print queue `l2`: the rows the print engine prints, in this order.
-class PrintQueue final : public CellTable
+class PrintQueue final : public RowTable<QueueRow>
 {
     Q_OBJECT
 
@@ -56,18 +56,12 @@ public:
 
     explicit PrintQueue(QObject *parent = nullptr);
 
-    int size() const override { return static_cast<int>(m_rows.size()); }
-
-    /// `row`: 0 to size() − 1.
-    const QueueRow &at(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
-    const std::vector<QueueRow> &rows() const { return m_rows; }
-
     /// Labels of all rows together.
     qint64 total() const { return m_total; }
 
-    void append(const std::vector<QueueRow> &rows);
+    void append(const std::vector<QueueRow> &rows) override;
     void remove(int row);
-    void clear();
+    void clear() override;
 
     /// False, and nothing changed, when the text is not a positive whole number up to 999.999.
     bool setCount(int row, QStringView text);
@@ -83,11 +77,9 @@ Q_SIGNALS:
     void totalChanged(qint64 total);
 
 private:
-    QString cell(int row, int column) const override;
     /// Closes every change: rows from `firstRow` on get their running numbers, the total is summed.
     void sirala(int firstRow);
     bool setCounts(int first, int last, QStringView text);
 
-    std::vector<QueueRow> m_rows;
     qint64 m_total = 0;
 };

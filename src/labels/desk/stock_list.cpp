@@ -1,44 +1,24 @@
 #include "labels/desk/stock_list.h"
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 StockList::StockList(QObject *parent)
-    : CellTable({{u"Barkod"_s},
-                 {u"Stok Kodu"_s},
-                 {u"Stok Adı"_s},
-                 {u"Birim"_s},
-                 {u"Fiyat"_s, true},
-                 {u"Adet"_s, true}},
-                parent)
+    : RowTable({{u"Barkod"_s, &StockRow::barcode},
+                {u"Stok Kodu"_s, &StockRow::code},
+                {u"Stok Adı"_s, &StockRow::name},
+                {u"Birim"_s, &StockRow::unit},
+                {u"Fiyat"_s, &StockRow::price, true},
+                {u"Adet"_s, &StockRow::count, true}},
+               parent)
 {}
-
-QString StockList::cell(int row, int column) const
-{
-    static constexpr std::array<QString StockRow::*, columns> cells = {
-        &StockRow::barcode, &StockRow::code,  &StockRow::name,
-        &StockRow::unit,    &StockRow::price, &StockRow::count};
-    return at(row).*cells.at(static_cast<std::size_t>(column));
-}
 
 void StockList::clear()
 {
-    beginResetModel();
-    m_rows.clear();
     m_barcodesRead = 0;
     m_firstChange = m_lastChange = {};
-    endResetModel();
-}
-
-void StockList::append(const std::vector<StockRow> &rows)
-{
-    if (rows.empty())
-        return;
-    beginInsertRows({}, size(), size() + static_cast<int>(rows.size()) - 1);
-    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
-    endInsertRows();
+    RowTable::clear();
 }
 
 void StockList::barcodeRead(int row)
@@ -49,12 +29,12 @@ void StockList::barcodeRead(int row)
 
 void StockList::setBarcode(int row, const QString &text)
 {
-    setCell(row, barcode, m_rows.at(static_cast<std::size_t>(row)).barcode, text);
+    setCell(row, barcode, edit(row).barcode, text);
 }
 
 void StockList::setPrice(int row, const QString &text)
 {
-    setCell(row, price, m_rows.at(static_cast<std::size_t>(row)).price, text);
+    setCell(row, price, edit(row).price, text);
 }
 
 void StockList::setCell(int row, Cell column, QString &cell, const QString &text)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "labels/desk/cell_table.h"
+#include "labels/desk/row_table.h"
 
 /// One unit of a stock as the stock list shows it; every cell is the text on screen.
 struct StockRow
@@ -21,7 +21,7 @@ inline constexpr QStringView kFirstUnit = u"(BIRIM1)";
 inline constexpr QStringView kSecondUnit = u"(BIRIM2)";
 
 /// The stock list `l1`.
-class StockList final : public CellTable
+class StockList final : public RowTable<StockRow>
 {
     Q_OBJECT
 
@@ -39,14 +39,7 @@ public:
 
     explicit StockList(QObject *parent = nullptr);
 
-    int size() const override { return static_cast<int>(m_rows.size()); }
-
-    /// `row`: 0 to size() − 1.
-    const StockRow &at(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
-    const std::vector<StockRow> &rows() const { return m_rows; }
-
-    void clear();
-    void append(const std::vector<StockRow> &rows);
+    void clear() override;
 
     /// These two change a cell without telling the views: a pass over 100.000 rows would drown them
     /// in signals. announceChanges() tells them of everything changed since it was last called.
@@ -60,10 +53,8 @@ public:
     bool allBarcodesRead() const { return m_barcodesRead == size(); }
 
 private:
-    QString cell(int row, int column) const override;
     void setCell(int row, Cell column, QString &cell, const QString &text);
 
-    std::vector<StockRow> m_rows;
     int m_barcodesRead = 0;    ///< rows from the first whose barcode was asked for
     QModelIndex m_firstChange; ///< corners of the rectangle not yet announced; invalid: none
     QModelIndex m_lastChange;

@@ -25,37 +25,16 @@ QString stageText(SearchStage stage)
 
 } // namespace
 
-/// Marks the loader as busy for as long as it lives.
-class StockLoader::Busy
-{
-public:
-    explicit Busy(StockLoader &loader) : m_loader(loader)
-    {
-        loader.m_task.start();
-        loader.m_unknownLines = loader.m_roundedLines = 0;
-        Q_EMIT loader.busyChanged(true);
-        Q_EMIT loader.statusChanged(u"Aranıyor…"_s);
-    }
-    ~Busy()
-    {
-        m_loader.m_task.end();
-        m_loader.m_list.announceChanges();
-        Q_EMIT m_loader.busyChanged(false);
-        Q_EMIT m_loader.statusChanged(outcome);
-    }
-    Busy(const Busy &) = delete;
-    Busy &operator=(const Busy &) = delete;
-
-    QString outcome = u"Arama yapılamadı."_s; ///< told at the end
-
-private:
-    StockLoader &m_loader;
-};
-
 StockLoader::StockLoader(Program &program, StockList &list, const PriceNumbers &prices,
                          QObject *parent)
-    : QObject(parent), m_program(program), m_list(list), m_prices(prices)
-{}
+    : QObject(parent), m_program(program), m_list(list), m_prices(prices),
+      m_task(u"Arama yapılamadı."_s)
+{
+    // Before the progress is told, so that the rows on screen are no further behind than it says.
+    connect(&m_task, &LongTask::progressed, &m_list, &StockList::announceChanges);
+    connect(&m_task, &LongTask::ended, &m_list, &StockList::announceChanges);
+    relay(m_task, *this);
+}
 
 void StockLoader::find(const QString &statement)
 {
@@ -93,7 +72,7 @@ void StockLoader::replaceByLines(const QList<InvoiceLine> &lines)
         int done = 0;
         const auto total = static_cast<int>(lines.size());
         StockSearch steps(m_program, m_list, [this, &done, total](SearchStage, int, int) {
-            return keepGoing(u"Fatura satırları ekleniyor"_s, done, total);
+            return m_task.goOn(u"Fatura satırları ekleniyor"_s, done, total);
         });
         for (; done < total; ++done)
             if (!append(steps, lines.at(done)))
@@ -105,7 +84,7 @@ void StockLoader::replaceByLines(const QList<InvoiceLine> &lines)
 StockSearch StockLoader::search()
 {
     return {m_program, m_list, [this](SearchStage stage, int done, int total) {
-                return keepGoing(stageText(stage), done, total);
+                return m_task.goOn(stageText(stage), done, total);
             }};
 }
 
@@ -140,18 +119,9 @@ void StockLoader::run(const Load &load)
 
 void StockLoader::runOne(const Load &load)
 {
-    Busy busy(*this);
-    LongTask::showFirst();
-    busy.outcome = load() ? foundText() : stoppedText();
-}
-
-bool StockLoader::keepGoing(const QString &text, int done, int total)
-{
-    return m_task.goOn([&] {
-        m_list.announceChanges();
-        Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
-                          done, total);
-    });
+    m_unknownLines = m_roundedLines = 0;
+    LongTask::Run run(m_task, u"Aranıyor…"_s);
+    run.outcome = load() ? foundText() : stoppedText();
 }
 
 QString StockLoader::foundText() const

@@ -44,12 +44,10 @@ Q_SIGNALS:
 private:
     /// Returns false when it was stopped.
     using Load = std::function<bool()>;
-    class Busy;
 
     void run(const Load &load);
     void runOne(const Load &load);
     StockSearch search();
-    bool keepGoing(const QString &text, int done, int total);
     bool readDetails(StockSearch &search);
     bool append(StockSearch &search, const InvoiceLine &line);
     QString foundText() const;

@@ -1,5 +1,6 @@
 #include "labels/desk/forms/baruret.h"
 
+#include "labels/desk/forms/task_progress.h"
 #include "labels/desk/number_desk.h"
 #include "labels/print/label_preview.h"
 #include "ui_baruret.h"
@@ -28,12 +29,10 @@ Baruret::Baruret(NumberDesk &numbers, QWidget *parent)
     connect(m_ui->kapat, &QPushButton::clicked, this, &Baruret::reject);
     connect(&m_numbers, &NumberDesk::baseChanged, m_ui->Text1, &QLineEdit::setText);
     connect(&m_numbers, &NumberDesk::busyChanged, this, &Baruret::showBusy);
-    connect(&m_numbers, &NumberDesk::statusChanged, m_ui->durum, &QLabel::setText);
-    connect(&m_numbers, &NumberDesk::progressed, this, &Baruret::showProgress);
+    showTask(m_numbers, m_ui->durum, m_ui->cubuk);
     const int chosen = m_ui->c1->findData(static_cast<int>(m_numbers.symbology()));
     m_ui->c1->setCurrentIndex(chosen);
     choose(chosen);
-    showBusy(false);
     m_ui->Text1->setFocus();
 }
 
@@ -91,16 +90,7 @@ void Baruret::reject()
 
 void Baruret::showBusy(bool busy)
 {
-    m_ui->cubuk->setMaximum(0); // no end in sight before the first answer
-    m_ui->cubuk->setVisible(busy);
     for (QWidget *control : std::initializer_list<QWidget *>{m_ui->c1, m_ui->Text1, m_ui->uret})
         control->setDisabled(busy);
     m_ui->kapat->setText(busy ? u"Durdur (Esc)"_s : u"Kapat (Esc)"_s);
-}
-
-void Baruret::showProgress(const QString &text, int done, int total)
-{
-    m_ui->durum->setText(text);
-    m_ui->cubuk->setMaximum(total);
-    m_ui->cubuk->setValue(done);
 }

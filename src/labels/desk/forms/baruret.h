@@ -32,7 +32,6 @@ private:
     void generate();
     void showNumber();
     void showBusy(bool busy);
-    void showProgress(const QString &text, int done, int total);
 
     NumberDesk &m_numbers;
     std::unique_ptr<Ui::Baruret> m_ui;

@@ -1,9 +1,8 @@
 #include "labels/desk/forms/desk_status_bar.h"
 
 #include "common/amount.h"
-
-#include <QLabel>
-#include <QProgressBar>
+#include "labels/desk/forms/task_progress.h"
+#include "labels/desk/label_desk.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,29 +22,18 @@ DeskStatusBar::DeskStatusBar(QWidget *parent)
     addWidget(m_status, 1);
     addPermanentWidget(m_progress);
     addPermanentWidget(m_stopHint);
-    showBusy(false);
+}
+
+void DeskStatusBar::watch(LabelDesk &desk)
+{
+    showTask(desk, m_status, m_progress);
+    connect(&desk, &LabelDesk::busyChanged, m_stopHint, &QWidget::setVisible);
+    m_stopHint->hide();
+    connect(&desk.queue(), &PrintQueue::totalChanged, this, &DeskStatusBar::showTotal);
+    showTotal(desk.queue().total());
 }
 
 void DeskStatusBar::showTotal(qint64 labels)
 {
     m_total->setText(u"Toplam etiket: %1"_s.arg(amount::whole(labels)));
-}
-
-void DeskStatusBar::showText(const QString &text)
-{
-    m_status->setText(text);
-}
-
-void DeskStatusBar::showProgress(const QString &text, int done, int total)
-{
-    showText(text);
-    m_progress->setMaximum(total);
-    m_progress->setValue(done);
-}
-
-void DeskStatusBar::showBusy(bool busy)
-{
-    m_progress->setMaximum(0); // no end in sight before the first answer
-    m_progress->setVisible(busy);
-    m_stopHint->setVisible(busy);
 }

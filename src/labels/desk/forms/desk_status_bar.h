@@ -7,6 +7,8 @@ class QLabel;
 class QProgressBar;
 QT_END_NAMESPACE
 
+class LabelDesk;
+
 /// The foot of the label form: the queue's labels in its first panel, what was done last, and how
 /// far a search is.
 class DeskStatusBar final : public QStatusBar
@@ -16,13 +18,12 @@ class DeskStatusBar final : public QStatusBar
 public:
     explicit DeskStatusBar(QWidget *parent = nullptr);
 
-public Q_SLOTS:
-    void showTotal(qint64 labels);
-    void showText(const QString &text);
-    void showProgress(const QString &text, int done, int total);
-    void showBusy(bool busy);
+    /// Shows what this desk tells from now on.
+    void watch(LabelDesk &desk);
 
 private:
+    void showTotal(qint64 labels);
+
     QLabel *m_total;
     QLabel *m_status;
     QProgressBar *m_progress;

@@ -1,6 +1,7 @@
 #include "labels/desk/forms/fatura.h"
 
 #include "labels/desk/forms/form_keys.h"
+#include "labels/desk/forms/task_progress.h"
 #include "ui_fatura.h"
 
 using namespace Qt::StringLiterals;
@@ -23,8 +24,8 @@ fatura::fatura(InvoicePicker &picker, QWidget *parent)
     m_ui->l2->setWidths({}, kLineWidths, InvoiceLineList::stockCode);
     fill();
     connectCommands();
-    connectPicker();
-    showBusy(false);
+    connect(&m_picker, &InvoicePicker::busyChanged, this, &fatura::showBusy);
+    showTask(m_picker, m_ui->durum, m_ui->cubuk);
 }
 
 fatura::~fatura() = default;
@@ -70,13 +71,6 @@ void fatura::connectCommands()
     onKey(this, Qt::Key_F9, [this] { m_ui->aktar->click(); });
 }
 
-void fatura::connectPicker()
-{
-    connect(&m_picker, &InvoicePicker::busyChanged, this, &fatura::showBusy);
-    connect(&m_picker, &InvoicePicker::statusChanged, m_ui->durum, &QLabel::setText);
-    connect(&m_picker, &InvoicePicker::progressed, this, &fatura::showProgress);
-}
-
 TrackingFilter fatura::tracking() const
 {
     return {m_ui->Check1->isChecked(), m_ui->Text1->text()};
@@ -97,17 +91,8 @@ void fatura::reject()
 
 void fatura::showBusy(bool busy)
 {
-    m_ui->cubuk->setMaximum(0); // no end in sight before the first answer
-    m_ui->cubuk->setVisible(busy);
     for (QWidget *command :
          std::initializer_list<QWidget *>{m_ui->listele, m_ui->satirlar, m_ui->aktar, m_ui->Check2})
         command->setDisabled(busy);
     m_ui->kapat->setText(busy ? u"Durdur (Esc)"_s : u"Kapat (Esc)"_s);
-}
-
-void fatura::showProgress(const QString &text, int done, int total)
-{
-    m_ui->durum->setText(text);
-    m_ui->cubuk->setMaximum(total);
-    m_ui->cubuk->setValue(done);
 }

@@ -27,11 +27,9 @@ public:
 private:
     void fill();
     void connectCommands();
-    void connectPicker();
     TrackingFilter tracking() const;
     void listInvoices();
     void showBusy(bool busy);
-    void showProgress(const QString &text, int done, int total);
 
     InvoicePicker &m_picker;
     std::unique_ptr<Ui::fatura> m_ui;

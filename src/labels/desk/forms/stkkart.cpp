@@ -117,11 +117,7 @@ void stkkart::connectQueue()
 void stkkart::connectDesk()
 {
     connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showCommands);
-    connect(&m_desk, &LabelDesk::busyChanged, m_ui->statusBar, &DeskStatusBar::showBusy);
-    connect(&m_desk, &LabelDesk::statusChanged, m_ui->statusBar, &DeskStatusBar::showText);
-    connect(&m_desk, &LabelDesk::progressed, m_ui->statusBar, &DeskStatusBar::showProgress);
-    connect(&m_desk.queue(), &PrintQueue::totalChanged, m_ui->statusBar, &DeskStatusBar::showTotal);
-    m_ui->statusBar->showTotal(m_desk.queue().total());
+    m_ui->statusBar->watch(m_desk);
     connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
     connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);

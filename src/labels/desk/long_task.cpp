@@ -1,0 +1,39 @@
+#include "labels/desk/long_task.h"
+
+#include "common/amount.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+LongTask::Run::Run(LongTask &task, const QString &text) : outcome(task.m_failed), m_task(task)
+{
+    task.m_running = true;
+    task.m_stopped = false;
+    task.m_sinceEvents.start();
+    Q_EMIT task.busyChanged(true);
+    Q_EMIT task.statusChanged(text);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+LongTask::Run::~Run()
+{
+    m_task.m_running = false;
+    Q_EMIT m_task.ended();
+    Q_EMIT m_task.busyChanged(false);
+    Q_EMIT m_task.statusChanged(outcome);
+}
+
+LongTask::LongTask(QString failed, QObject *parent) : QObject(parent), m_failed(std::move(failed))
+{}
+
+bool LongTask::goOn(const QString &text, qsizetype done, qsizetype total)
+{
+    if (m_sinceEvents.elapsed() >= kEventInterval) {
+        Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
+                          static_cast<int>(done), static_cast<int>(total));
+        QCoreApplication::processEvents();
+        m_sinceEvents.restart();
+    }
+    return !m_stopped;
+}
