@@ -73,9 +73,9 @@ Rooms::Rooms(Program &program, Autostart &autostart)
 Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
-    for (QWidget *form :
-         std::initializer_list<QWidget *>{m_baruret, m_designer, m_parametre, m_login, m_baglan,
-                                          m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
+    for (QWidget *form : std::initializer_list<QWidget *>{
+             m_baruret, m_yazfrm, m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura,
+             m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -166,8 +166,11 @@ void Rooms::showGenerator()
 
 void Rooms::chooseLayout(PrintMode mode)
 {
-    yazfrm form(m_print, mode, m_stkkart);
-    form.exec();
+    showForm(m_yazfrm, [this, mode] {
+        auto *form = new yazfrm(m_print, mode, m_stkkart);
+        form->setModal(true);
+        return form;
+    });
 }
 
 void Rooms::open()

@@ -25,6 +25,7 @@ class print_progress;
 class receipt_designer;
 class stfatura;
 class stkkart;
+class yazfrm;
 QT_BEGIN_NAMESPACE
 class QToolButton;
 QT_END_NAMESPACE
@@ -85,6 +86,7 @@ private:
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
     QPointer<Baruret> m_baruret;
+    QPointer<yazfrm> m_yazfrm;
     QPointer<fatura> m_fatura;
     QPointer<fytdegisbul> m_fytdegisbul;
     QPointer<baglan> m_baglan;

@@ -151,7 +151,7 @@ QString TillSession::refusedQuantity(const QString &typed) const
 
 QString TillSession::miktargir(const QString &typed)
 {
-    const QString refusal = refusedQuantity(typed);
+    QString refusal = refusedQuantity(typed);
     if (refusal.isEmpty())
         changeQuantity(*quantity::parse(typed));
     return refusal;
@@ -159,7 +159,7 @@ QString TillSession::miktargir(const QString &typed)
 
 QString TillSession::miktarekle(const QString &typed)
 {
-    const QString refusal = refusedQuantity(typed);
+    QString refusal = refusedQuantity(typed);
     if (!refusal.isEmpty())
         return refusal;
     const SaleLine &line = active().lines.line(active().currentRow);

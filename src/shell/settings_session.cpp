@@ -56,7 +56,7 @@ QString flag(bool on)
 constexpr int kLastStyle = 3; ///< bold italic
 
 /// A full disk shows up as a failed save long before the last byte; a settings file needs far less.
-constexpr qint64 kLeastFreeBytes = 512 * 1024;
+constexpr qint64 kLeastFreeBytes = qint64{512} * 1024;
 
 } // namespace
 

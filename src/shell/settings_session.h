@@ -10,10 +10,7 @@
 struct ParameterValues
 {
     QString kdv = QStringLiteral("20"); ///< never loaded: saving without typing stores this
-    bool uses1 = false;
-    bool uses2 = false;
     QString yazici;
-    bool fisyazdir = false;
     QString lgpass;
     QString kladi;
     QString pass;
@@ -21,22 +18,11 @@ struct ParameterValues
     QString sqladi;
     QString mastersql;
     QString instance;
-    bool Check1 = false;
     QString br1fyt; ///< text shown
     QString br2fyt;
-    int br1fytIndex = -1; ///< selected position, −1 = none
-    int br2fytIndex = -1;
-    bool c1 = false;
-    bool c2 = false;
-    bool c3 = false;
-    int yzrnk = 0; ///< colours 0x00BBGGRR
-    int renkl = 0xFFFFFF;
-    int renkl1 = 0xFAF8F1;
     QString bsl;
-    int stl = 0; ///< 0 normal, 1 bold, 2 italic, 3 bold italic
     QString fnt;
     QString sz;
-    bool pers = false;
 
     // Shown, but kept by the accounting side: this dialog never writes them.
     QString dep;
@@ -45,6 +31,22 @@ struct ParameterValues
     QString stkfistip;
     QString crfistip;
     QString ftfistip;
+
+    int br1fytIndex = -1; ///< selected position, −1 = none
+    int br2fytIndex = -1;
+    int yzrnk = 0; ///< colours 0x00BBGGRR
+    int renkl = 0xFFFFFF;
+    int renkl1 = 0xFAF8F1;
+    int stl = 0; ///< 0 normal, 1 bold, 2 italic, 3 bold italic
+
+    bool uses1 = false;
+    bool uses2 = false;
+    bool fisyazdir = false;
+    bool Check1 = false;
+    bool c1 = false;
+    bool c2 = false;
+    bool c3 = false;
+    bool pers = false;
 };
 
 /// The code lists of the settings dialog, filled from the company database.

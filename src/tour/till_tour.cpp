@@ -55,20 +55,12 @@ void Tour::fillFirstList()
 void Tour::correctLines()
 {
     step(u"F3: miktar girilir (1,2 kg)"_s, [this] { saleKey(Qt::Key_F3); });
-    step(u"Miktar penceresi"_s, [this] {
-        type(u"miktr"_s, u"Text1"_s, u"1,2"_s);
-        picture(u"miktr"_s, u"miktr"_s);
-        press(control(u"miktr"_s, u"Text1"_s), Qt::Key_Return);
-    });
+    quantityWindow(u"1,2"_s, u"miktr"_s);
     step(u"Yukarı ok, F4: miktara 2 eklenir"_s, [this] {
         saleKey(Qt::Key_Up);
         saleKey(Qt::Key_F4);
     });
-    step(u"Miktar penceresi"_s, [this] {
-        type(u"miktr"_s, u"Text1"_s, u"2"_s);
-        picture(u"miktr"_s, u"miktr-ekle"_s);
-        press(control(u"miktr"_s, u"Text1"_s), Qt::Key_Return);
-    });
+    quantityWindow(u"2"_s, u"miktr-ekle"_s);
     step(u"Delete: satır onaydan sonra silinir"_s, [this] {
         saleKey(Qt::Key_Up);
         saleKey(Qt::Key_Delete);
@@ -76,6 +68,16 @@ void Tour::correctLines()
     step(u"Onay kutusu"_s, [this] {
         picture(u"mesaj"_s, u"mesaj-satir-sil"_s);
         press(control(u"mesaj"_s, u"button2"_s), Qt::Key_Return);
+    });
+}
+
+/// Answers the window that asks for a quantity and leaves its picture in `file`.
+void Tour::quantityWindow(const QString &quantity, const QString &file)
+{
+    step(u"Miktar penceresi"_s, [this, quantity, file] {
+        type(u"miktr"_s, u"Text1"_s, quantity);
+        picture(u"miktr"_s, file);
+        press(control(u"miktr"_s, u"Text1"_s), Qt::Key_Return);
     });
 }
 

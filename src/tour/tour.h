@@ -45,6 +45,7 @@ private:
     void quickSale();
     void fillFirstList();
     void correctLines();
+    void quantityWindow(const QString &quantity, const QString &file);
     void fillSecondList();
     void postBoth();
     void scan(const QString &code);

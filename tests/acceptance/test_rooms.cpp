@@ -3,6 +3,7 @@
 #include "labels/desk/forms/fytdegisbul.h"
 #include "labels/desk/forms/stkkart.h"
 #include "labels/desk/print_queue.h"
+#include "labels/print/forms/yazfrm.h"
 #include "rooms.h"
 #include "sales/forms/stfatura.h"
 #include "shell/forms/baglan.h"
@@ -256,4 +257,31 @@ TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpen)
         });
         list->findChild<QPushButton *>(u"brkdurt"_s)->click();
     }));
+}
+
+// The till keeps its goods and so the program; the label form has gone by then, the print dialog
+// with it.
+TEST_F(RoomsTest, TheLabelFormEndsWhileALayoutIsChosen)
+{
+    rooms.open();
+    rooms.showSales();
+    auto *entry = open<stfatura>().first()->findChild<QLineEdit *>(u"srvadi"_s);
+    entry->setText(u"86933308"_s);
+    QTest::keyClick(entry, Qt::Key_Return);
+    auto *list = open<stkkart>().first();
+    list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"GID.00"_s);
+    QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
+    list->findChild<QPushButton *>(u"ektm"_s)->click();
+
+    bool modal = false;
+    QTimer::singleShot(50, &rooms, [&] {
+        modal = QApplication::activeModalWidget() == open<yazfrm>().value(0);
+        rooms.showConnection(); // the connection is open: the dialog unloads itself
+    });
+    list->findChild<QPushButton *>(u"chooseLayout"_s)->click();
+    EXPECT_TRUE(QTest::qWaitFor([] { return open<stkkart>().isEmpty(); }));
+    QTest::qWait(20);
+    EXPECT_TRUE(modal);
+    EXPECT_TRUE(open<yazfrm>().isEmpty());
+    EXPECT_EQ(open<stfatura>().size(), 1);
 }

@@ -35,19 +35,18 @@ std::vector<LabelRow> PrintRun::selectedRow() const
     return {m_rows[static_cast<std::size_t>(m_selected)]};
 }
 
-QImage PrintRun::preview(const QString &name, QSize most) const
+QImage PrintRun::preview(const LabelLayout &layout, QSize most) const
 {
     std::vector<LabelRow> rows = m_mode == PrintMode::selected ? selectedRow() : m_rows;
     rows.resize(std::min<std::size_t>(rows.size(), 1));
-    const PrintJob job = makePrintJob(m_layouts.open(name), std::move(rows));
+    const PrintJob job = makePrintJob(layout, std::move(rows));
     return previewLabel(job, pictureFolder(m_program.directory()), most);
 }
 
-QString PrintRun::describe(const QString &name) const
+QString PrintRun::describe(const LabelLayout &layout)
 {
-    const LabelLayout chosen = m_layouts.open(name);
-    return u"%1 × %2 etiket · Kâğıt: %3 × %4 mm"_s.arg(chosen.across, chosen.down,
-                                                       chosen.paperWidth, chosen.paperHeight);
+    return u"%1 × %2 etiket · Kâğıt: %3 × %4 mm"_s.arg(layout.across, layout.down,
+                                                       layout.paperWidth, layout.paperHeight);
 }
 
 bool PrintRun::isChosen(const QString &name)

@@ -29,10 +29,10 @@ public:
     LayoutFolder &layouts() { return m_layouts; }
 
     /// The first waiting label in a layout, no larger than `most` pixels.
-    QImage preview(const QString &layout, QSize most) const;
+    QImage preview(const LabelLayout &layout, QSize most) const;
 
     /// One line about a layout: labels on the sheet, paper.
-    QString describe(const QString &layout) const;
+    static QString describe(const LabelLayout &layout);
 
     /// Whether a name from the print dialog is one of the layouts; tells the user when it is not.
     bool isChosen(const QString &layout);

@@ -235,13 +235,16 @@ TEST_F(PrintRunTest, RowsOfNoLabelsAreLeftOut)
 TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
 {
     useDefault(PrintDesk::barcodeLayout());
-    EXPECT_TRUE(desk.run.preview(u"raf.ayr"_s, {300, 300}).isNull());
+    const auto preview = [this](const QString &layout) {
+        return desk.run.preview(desk.run.layouts().open(layout), {300, 300});
+    };
+    EXPECT_TRUE(preview(u"raf.ayr"_s).isNull());
     desk.printers.list.clear();
     desk.run.yzdtum(queue);
-    const QSize shown = desk.run.preview(u"raf.ayr"_s, {300, 300}).size();
+    const QSize shown = preview(u"raf.ayr"_s).size();
     EXPECT_EQ(shown.width(), 300);
     EXPECT_NEAR(shown.height(), 200, 1);
-    EXPECT_TRUE(desk.run.preview(u"yok.ayr"_s, {300, 300}).isNull());
+    EXPECT_TRUE(preview(u"yok.ayr"_s).isNull());
     EXPECT_EQ(desk.run.layouts().names(), QStringList{u"raf.ayr"_s});
     EXPECT_FALSE(desk.run.isChosen(u"../raf.ayr"_s));
     EXPECT_EQ(desk.prompt.warned.back(), u"Ayar Dosyası Seciniz..."_s);

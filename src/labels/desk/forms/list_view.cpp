@@ -53,6 +53,12 @@ void ListView::enter()
         selectRow(0);
 }
 
+void ListView::enterAtTop()
+{
+    setFocus(Qt::TabFocusReason);
+    selectRow(0);
+}
+
 void ListView::reset()
 {
     QTreeView::reset();

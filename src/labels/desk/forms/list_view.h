@@ -16,6 +16,8 @@ public:
     void selectRow(int row);
     /// Takes the focus, with a row selected if there is one.
     void enter();
+    /// Takes the focus, with the first row selected.
+    void enterAtTop();
 
     /// A list that is filled anew shows its start.
     void reset() override;

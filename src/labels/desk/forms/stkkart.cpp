@@ -68,12 +68,13 @@ void stkkart::buildMenus()
 
 void stkkart::connectSearches()
 {
-    connect(m_ui->Text1, &QLineEdit::returnPressed, &m_desk,
-            [this] { m_desk.stkcinsibul(searchText(m_ui->Text1)); });
-    connect(m_ui->Text4, &QLineEdit::returnPressed, &m_desk,
-            [this] { m_desk.stkkodbul(searchText(m_ui->Text4)); });
-    connect(m_ui->Text3, &QLineEdit::returnPressed, &m_desk,
-            [this] { m_desk.brkdbul(searchText(m_ui->Text3)); });
+    for (SearchBox *box : {m_ui->Text1, m_ui->Text4, m_ui->Text3}) {
+        connect(box, &SearchBox::searched, this, [this, box] { m_lastSearch = box; });
+        connect(box, &SearchBox::left, m_ui->l1, &ListView::enterAtTop);
+    }
+    connect(m_ui->Text1, &SearchBox::searched, &m_desk, &LabelDesk::stkcinsibul);
+    connect(m_ui->Text4, &SearchBox::searched, &m_desk, &LabelDesk::stkkodbul);
+    connect(m_ui->Text3, &SearchBox::searched, &m_desk, &LabelDesk::brkdbul);
     connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
     connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
     connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
@@ -143,10 +144,6 @@ void stkkart::connectNumbers()
 
 void stkkart::connectKeys()
 {
-    for (QLineEdit *box : {m_ui->Text1, m_ui->Text4, m_ui->Text3}) {
-        onKey(box, Qt::Key_Tab, [this] { goToFirstStock(); });
-        onKey(box, Qt::Key_Down, [this] { goToFirstStock(); });
-    }
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
         onKey(m_ui->l1, key, [this] { m_ui->addOne->click(); });
         onKey(m_ui->l2, key, [this] { m_ui->adet->setFocus(Qt::ShortcutFocusReason); });
@@ -156,9 +153,9 @@ void stkkart::connectKeys()
     onKey(m_ui->adet, Qt::Key_Up, [this] { moveInQueue(-1); });
     onKey(m_ui->adet, Qt::Key_Down, [this] { moveInQueue(1); });
 
-    onKey(this, Qt::Key_F3, [this] { goToSearch(m_ui->Text1); });
-    onKey(this, Qt::Key_F4, [this] { goToSearch(m_ui->Text4); });
-    onKey(this, Qt::Key_F5, [this] { goToSearch(m_ui->Text3); });
+    onKey(this, Qt::Key_F3, [this] { m_ui->Text1->enter(); });
+    onKey(this, Qt::Key_F4, [this] { m_ui->Text4->enter(); });
+    onKey(this, Qt::Key_F5, [this] { m_ui->Text3->enter(); });
     onKey(this, Qt::Key_F7, [this] { m_ui->l1->enter(); });
     onKey(this, Qt::Key_F8, [this] { m_ui->l2->enter(); });
     // A button's own shortcut would press it a tenth of a second late, to show it going down.
@@ -180,26 +177,6 @@ void stkkart::connectKeys()
     onKey(this, Qt::Key_Escape, [this] { leave(); });
 }
 
-/// The text is selected, so that the next scan or word replaces it.
-QString stkkart::searchText(QLineEdit *box)
-{
-    box->selectAll();
-    m_lastSearch = box;
-    return box->text();
-}
-
-void stkkart::goToSearch(QLineEdit *box)
-{
-    box->setFocus(Qt::ShortcutFocusReason);
-    box->selectAll();
-}
-
-void stkkart::goToFirstStock()
-{
-    m_ui->l1->setFocus(Qt::TabFocusReason);
-    m_ui->l1->selectRow(0);
-}
-
 void stkkart::moveInQueue(int rows)
 {
     const int row = m_ui->l2->selectedRow() + rows;
@@ -214,7 +191,7 @@ void stkkart::leave()
     if (m_desk.isBusy())
         m_desk.stop();
     else
-        goToSearch(m_lastSearch);
+        m_lastSearch->enter();
 }
 
 void stkkart::showCount()

@@ -5,11 +5,11 @@
 #include <memory>
 
 QT_BEGIN_NAMESPACE
-class QLineEdit;
 class QToolButton;
 QT_END_NAMESPACE
 
 class LabelDesk;
+class SearchBox;
 
 namespace Ui {
 class stkkart;
@@ -45,9 +45,6 @@ private:
     void connectNumbers();
     void connectKeys();
 
-    QString searchText(QLineEdit *box);
-    void goToSearch(QLineEdit *box);
-    void goToFirstStock();
     void moveInQueue(int rows);
     void leave();
     void showCount();
@@ -55,5 +52,5 @@ private:
 
     LabelDesk &m_desk;
     std::unique_ptr<Ui::stkkart> m_ui;
-    QLineEdit *m_lastSearch; ///< the search box used last; Escape goes back to it
+    SearchBox *m_lastSearch; ///< the search box used last; Escape goes back to it
 };

@@ -8,7 +8,8 @@
 using namespace Qt::StringLiterals;
 
 yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
-    : QDialog(parent), m_run(run), m_mode(mode), m_ui(std::make_unique<Ui::yazfrm>())
+    : QDialog(parent), m_run(run), m_mode(mode), m_printers(run.layouts().printers()),
+      m_ui(std::make_unique<Ui::yazfrm>())
 {
     m_ui->setupUi(this);
     setWindowTitle(mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
@@ -22,10 +23,7 @@ yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
     connect(m_ui->liste, &QListWidget::currentTextChanged, m_ui->ad, &QLineEdit::setText);
     connect(m_ui->liste, &QListWidget::itemDoubleClicked, this, &yazfrm::print);
     connect(m_ui->ad, &QLineEdit::textChanged, this, &yazfrm::choose);
-    connect(m_ui->yazici, &QComboBox::activated, this, [this] {
-        m_run.layouts().setPrinter(m_chosen, m_ui->yazici->currentData().toString());
-        showPrinter();
-    });
+    connect(m_ui->yazici, &QComboBox::activated, this, &yazfrm::setPrinter);
     connect(m_ui->varsayilan, &QCheckBox::clicked, this, [this](bool on) {
         m_run.layouts().setDefault(on ? m_chosen : QString());
         showPrinter();
@@ -46,7 +44,8 @@ void yazfrm::choose(const QString &name)
         const QSignalBlocker quiet(m_ui->liste);
         m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
     }
-    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen));
+    m_layout = m_chosen.isEmpty() ? LabelLayout() : m_run.layouts().open(m_chosen);
+    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : PrintRun::describe(m_layout));
     showPrinter();
     showPreview();
 }
@@ -60,19 +59,27 @@ void yazfrm::showPrinter()
     m_ui->yazici->clear();
     if (!known)
         return;
-    for (const QString &printer : m_run.layouts().printers())
+    for (const QString &printer : m_printers)
         m_ui->yazici->addItem(printer, printer);
-    const QString printer = m_run.layouts().open(m_chosen).printer;
+    const QString &printer = m_layout.printer;
     if (m_ui->yazici->findData(printer) < 0)
         m_ui->yazici->insertItem(0, u"%1 (bu bilgisayarda yok)"_s.arg(printer), printer);
     m_ui->yazici->setCurrentIndex(m_ui->yazici->findData(printer));
+}
+
+void yazfrm::setPrinter()
+{
+    const QString printer = m_ui->yazici->currentData().toString();
+    if (m_run.layouts().setPrinter(m_chosen, printer))
+        m_layout.printer = printer;
+    showPrinter();
 }
 
 void yazfrm::showPreview()
 {
     const qreal ratio = devicePixelRatioF();
     const QSize room = (QSizeF(m_ui->onizleme->contentsRect().size()) * ratio).toSize();
-    QImage image = m_chosen.isEmpty() ? QImage() : m_run.preview(m_chosen, room);
+    QImage image = m_chosen.isEmpty() ? QImage() : m_run.preview(m_layout, room);
     image.setDevicePixelRatio(ratio);
     m_ui->onizleme->setPixmap(QPixmap::fromImage(image));
 }

@@ -26,10 +26,13 @@ private:
     void choose(const QString &name);
     void showPreview();
     void showPrinter();
+    void setPrinter();
     void print();
 
     PrintRun &m_run;
     PrintMode m_mode;
-    QString m_chosen; ///< layout file, empty until one is chosen
+    QStringList m_printers; ///< read once: a network of printers answers slowly
+    QString m_chosen;       ///< layout file, empty until one is chosen
+    LabelLayout m_layout;   ///< what that file says
     std::unique_ptr<Ui::yazfrm> m_ui;
 };
