@@ -4,6 +4,7 @@
 #include "labels/desk/forms/stkkart.h"
 #include "labels/desk/print_queue.h"
 #include "labels/print/forms/yazfrm.h"
+#include "platform/window_style.h"
 #include "rooms.h"
 #include "sales/forms/stfatura.h"
 #include "shell/forms/baglan.h"
@@ -116,13 +117,13 @@ TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
         const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
         shop.db.execute(u"Update liste set enust = '1' Where id ='1'"_s);
     }
-    const auto onTop = [](const QWidget *form) {
-        return form->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    const auto onTop = [](QWidget *form) {
+        return windowStyleOf(*form)->test(WindowStyle::ExtendedBit::topMost);
     };
     rooms.open();
     rooms.showSales();
     ASSERT_EQ(open<stfatura>().size(), 1);
-    const stfatura *till = open<stfatura>().first();
+    stfatura *const till = open<stfatura>().first();
     EXPECT_TRUE(onTop(till));
     rooms.showAbout();
     EXPECT_TRUE(onTop(open<kakknd>().first())) << "the till would hide it";

@@ -285,10 +285,10 @@ TEST_F(KeyFiles, HugeFilesTakeTimeInProportion)
 /// On other systems our own reading stands in for the profile functions: here both are at hand.
 TEST_F(KeyFiles, TheSystemReadsAndWritesAsWeDoElsewhere)
 {
-    const QByteArrayList lines = {"[s]",          " [ S ] ",   "[t] rest",   "[u",   "k=v",
-                                  "K = \" w \" ", "l='x'",     "l = a=b ;c", "k",    "=v",
-                                  ";k=1",         " ; l=2",    "k=",         "\x1A", "",
-                                  " \t ",         "\xDE=\xFD", "nonsense"};
+    const QByteArrayList lines = {"[s]",          " [ S ] ", "[t] rest",   "[u", "k=v",
+                                  "K = \" w \" ", "l='x'",   "l = a=b ;c", "=v", ";k=1",
+                                  " ; l=2",       "k=",      "\x1A",       "",   " \t ",
+                                  "\xDE=\xFD",    "nonsense"};
     const QByteArrayList lineEnds = {"\r\n", "\r\n", "\n", "\r"};
     QRandomGenerator random(1254);
     const auto anyOf = [&](const QByteArrayList &list) {
