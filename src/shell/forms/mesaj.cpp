@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
@@ -40,8 +42,9 @@ mesaj::~mesaj() = default;
 
 Answer mesaj::ask()
 {
+    const QPointer<mesaj> there(this);
     exec();
-    return m_answer;
+    return there ? m_answer : Answer::closed;
 }
 
 void mesaj::finish(Answer answer)
@@ -50,25 +53,34 @@ void mesaj::finish(Answer answer)
     accept();
 }
 
+// The boxes below stand over the active window. When that goes while a box waits (the program can
+// be ended from the tray) the box goes with it.
+
 Answer WindowPrompt::show(const Message &message)
 {
-    return mesaj(message, QApplication::activeWindow()).ask();
+    const QPointer<mesaj> box(new mesaj(message, QApplication::activeWindow()));
+    const auto end = qScopeGuard([&box] { delete box; });
+    return box->ask();
 }
 
 void WindowPrompt::warn(const QString &text, bool critical)
 {
-    QMessageBox box(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
-                    QMessageBox::NoButton, QApplication::activeWindow());
-    box.addButton(u"Tamam"_s, QMessageBox::AcceptRole);
-    box.exec();
+    const QPointer<QMessageBox> box(
+        new QMessageBox(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
+                        QMessageBox::NoButton, QApplication::activeWindow()));
+    const auto end = qScopeGuard([&box] { delete box; });
+    box->addButton(u"Tamam"_s, QMessageBox::AcceptRole);
+    box->exec();
 }
 
 bool WindowPrompt::confirm(const QString &text)
 {
-    QMessageBox box(QMessageBox::Question, u"Dikkat"_s, text, QMessageBox::NoButton,
-                    QApplication::activeWindow());
-    const QPushButton *yes = box.addButton(u"Evet"_s, QMessageBox::YesRole);
-    box.setEscapeButton(box.addButton(u"Hayır"_s, QMessageBox::NoRole));
-    box.exec();
-    return box.clickedButton() == yes;
+    const QPointer<QMessageBox> box(new QMessageBox(QMessageBox::Question, u"Dikkat"_s, text,
+                                                    QMessageBox::NoButton,
+                                                    QApplication::activeWindow()));
+    const auto end = qScopeGuard([&box] { delete box; });
+    const QPushButton *yes = box->addButton(u"Evet"_s, QMessageBox::YesRole);
+    box->setEscapeButton(box->addButton(u"Hayır"_s, QMessageBox::NoRole));
+    box->exec();
+    return box && box->clickedButton() == yes;
 }
