@@ -11,6 +11,9 @@ output=$PWD/build/windows/Tezgah-Kur-$version.exe
 picture=build/windows/windows/kurulum.bmp # the left side of the first and the last page
 rsvg-convert -w 112 packaging/tezgah.svg |
     convert -size 164x314 'xc:#0b6e6e' - -gravity center -composite -alpha off "BMP3:$picture"
+licences=build/windows/windows/lisanslar.txt
+cat packaging/windows/lisanslar.txt /usr/share/common-licenses/{LGPL-3,GPL-3} | sed 's/$/\r/' >"$licences"
 makensis -V2 -INPUTCHARSET UTF8 "-DVERSION=$version" "-DPROGRAM=$PWD/build/windows/tezgah.exe" \
-    "-DICON=$PWD/build/windows/windows/tezgah.ico" "-DPICTURE=$PWD/$picture" "-DOUTPUT=$output" packaging/windows/tezgah.nsi
+    "-DICON=$PWD/build/windows/windows/tezgah.ico" "-DPICTURE=$PWD/$picture" \
+    "-DLICENCES=$PWD/$licences" "-DOUTPUT=$output" packaging/windows/tezgah.nsi
 ls -l "$output"

@@ -1,7 +1,7 @@
 ; Installer for one user: no administrator is needed. The program goes to the user's own programs,
 ; the shop's files into a folder among the user's documents, where an upgrade leaves them alone.
 ;   makensis -DVERSION=1.2.3 -DPROGRAM=tezgah.exe -DICON=tezgah.ico -DPICTURE=kurulum.bmp \
-;       -DOUTPUT=Tezgah-Kur.exe
+;       -DLICENCES=lisanslar.txt -DOUTPUT=Tezgah-Kur.exe
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -83,6 +83,7 @@ Section
         StrCpy $data "$DOCUMENTS\${NAME}"
     SetOutPath "$INSTDIR"
     File /oname=tezgah.exe "${PROGRAM}"
+    File "${LICENCES}"
     WriteUninstaller "$INSTDIR\kaldir.exe"
 
     SetOutPath "$data" ; also the folder the shortcut starts in
@@ -111,6 +112,7 @@ FunctionEnd
 Section "Uninstall"
     ReadRegStr $data HKCU "${REGISTRY}" "DataFolder"
     Delete "$INSTDIR\tezgah.exe"
+    Delete "$INSTDIR\lisanslar.txt"
     Delete "$INSTDIR\kaldir.exe"
     SetOutPath "$TEMP"
     RMDir "$INSTDIR"
