@@ -17,7 +17,8 @@ step() {
 # Asks for source packages where this machine gets its binary packages, with lists of its own: the
 # configuration of the machine stays as it is.
 fetch_sources() {
-    local apt=$cache/apt uri release component signed
+    local apt=$cache/apt uri release component signed qt
+    qt=$(dpkg-query -W -f='${source:Version}' qt6-base-dev) # its tools build the other one
     rm -rf "$apt" "$cache/src"
     mkdir -p "$apt/lists/partial" "$cache/src"
     apt-get indextargets --format '$(REPO_URI)|$(CODENAME)|$(COMPONENT)' \
@@ -28,10 +29,14 @@ fetch_sources() {
         done >"$apt/sources.list"
     local own=(-o "Dir::Etc::SourceList=$apt/sources.list" -o Dir::Etc::SourceParts=-
         -o "Dir::State::Lists=$apt/lists" -o "Dir::Cache=$apt" -o APT::Sandbox::User=)
+    [ -s "$apt/sources.list" ] || {
+        echo 'No package lists of Debian are on this machine: run "apt-get update" first.' >&2
+        return 1
+    }
     apt-get "${own[@]}" update -q
     (
         cd "$cache/src"
-        apt-get "${own[@]}" source -q --download-only qt6-base=6.4.2+dfsg-10 sqlite3
+        apt-get "${own[@]}" source -q --download-only "qt6-base=$qt" sqlite3
         local description
         for description in *.dsc; do
             dpkg-source -x "$description" "${description%%_*}"

@@ -10,6 +10,7 @@ RequestExecutionLevel user
 
 !include MUI2.nsh
 !include FileFunc.nsh
+!include WinVer.nsh
 
 !define NAME "Tezgâh"
 !define REGISTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tezgah"
@@ -69,6 +70,11 @@ Pencereyi kapatmak için Bitir düğmesine basın."
 !macroend
 
 Function .onInit
+    ${IfNot} ${AtLeastWin10}
+        MessageBox MB_OK|MB_ICONEXCLAMATION "${NAME} için Windows 10 ya da 11 gerekir." /SD IDOK
+        SetErrorLevel 2
+        Abort
+    ${EndIf}
     !insertmacro refuseWhileRunning
 FunctionEnd
 
@@ -76,11 +82,16 @@ Function un.onInit
     !insertmacro refuseWhileRunning
 FunctionEnd
 
-; An upgrade goes on with the folder the first installation made.
+; An upgrade goes on with the folder the first installation made, also when the documents have been
+; moved since (a backup into the cloud does so): else the shop would see the demo shop again.
 Section
     ReadRegStr $data HKCU "${REGISTRY}" "DataFolder"
     StrCmp $data "" 0 +2
         StrCpy $data "$DOCUMENTS\${NAME}"
+    ${IfNot} ${FileExists} "$data\data.dbs"
+    ${AndIf} ${FileExists} "$DOCUMENTS\${NAME}\data.dbs"
+        StrCpy $data "$DOCUMENTS\${NAME}"
+    ${EndIf}
     SetOutPath "$INSTDIR"
     File /oname=tezgah.exe "${PROGRAM}"
     File "${LICENCES}"

@@ -13,20 +13,30 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kTenthsOfMillimetre = 10.0;
+/// A length in mm as the settings hold it, in tenths; they end at 3.2767 m.
+short tenths(double mm)
+{
+    return static_cast<short>(qRound(std::clamp(mm * 10, 0.0, 32767.0)));
+}
 
+/// Numbers of standard sizes go as they are, and so do those a driver gave to papers of its own.
+/// Own sizes go as their lengths.
 void setPaper(DEVMODEW &mode, const PrinterSetup &setup)
 {
-    const QPageSize size = pageLayout(setup).pageSize();
+    // Lengths or a form of the usual settings would win over the size asked for.
+    mode.dmFields &= ~static_cast<DWORD>(DM_PAPERWIDTH | DM_PAPERLENGTH | DM_FORMNAME);
     mode.dmFields |= DM_PAPERSIZE;
-    mode.dmPaperSize = static_cast<short>(size.windowsId());
-    if (size.id() != QPageSize::Custom)
+    const bool ofDriver = setup.paperCode != 0 && setup.paperCode != DMPAPER_USER &&
+                          QPageSize::id(setup.paperCode) == QPageSize::Custom;
+    const QPageSize size = pageLayout(setup).pageSize();
+    const int standard = ofDriver ? setup.paperCode : size.windowsId();
+    mode.dmPaperSize = static_cast<short>(standard != 0 ? standard : DMPAPER_USER);
+    if (standard != 0)
         return;
-    const QSizeF paper = size.size(QPageSize::Millimeter) * kTenthsOfMillimetre;
+    const QSizeF paper = size.size(QPageSize::Millimeter);
     mode.dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH;
-    mode.dmPaperSize = DMPAPER_USER;
-    mode.dmPaperWidth = static_cast<short>(qRound(paper.width()));
-    mode.dmPaperLength = static_cast<short>(qRound(paper.height()));
+    mode.dmPaperWidth = tenths(paper.width());
+    mode.dmPaperLength = tenths(paper.height());
 }
 
 /// What the driver is asked for. Paper 0 and quality 0 are the printer's own choice.
@@ -89,23 +99,36 @@ public:
             m_printer.outputFormat() != QPrinter::NativeFormat)
             throw PrintError(u"Yazıcı açılamadı: %1"_s.arg(name));
         m_printer.setDocName(setup.document);
-        auto *const engine = static_cast<QWin32PrintEngine *>(m_printer.printEngine());
-        engine->setGlobalDevMode(nullptr, m_settings.get());
+        engine().setGlobalDevMode(nullptr, m_settings.get());
+        takeResolution();
         m_printer.setFullPage(false);
         m_printer.setPageMargins(m_printer.pageLayout().minimumMargins(),
                                  m_printer.pageLayout().units());
     }
 
     QPagedPaintDevice &device() override { return m_printer; }
-    void cancel() override { m_printer.abort(); }
+    /// The toolkit's abort() leaves the job as it is, and its end would print what was painted.
+    void cancel() override { AbortDoc(engine().getDC()); }
 
-    void finish() override
-    {
-        if (m_printer.printerState() == QPrinter::Error)
-            throw PrintError(u"Yazıcıya gönderilemedi: %1"_s.arg(m_printer.printerName()));
-    }
+    void finish() override {} // the end of the painter handed it over
 
 private:
+    QWin32PrintEngine &engine() const
+    {
+        return *static_cast<QWin32PrintEngine *>(m_printer.printEngine());
+    }
+
+    /// With new settings the engine goes on in the dots of the old ones; a label would come out in
+    /// twice its size where the layout asks for half the printer's usual resolution. Where dots lie
+    /// closer in one direction than in the other, painting goes by the wider ones, so that bars
+    /// keep whole dots.
+    void takeResolution()
+    {
+        static_cast<QWin32PrintEnginePrivate *>(QPaintEnginePrivate::get(&engine()))->initHDC();
+        if (m_printer.physicalDpiX() != m_printer.physicalDpiY())
+            m_printer.setResolution(std::min(m_printer.physicalDpiX(), m_printer.physicalDpiY()));
+    }
+
     Settings m_settings; ///< the printer's engine works on it, so it goes after the printer
     QPrinter m_printer;
 };

@@ -206,6 +206,15 @@ TEST_F(KeyFiles, AreWrittenByTheRulesOfProfileFiles)
     EXPECT_EQ(filesThere(), QStringList{u"deneme.zev"_s});
 }
 
+TEST_F(KeyFiles, FolderNamesOfAnyLanguageDo)
+{
+    QDir(folder.path()).mkdir(u"Şükrü 漢字"_s);
+    const QString file = put("[s]\r\na=1\r\n", u"Şükrü 漢字/deneme.zev"_s);
+    EXPECT_TRUE(keys.write(u"s"_s, u"k"_s, u"ğ"_s, file));
+    EXPECT_EQ(keys.read(u"S"_s, u"K"_s, file), u"ğ"_s);
+    EXPECT_EQ(keys.read(u"s"_s, u"a"_s, file), u"1"_s);
+}
+
 TEST_F(KeyFiles, WritingCreatesTheFileButNoFolder)
 {
     EXPECT_TRUE(keys.write(u"s"_s, u"k"_s, u"v"_s, path(u"yeni.zev"_s)));

@@ -8,6 +8,7 @@
 #include <QPrinterInfo>
 #include <QSettings>
 
+#include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
 #include <thread>
@@ -108,6 +109,11 @@ TEST(SpoolerOnWindows, PaperAndOrientationReachThePrinter)
         EXPECT_EQ(layout.pageSize().id(), QPageSize::A5);
         EXPECT_EQ(layout.orientation() == QPageLayout::Portrait, portrait);
         EXPECT_EQ(document->device().width() < document->device().height(), portrait);
+    }
+    for (const int quality : {0, 150, 300, 600}) { // what is painted is measured by its dots
+        const auto document = openSpooled(printers.first(), {u"Deneme"_s, true, 11, quality, {}});
+        const QPagedPaintDevice &device = document->device();
+        EXPECT_EQ(device.logicalDpiX(), std::min(device.physicalDpiX(), device.physicalDpiY()));
     }
     EXPECT_THROW(openSpooled(u"Yok"_s, {}), PrintError);
 }

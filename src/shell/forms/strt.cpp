@@ -24,7 +24,10 @@ strt::strt(StartSession &session, HostLink &link, QWidget *parent)
 
     sys1.setIcon(programIcon());
     sys1.setToolTip(u"Tezgâh"_s);
-    connect(&sys1, &QSystemTrayIcon::activated, this, [this] { men()->popup(QCursor::pos()); });
+    connect(&sys1, &QSystemTrayIcon::activated, this, [this] {
+        men()->popup(QCursor::pos());
+        men()->activateWindow(); // else Windows leaves it open when the user clicks elsewhere
+    });
 
     Timer1.setSingleShot(true);
     connect(&Timer1, &QTimer::timeout, &m_session, &StartSession::firstTick);
