@@ -6,6 +6,7 @@ Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
 ManifestDPIAware true
+ManifestSupportedOS Win10
 RequestExecutionLevel user
 
 !include MUI2.nsh

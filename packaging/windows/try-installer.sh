@@ -71,6 +71,13 @@ sleep 2
     fail 'the upgrade changed the files of the shop'
 echo 'Upgraded; the files of the shop are as they were'
 
+"$wine" reg add "$key" /f /v DataFolder /d 'C:\Eski\Tezgâh' >/dev/null
+"$wine" "$setup" /S || fail "the upgrade after a move ended with $?"
+if "$wine" reg query "$key" /v DataFolder | grep -q Eski; then
+    fail 'documents that were moved are not found again'
+fi
+echo 'Found the documents that were moved'
+
 "$wine" "$program/kaldir.exe" /S
 unregistered() { ! registered; }
 until_so 30 unregistered || fail 'still among the installed programs'
