@@ -289,7 +289,7 @@ TEST_F(Till, AFaultOfAnyLookupStatementIsToldAndLeavesTheListAsItWas)
                 EXPECT_EQ(shop.host.statements.size(), fault + 1);
                 EXPECT_EQ(messages(), lost ? QStringList{kLost} : QStringList());
                 EXPECT_TRUE(notice.startsWith(u"Aranamadı: "_s + code));
-                EXPECT_EQ(shop.sounds.played.last(), u"/shop/sndoff.sun"_s);
+                EXPECT_TRUE(shop.sounds.played.endsWith(u"/shop/sndoff.sun"_s));
                 EXPECT_EQ(refused, lost) << "a code that was not looked up stays to be sent again";
                 EXPECT_EQ(cleared, lost ? 0 : 1);
                 ASSERT_EQ(till.list(0).size(), 1);
