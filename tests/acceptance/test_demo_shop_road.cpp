@@ -1,11 +1,10 @@
 #include "common/settings_database.h"
 #include "labels/desk/label_desk.h"
-#include "labels/desk/price_change_finder.h"
 #include "labels/desk/queue_labels.h"
-#include "labels/layout/label_layout.h"
 #include "labels/print/print_run.h"
 #include "shell/login_session.h"
 #include "shell/settings_session.h"
+#include "support/files.h"
 #include "support/print_qt.h"
 #include "support/real_shop.h"
 
@@ -17,30 +16,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void overwrite(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
-class DemoShop : public testing::TestWithParam<Engine>
+class DemoShop : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        if (GetParam() == Engine::server)
-            SKIP_WITHOUT_SERVER();
-        shop.open();
-    }
+    void SetUp() override { shop.open(); }
 
-    /// A server counts the dates of the demo shop back from its own day.
-    RealShop shop{GetParam(), QDateTime(QDate::currentDate(), QTime(14, 5))};
+    RealShop shop;
 };
 
 } // namespace
 
-TEST_P(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
+TEST_F(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
 {
     ASSERT_TRUE(Program::isOpen(shop.program.anabag));
     ASSERT_TRUE(Program::isOpen(shop.program.bag));
@@ -55,56 +41,7 @@ TEST_P(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
     EXPECT_TRUE(accepted) << "the password of a new shop is empty";
 }
 
-TEST_P(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
-{
-    LabelDesk desk(shop.program);
-    desk.olcuyukle();
-    const auto found = [&](const QString &text) {
-        desk.stkcinsibul(text);
-        return desk.stocks().size();
-    };
-    const int lower = found(u"süt"_s);
-    EXPECT_GT(lower, 20);
-    EXPECT_EQ(found(u"SÜT"_s), lower);
-    EXPECT_EQ(found(u"ılık"_s), found(u"ILIK"_s));
-    EXPECT_EQ(found(u"çikolata"_s), found(u"ÇİKOLATA"_s));
-    EXPECT_NE(found(u"PİRİNÇ"_s), 0);
-
-    // A quote breaks the statement: the user is told, list and queue stay.
-    desk.ektm();
-    const int listed = desk.stocks().size();
-    desk.stkcinsibul(u"Ali'nin"_s);
-    EXPECT_EQ(shop.prompt.shown.size(), 1U);
-    EXPECT_EQ(desk.stocks().size(), listed);
-    EXPECT_EQ(desk.queue().size(), listed);
-}
-
-TEST_P(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
-{
-    const QDate today = shop.clock.now().date();
-    const QDate first = today.addDays(-40); // the days of two months, in either order as texts
-    QStringList expected;
-    RecordSet cards = shop.program.company().execute(u"select * from STKKART"_s);
-    for (; !cards.eof(); cards.moveNext()) {
-        const QDate day = cards.value(u"STKSYFTARIHI").toDate();
-        const QString time = cards.text(u"STKSYFSAATI");
-        if (first <= day && day <= today && u"08:29:00"_s <= time && time <= u"12:00:00"_s)
-            expected += cards.text(u"STKKOD");
-    }
-    EXPECT_GT(expected.size(), 20);
-
-    LabelDesk desk(shop.program);
-    desk.olcuyukle();
-    PriceChangeFinder finder(shop.program);
-    QObject::connect(&finder, &PriceChangeFinder::found, &desk, &LabelDesk::fiyatdegisbul);
-    finder.find({first, today, QTime(8, 30), QTime(12, 0)});
-    QStringList found;
-    for (const StockRow &row : desk.stocks().rows())
-        found += row.code;
-    EXPECT_EQ(found, expected);
-}
-
-TEST_P(DemoShop, SettingsAreSavedAndReadBack)
+TEST_F(DemoShop, SettingsAreSavedAndReadBack)
 {
     SettingsSession first(shop.program);
     first.load();
@@ -127,7 +64,7 @@ TEST_P(DemoShop, SettingsAreSavedAndReadBack)
     EXPECT_TRUE(shop.prompt.shown.empty());
 }
 
-TEST_P(DemoShop, EveryShippedLayoutPrintsTheQueue)
+TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
     LabelDesk desk(shop.program);
     desk.olcuyukle();
@@ -144,23 +81,6 @@ TEST_P(DemoShop, EveryShippedLayoutPrintsTheQueue)
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
 
-TEST_P(DemoShop, ALayoutForAPrinterThatIsGoneSaysSoAndKeepsTheQueue)
-{
-    LabelDesk desk(shop.program);
-    desk.stkkodbul(u"GID.001"_s);
-    desk.ektm();
-    const QString file = shop.program.path(u"ayar/Raf 3x8.ayr");
-    LabelLayout layout = openLayout(shop.keys, file);
-    layout.printer = u"Sökülmüş Yazıcı"_s;
-    ASSERT_TRUE(saveLayout(shop.keys, file, layout));
-    PrintRun run(shop.program);
-    run.yzdtum(labelRows(desk.queue()));
-    EXPECT_EQ(shop.prompt.warned, QStringList{u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s});
-    EXPECT_GT(desk.queue().size(), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(, DemoShop, testing::Values(Engine::embedded, Engine::server), engineName);
-
 TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
 {
     const QByteArray garbage = "SQLite format 3" + QByteArray(5000, '\xE7');
@@ -168,7 +88,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
          {u"data.dbs"_s, u"DEMOANA.yerel"_s, u"DEMOSIRKET.yerel"_s, u"ayar/Raf 3x8.ayr"_s,
           u"ayar/Default.zev"_s, u"Ayar.zev"_s, u"ayar/pic/tezgah.png"_s}) {
         RealShop shop;
-        overwrite(shop.program.path(name), garbage);
+        writeFile(shop.program.path(name), garbage);
         shop.open();
         LabelDesk desk(shop.program);
         desk.olcuyukle();
@@ -192,7 +112,7 @@ TEST(FirstRun, LeavesWhatIsThereAndMakesTheRest)
 {
     RealShop shop;
     const QString layout = shop.program.path(u"ayar/Raf 3x8.ayr");
-    overwrite(layout, "[label]\r\nsol=1\r\n");
+    writeFile(layout, "[label]\r\nsol=1\r\n");
     QFile::remove(shop.program.path(u"ayar/Rulo 58x40.ayr"));
     copyShippedFiles(shop.folder.path());
     EXPECT_EQ(QFileInfo(layout).size(), 16);
@@ -202,6 +122,6 @@ TEST(FirstRun, LeavesWhatIsThereAndMakesTheRest)
     EXPECT_FALSE(QFile::exists(shop.program.path(u"data.dbs.yeni")));
 
     // A folder that cannot be written is told in words.
-    overwrite(shop.program.path(u"dosya"), "x");
+    writeFile(shop.program.path(u"dosya"), "x");
     EXPECT_THROW(copyShippedFiles(shop.program.path(u"dosya")), std::runtime_error);
 }

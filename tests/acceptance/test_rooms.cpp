@@ -63,6 +63,25 @@ protected:
         QTimer::singleShot(20'000, &rooms, [] { QCoreApplication::exit(99); });
         return QApplication::exec() == 0;
     }
+    /// Types into a box of a form and presses Enter.
+    static void enter(QWidget *form, const QString &box, const QString &text)
+    {
+        auto *const edit = form->findChild<QLineEdit *>(box);
+        edit->setText(text);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    static void click(QWidget *form, const QString &button)
+    {
+        form->findChild<QPushButton *>(button)->click();
+    }
+    /// Opens the rooms and searches the stock list by stock code.
+    stkkart *searched(const QString &code)
+    {
+        rooms.open();
+        stkkart *const list = open<stkkart>().first();
+        enter(list, u"Text4"_s, code);
+        return list;
+    }
 
     RealShop shop;
     RecordingAutostart autostart;
@@ -85,15 +104,6 @@ TEST_F(RoomsTest, TheStockListIsTheFirstWindowAndIsMadeOnce)
     EXPECT_EQ(open<stkkart>().size(), 1);
 }
 
-TEST_F(RoomsTest, AMasterThatIsGoneBringsTheConnectionDialog)
-{
-    QFile::remove(shop.program.path(u"DEMOANA.yerel"));
-    rooms.open();
-    QTest::qWait(50);
-    EXPECT_EQ(open<stkkart>().size(), 0);
-    EXPECT_EQ(open<baglan>().size(), 1);
-}
-
 TEST_F(RoomsTest, SettingsAreReachedOnceThroughThePassword)
 {
     rooms.open();
@@ -101,12 +111,12 @@ TEST_F(RoomsTest, SettingsAreReachedOnceThroughThePassword)
     rooms.showLogin();
     ASSERT_EQ(open<login>().size(), 1);
     EXPECT_FALSE(open<login>().first()->isModal());
-    QTest::keyClick(open<login>().first()->findChild<QLineEdit *>(u"lgpass"_s), Qt::Key_Return);
+    enter(open<login>().first(), u"lgpass"_s, {});
     ASSERT_EQ(open<parametre>().size(), 1);
     EXPECT_TRUE(open<parametre>().first()->isModal());
     rooms.showLogin();
     EXPECT_EQ(open<login>().size(), 0);
-    open<parametre>().first()->findChild<QPushButton *>(u"button1"_s)->click();
+    click(open<parametre>().first(), u"button1"_s);
     QTest::qWait(20);
     EXPECT_EQ(open<parametre>().size(), 0);
 }
@@ -129,29 +139,24 @@ TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
     EXPECT_TRUE(onTop(open<kakknd>().first())) << "the till would hide it";
 
     rooms.showLogin();
-    QTest::keyClick(open<login>().first()->findChild<QLineEdit *>(u"lgpass"_s), Qt::Key_Return);
-    const parametre *form = open<parametre>().first();
+    enter(open<login>().first(), u"lgpass"_s, {});
+    parametre *const form = open<parametre>().first();
     form->findChild<QCheckBox *>(u"c3"_s)->setChecked(false);
-    form->findChild<QPushButton *>(u"button1"_s)->click();
+    click(form, u"button1"_s);
     EXPECT_FALSE(onTop(till));
     EXPECT_TRUE(till->isVisible());
 }
 
-TEST_F(RoomsTest, EndingTheConnectionDialogEndsTheProgramAndStartsItAnewWhenConnected)
-{
-    EXPECT_TRUE(endsByItself([this] {
-        rooms.open();
-        rooms.showConnection(); // the connection is open: the dialog unloads itself
-    }));
-    EXPECT_TRUE(rooms.restartWanted());
-}
-
-TEST_F(RoomsTest, EndingAnUnconnectedDialogEndsTheProgramForGood)
+TEST_F(RoomsTest, AMasterThatIsGoneBringsTheConnectionDialogAndItsEndEndsTheProgram)
 {
     QFile::remove(shop.program.path(u"DEMOANA.yerel"));
     EXPECT_TRUE(endsByItself([this] {
         rooms.open();
-        open<baglan>().first()->close();
+        QTimer::singleShot(50, &rooms, [] {
+            EXPECT_EQ(open<stkkart>().size(), 0);
+            ASSERT_EQ(open<baglan>().size(), 1);
+            open<baglan>().first()->close();
+        });
     }));
     EXPECT_FALSE(rooms.restartWanted());
 }
@@ -173,16 +178,13 @@ TEST_F(RoomsTest, WithoutATrayTheLastWindowEndsTheProgram)
 TEST_F(RoomsTest, ARunningPrintIsStoppedWhenTheProgramEnds)
 {
     EXPECT_TRUE(endsByItself([this] {
-        rooms.open();
-        auto *form = open<stkkart>().first();
-        form->findChild<QLineEdit *>(u"Text4"_s)->setText(u"GID.00"_s);
-        QTest::keyClick(form->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
-        form->findChild<QPushButton *>(u"ektm"_s)->click();
+        stkkart *const form = searched(u"GID.00"_s);
+        click(form, u"ektm"_s);
         form->findChild<QLineEdit *>(u"Text2"_s)->setText(u"5000"_s);
-        form->findChild<QPushButton *>(u"setAllCounts"_s)->click();
+        click(form, u"setAllCounts"_s);
         shop.prompt.answers.assign(8, Answer::yes);
         QTimer::singleShot(200, &rooms, [this] { rooms.showConnection(); });
-        form->findChild<QPushButton *>(u"printAll"_s)->click();
+        click(form, u"printAll"_s);
     }));
     EXPECT_TRUE(QDir(shop.program.path(u"cikti")).entryList({u"*.pdf"_s}).isEmpty());
 }
@@ -191,7 +193,7 @@ TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
 {
     rooms.open();
     auto *list = open<stkkart>().first();
-    list->findChild<QPushButton *>(u"fytdegisbul"_s)->click();
+    click(list, u"fytdegisbul"_s);
     ASSERT_EQ(open<fytdegisbul>().size(), 1);
     const QPointer<fytdegisbul> form = open<fytdegisbul>().first();
     form->findChild<QDateEdit *>(u"tr1"_s)->setDate(QDate(2000, 1, 1));
@@ -207,21 +209,16 @@ TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
 
 TEST_F(RoomsTest, NewNumbersAreSavedBeforeTheLabelFormMayClose)
 {
-    rooms.open();
-    auto *list = open<stkkart>().first();
-    list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"KRT."_s);
-    QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
+    stkkart *const list = searched(u"KRT."_s);
     list->findChild<QAction *>(u"ekbartum"_s)->trigger();
     const auto *queue = list->findChild<QTreeView *>(u"l2"_s)->model();
     const int rows = queue->rowCount();
     ASSERT_GT(rows, 1);
-    list->findChild<QPushButton *>(u"brkdurt"_s)->click();
+    click(list, u"brkdurt"_s);
     ASSERT_EQ(open<Baruret>().size(), 1);
     Baruret *generator = open<Baruret>().first();
     EXPECT_TRUE(generator->isModal());
-    auto *box = generator->findChild<QLineEdit *>(u"Text1"_s);
-    box->setText(u"200000000100"_s);
-    QTest::keyClick(box, Qt::Key_Return);
+    enter(generator, u"Text1"_s, u"200000000100"_s);
     QTest::keyClick(generator, Qt::Key_Escape);
     QTest::qWait(20);
     EXPECT_TRUE(open<Baruret>().isEmpty());
@@ -229,7 +226,7 @@ TEST_F(RoomsTest, NewNumbersAreSavedBeforeTheLabelFormMayClose)
     list->close(); // asked, and nobody says yes
     ASSERT_EQ(open<stkkart>().size(), 1);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
-    list->findChild<QPushButton *>(u"brgnc"_s)->click();
+    click(list, u"brgnc"_s);
     EXPECT_EQ(shop.prompt.shown.back().text, u"Yeni Barkod Numaraları Eklendi..."_s);
     for (int row = 0; row < rows; ++row) {
         const QString barcode = queue->index(row, PrintQueue::barcode).data().toString();
@@ -244,42 +241,35 @@ TEST_F(RoomsTest, NewNumbersAreSavedBeforeTheLabelFormMayClose)
     EXPECT_EQ(open<stkkart>().size(), 0);
 }
 
-TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpen)
+TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpenAndStartsAnew)
 {
     EXPECT_TRUE(endsByItself([this] {
-        rooms.open();
-        auto *list = open<stkkart>().first();
-        list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"KRT."_s);
-        QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
+        stkkart *const list = searched(u"KRT."_s);
         list->findChild<QAction *>(u"ekbartum"_s)->trigger();
         QTimer::singleShot(50, &rooms, [this] {
             EXPECT_EQ(open<Baruret>().size(), 1);
             rooms.showConnection(); // the connection is open: the dialog unloads itself
         });
-        list->findChild<QPushButton *>(u"brkdurt"_s)->click();
+        click(list, u"brkdurt"_s);
     }));
+    EXPECT_TRUE(rooms.restartWanted());
 }
 
 // The till keeps its goods and so the program; the label form has gone by then, the print dialog
 // with it.
 TEST_F(RoomsTest, TheLabelFormEndsWhileALayoutIsChosen)
 {
-    rooms.open();
+    stkkart *const list = searched(u"GID.00"_s);
+    click(list, u"ektm"_s);
     rooms.showSales();
-    auto *entry = open<stfatura>().first()->findChild<QLineEdit *>(u"srvadi"_s);
-    entry->setText(u"86933308"_s);
-    QTest::keyClick(entry, Qt::Key_Return);
-    auto *list = open<stkkart>().first();
-    list->findChild<QLineEdit *>(u"Text4"_s)->setText(u"GID.00"_s);
-    QTest::keyClick(list->findChild<QLineEdit *>(u"Text4"_s), Qt::Key_Return);
-    list->findChild<QPushButton *>(u"ektm"_s)->click();
+    enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
 
     bool modal = false;
     QTimer::singleShot(50, &rooms, [&] {
         modal = QApplication::activeModalWidget() == open<yazfrm>().value(0);
         rooms.showConnection(); // the connection is open: the dialog unloads itself
     });
-    list->findChild<QPushButton *>(u"chooseLayout"_s)->click();
+    click(list, u"chooseLayout"_s);
     EXPECT_TRUE(QTest::qWaitFor([] { return open<stkkart>().isEmpty(); }));
     QTest::qWait(20);
     EXPECT_TRUE(modal);

@@ -4,7 +4,6 @@
 #include "platform/odbc_session.h"
 #include "platform/sqlite_file.h"
 #include "sales/till_session.h"
-#include "shell/host_link.h"
 #include "support/print_qt.h"
 #include "support/real_shop.h"
 #include "support/wine.h"
@@ -59,26 +58,15 @@ WatchedHost &watch(Program &program)
 }
 
 /// A second program on the working folder of the first.
-struct SecondTill
+struct SecondTill : RealMachine
 {
-    explicit SecondTill(const QString &directory)
-        : host(directory, keys), printers(directory, clock),
-          program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
+    explicit SecondTill(const QString &directory) : RealMachine(directory)
     {
-        HostLink(program).sqlbaglan();
-        till = std::make_unique<TillSession>(program);
-        till->load();
+        open();
+        till.load();
     }
 
-    FixedClock clock;
-    ProfileKeyFile keys;
-    EngineConnector host;
-    SqliteDatabase db;
-    SystemPrinters printers;
-    RecordingSounds sounds;
-    ScriptedPrompt prompt;
-    Program program;
-    std::unique_ptr<TillSession> till;
+    TillSession till{program};
 };
 
 struct TillRoad : testing::TestWithParam<Engine>
@@ -320,11 +308,11 @@ TEST_P(TillRoad, AnotherTillPostsInTheMiddleOfAPosting)
 {
     SecondTill second(shop.folder.path());
     sell(till, {kOilBarcode});
-    sell(*second.till, {kTowel});
+    sell(second.till, {kTowel});
     WatchedHost &host = watch(shop.program);
     host.before = [&](const QString &statement) {
         if (statement.startsWith(u"INSERT INTO STKFIS "_s))
-            second.till->post();
+            second.till.post();
     };
     till.post();
 
@@ -377,9 +365,9 @@ TEST_P(TillRoad, TwoTillsPostAtOnceWithoutHanging)
     const auto work = [&](const QStringList &codes) {
         SecondTill second(shop.folder.path());
         for (int i = 0; i < sales; ++i) {
-            sell(*second.till, codes);
-            second.till->post();
-            EXPECT_TRUE(second.till->list(0).isEmpty());
+            sell(second.till, codes);
+            second.till.post();
+            EXPECT_TRUE(second.till.list(0).isEmpty());
         }
     };
     QElapsedTimer timer;

@@ -52,36 +52,26 @@ TEST(ConnectionString, ReadsBackWhatItSays)
 
 TEST(ServerName, SplitsHostInstanceAndPort)
 {
-    struct Case
+    const struct
     {
         QString name;
-        std::optional<ServerAddress> expected;
+        ServerAddress expected;
+    } cases[] = {
+        {u"KASA1"_s, {u"KASA1"_s, {}, 0}},
+        {u" 192.168.1.5 "_s, {u"192.168.1.5"_s, {}, 0}},
+        {u"KASA1\\SQL2"_s, {u"KASA1"_s, u"SQL2"_s, 0}},
+        {u"KASA1,1500"_s, {u"KASA1"_s, {}, 1500}},
+        {u"KASA1\\SQL2 , 1500"_s, {u"KASA1"_s, u"SQL2"_s, 1500}},
+        {u"tcp:KASA1,1500"_s, {u"KASA1"_s, {}, 1500}},
+        {u".\\SQLEXPRESS"_s, {u"localhost"_s, u"SQLEXPRESS"_s, 0}},
+        {u"(LOCAL)"_s, {u"localhost"_s, {}, 0}},
+        {u"KASA1,"_s, {u"KASA1"_s, {}, 0}},
     };
-    const std::vector<Case> cases = {
-        {u"KASA1"_s, ServerAddress{u"KASA1"_s, {}, 0}},
-        {u" 192.168.1.5 "_s, ServerAddress{u"192.168.1.5"_s, {}, 0}},
-        {u"KASA1\\SQL2"_s, ServerAddress{u"KASA1"_s, u"SQL2"_s, 0}},
-        {u"KASA1,1500"_s, ServerAddress{u"KASA1"_s, {}, 1500}},
-        {u"KASA1\\SQL2 , 1500"_s, ServerAddress{u"KASA1"_s, u"SQL2"_s, 1500}},
-        {u"tcp:KASA1,1500"_s, ServerAddress{u"KASA1"_s, {}, 1500}},
-        {u".\\SQLEXPRESS"_s, ServerAddress{u"localhost"_s, u"SQLEXPRESS"_s, 0}},
-        {u"(LOCAL)"_s, ServerAddress{u"localhost"_s, {}, 0}},
-        {u"KASA1,"_s, ServerAddress{u"KASA1"_s, {}, 0}},
-        {QString(), std::nullopt},
-        {u"\\SQL2"_s, std::nullopt},
-        {u",1433"_s, std::nullopt},
-        {u"KASA1,x"_s, std::nullopt},
-        {u"KASA1,0"_s, std::nullopt},
-        {u"KASA1,70000"_s, std::nullopt},
-    };
-    for (const Case &c : cases) {
-        std::optional<ServerAddress> address;
-        try {
-            address = parseServerName(c.name);
-        } catch (const HostError &) {
-        }
-        EXPECT_EQ(address, c.expected) << c.name.toStdString();
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(parseServerName(c.name), c.expected) << c.name.toStdString();
+    for (const QString &bad :
+         {QString(), u"\\SQL2"_s, u",1433"_s, u"KASA1,x"_s, u"KASA1,0"_s, u"KASA1,70000"_s})
+        EXPECT_THROW(parseServerName(bad), HostError) << bad.toStdString();
 }
 
 } // namespace

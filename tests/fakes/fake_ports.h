@@ -2,6 +2,7 @@
 
 #include "common/host_error.h"
 #include "common/program.h"
+#include "fakes/recording_printers.h"
 
 #include <QHash>
 #include <QMap>
@@ -114,18 +115,6 @@ private:
     }
 };
 
-class NoPrinters final : public Printers
-{
-public:
-    QStringList names() const override { return list; }
-    std::unique_ptr<PrintDocument> open(const QString &name, const PrinterSetup &setup) override
-    {
-        return opens ? opens(name, setup) : nullptr;
-    }
-    QStringList list;
-    std::function<std::unique_ptr<PrintDocument>(const QString &, const PrinterSetup &)> opens;
-};
-
 class RecordingSounds final : public Sounds
 {
 public:
@@ -181,7 +170,7 @@ struct FakeMachine
     ScriptedConnector connector;
     RecordingDatabase db;
     MemoryKeyFile keys;
-    NoPrinters printers;
+    RecordingPrinters printers;
     RecordingSounds sounds;
     FixedClock clock;
     ScriptedPrompt prompt;

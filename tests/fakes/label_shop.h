@@ -16,6 +16,7 @@ struct LabelShop
     FakeMachine machine;
     RecordingHost &host = machine.openCompany();
     LabelDesk desk{machine.program};
+    QString status; ///< what the desk told last
 
     LabelShop()
     {
@@ -42,6 +43,27 @@ struct LabelShop
         machine.db.setRow(u"stok"_s,
                           {{u"fiyatip"_s, u"7"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
         desk.olcuyukle();
+        QObject::connect(&desk, &LabelDesk::statusChanged,
+                         [this](const QString &text) { status = text; });
+    }
+
+    /// The stock list as lines "barcode|code|name|unit|price|count|tag".
+    QStringList stocks()
+    {
+        QStringList lines;
+        for (const StockRow &row : desk.stocks().rows())
+            lines += QStringList{row.barcode, row.code,  row.name, row.unit,
+                                 row.price,   row.count, row.tag}
+                         .join(u'|');
+        return lines;
+    }
+    /// The queue as lines "code tag".
+    QStringList queued()
+    {
+        QStringList lines;
+        for (const QueueRow &row : desk.queue().rows())
+            lines += row.code + u' ' + row.tag;
+        return lines;
     }
 
     void answer(const QString &statement, const RecordSet &records)

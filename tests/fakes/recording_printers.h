@@ -3,8 +3,10 @@
 #include "common/printers.h"
 
 #include <QBuffer>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -15,11 +17,12 @@ struct RecordedDocument
     QString printer;
     PrinterSetup setup;
     int pages = 1;
+    QStringList texts; ///< in the order they were painted
     bool finished = false;
     bool cancelled = false;
 };
 
-/// Printers that print into memory and can be made to fail.
+/// Printers that remember what was painted and can be made to fail.
 class RecordingPrinters final : public Printers
 {
 public:
@@ -28,38 +31,66 @@ public:
     {
         if (!list.contains(name))
             return nullptr;
-        documents.push_back({name, setup});
+        documents.push_back({name, setup, 1, {}});
         return std::make_unique<Document>(*this, documents.size() - 1);
     }
 
     QStringList list{QStringLiteral("PDF")};
     std::vector<RecordedDocument> documents;
-    int resolution = 600;
     bool failToBegin = false;
     int failBeforePage = 0; ///< newPage() fails when this page would start
     std::optional<QString> finishError;
 
 private:
+    /// Keeps the texts that are painted instead of painting them.
+    class TextRecorder final : public QPaintEngine
+    {
+    public:
+        TextRecorder(RecordingPrinters &printers, std::size_t number)
+            : QPaintEngine(AllFeatures), m_printers(printers), m_number(number)
+        {}
+        bool begin(QPaintDevice *) override { return true; }
+        bool end() override { return true; }
+        void updateState(const QPaintEngineState &) override {}
+        void drawPath(const QPainterPath &) override {}
+        using QPaintEngine::drawPolygon;
+        void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+        void drawTextItem(const QPointF &, const QTextItem &item) override
+        {
+            m_printers.documents[m_number].texts += item.text();
+        }
+        Type type() const override { return User; }
+
+    private:
+        RecordingPrinters &m_printers;
+        std::size_t m_number;
+    };
+
+    /// Has the metrics of a PDF page.
     class Device final : public QPdfWriter
     {
     public:
         Device(RecordingPrinters &printers, std::size_t number, QIODevice *device)
-            : QPdfWriter(device), m_printers(printers), m_number(number)
+            : QPdfWriter(device), m_printers(printers), m_number(number),
+              m_recorder(printers, number)
         {
-            setResolution(printers.resolution);
+            setResolution(600);
         }
+        QPaintEngine *paintEngine() const override { return &m_recorder; }
         bool newPage() override
         {
             RecordedDocument &document = m_printers.documents[m_number];
             if (document.pages + 1 == m_printers.failBeforePage)
                 return false;
             ++document.pages;
-            return QPdfWriter::newPage();
+            return true;
         }
 
     private:
         RecordingPrinters &m_printers;
         std::size_t m_number;
+        mutable TextRecorder m_recorder;
     };
 
     class Document final : public PrintDocument

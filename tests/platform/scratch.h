@@ -2,6 +2,7 @@
 
 #include "common/host_error.h"
 #include "common/record_set.h"
+#include "support/files.h"
 
 #include <QTemporaryDir>
 
@@ -17,10 +18,8 @@ public:
     /// Writes a file into it and returns its path.
     QString write(const QString &name, const QByteArray &content) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("scratch folder");
-        return file.fileName();
+        writeFile(path(name), content);
+        return path(name);
     }
 
 private:

@@ -4,8 +4,6 @@
 #include "platform/scratch.h"
 #include "support/print_qt.h"
 
-#include <QFile>
-
 #include <chrono>
 #include <gtest/gtest.h>
 #include <thread>
@@ -160,13 +158,6 @@ TEST_F(EmbeddedEngineTest, RunsABatchWholeOrNotAtAll)
     EXPECT_EQ(codes(u"1=1"_s).size(), 2);
 }
 
-TEST_F(EmbeddedEngineTest, KeepsTheOrderOfInsertionWithoutAKey)
-{
-    EmbeddedEngine master(scratch.path(), u"demoana"_s);
-    EXPECT_EQ(texts(master.execute(u"select * from KDVKISIM"_s), u"KDVKISNO"),
-              (QStringList{u"3"_s, u"1"_s, u"2"_s}));
-}
-
 TEST_F(EmbeddedEngineTest, TwoTillsShareAFile)
 {
     EmbeddedEngine second(scratch.path(), u"DEMOSIRKET"_s);
@@ -208,10 +199,7 @@ TEST_F(EmbeddedEngineTest, OpensOnlyDatabasesOfTheFolder)
 TEST_F(EmbeddedEngineTest, SurvivesDamagedFiles)
 {
     host.reset();
-    QFile file(scratch.path(u"DEMOSIRKET.yerel"_s));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray sound = file.readAll();
-    file.close();
+    const QByteArray sound = readFile(scratch.path(u"DEMOSIRKET.yerel"_s));
     std::uint32_t random = 1;
     for (int round = 0; round < 300; ++round) {
         QByteArray damaged = sound;

@@ -41,64 +41,44 @@ TEST(OdbcDriver, EachIsToldInItsOwnWay)
         QString server;
         QString password;
         QString extra;
-        QString expected;
+        QString expected; ///< without the name of the driver
     };
     const QString ms = u"ODBC Driver 18 for SQL Server"_s;
-    const QString safe = u"Encrypt=no;TrustServerCertificate=yes;"_s;
+    const QString old = u"SQL Server"_s;
+    const QString tds = u"FreeTDS"_s;
+    const QString open = u"Encrypt=no;TrustServerCertificate=yes;"_s;
     const std::vector<Case> cases = {
-        {ms,
-         u"KASA1"_s,
-         u"x"_s,
-         {},
-         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD=x;Database=MUV;"_s +
-             safe},
+        {ms, u"KASA1"_s, u"x"_s, {}, u"Server=KASA1;UID=sa;PWD=x;Database=MUV;"_s + open},
         {ms,
          u"KASA1\\SQL2"_s,
          u"x"_s,
          {},
-         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1\\SQL2;UID=sa;PWD=x;Database=MUV;"_s +
-             safe},
+         u"Server=KASA1\\SQL2;UID=sa;PWD=x;Database=MUV;"_s + open},
         {ms,
          u"tcp:KASA1\\SQL2,1500"_s,
          u"x"_s,
          {},
-         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1,1500;UID=sa;PWD=x;Database=MUV;"_s +
-             safe},
-        {u"SQL Server"_s,
-         u"."_s,
-         u"x"_s,
-         {},
-         u"DRIVER={SQL Server};Server=localhost;UID=sa;PWD=x;Database=MUV;"_s},
-        {u"FreeTDS"_s,
-         u"KASA1"_s,
-         u"x"_s,
-         {},
-         u"DRIVER={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
-         "PWD=x;Database=MUV;"_s},
-        {u"FreeTDS"_s, u"KASA1,1500"_s, u"x"_s, u"TDS_Version=7.0"_s,
-         u"DRIVER={FreeTDS};Server=KASA1;Port=1500;ClientCharset=UTF-8;UID=sa;PWD=x;Database=MUV;"
-         "TDS_Version=7.0"_s},
+         u"Server=KASA1,1500;UID=sa;PWD=x;Database=MUV;"_s + open},
         {ms, u"KASA1"_s, u"a}b{c"_s, u" encrypt = yes;Foo=1"_s,
-         u"DRIVER={ODBC Driver 18 for SQL Server};Server=KASA1;UID=sa;PWD={a}}b{c};Database=MUV;"
-         "TrustServerCertificate=yes; encrypt = yes;Foo=1"_s},
-        {u"SQL Server"_s,
-         u"KASA1"_s,
-         u" x;y "_s,
-         {},
-         u"DRIVER={SQL Server};Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
-        {u"FreeTDS"_s,
+         u"Server=KASA1;UID=sa;PWD={a}}b{c};Database=MUV;TrustServerCertificate=yes; "
+         "encrypt = yes;Foo=1"_s},
+        {old, u"."_s, u"x"_s, {}, u"Server=localhost;UID=sa;PWD=x;Database=MUV;"_s},
+        {old, u"KASA1"_s, u" x;y "_s, {}, u"Server=KASA1;UID=sa;PWD={ x;y };Database=MUV;"_s},
+        {tds,
          u"KASA1"_s,
          u"a}b=c"_s,
          {},
-         u"DRIVER={FreeTDS};Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;"
-         "PWD=a}b=c;Database=MUV;"_s},
+         u"Server=KASA1;Port=1433;TDS_Version=7.4;ClientCharset=UTF-8;UID=sa;PWD=a}b=c;"
+         "Database=MUV;"_s},
+        {tds, u"KASA1,1500"_s, u"x"_s, u"TDS_Version=7.0"_s,
+         u"Server=KASA1;Port=1500;ClientCharset=UTF-8;UID=sa;PWD=x;Database=MUV;TDS_Version=7.0"_s},
         {u"SQLite3"_s, u"KASA1"_s, QString(), u"Database=/tmp/x.db"_s,
-         u"DRIVER={SQLite3};Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
+         u"Server=KASA1;UID=sa;PWD=;Database=/tmp/x.db"_s},
     };
     for (const Case &c : cases)
         EXPECT_EQ(odbc_driver::connectionString(c.driver, parseServerName(c.server),
                                                 {c.server, u"sa"_s, c.password, u"MUV"_s}, c.extra),
-                  c.expected);
+                  u"DRIVER={%1};"_s.arg(c.driver) + c.expected);
 }
 
 TEST(OdbcErrors, TheGravestMessageDecides)

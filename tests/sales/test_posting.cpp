@@ -1,7 +1,7 @@
 #include "sales/posting.h"
 #include "sales/posting_statements.h"
+#include "sales/priced_line.h"
 #include "sales/till_shop.h"
-#include "sales/totals_of.h"
 
 #include <QRegularExpression>
 
@@ -15,15 +15,11 @@ SaleLine saleLine(const QString &barcode, const QString &stockCode, const QStrin
                   double quantity, const std::array<float, 3> &percent = {},
                   const QString &vatRate = u"18"_s)
 {
-    SaleLine line;
+    SaleLine line = pricedLine(price, quantity, percent, vatRate);
     line[SaleColumn::barcode] = barcode;
     line[SaleColumn::stockCode] = stockCode;
     line[SaleColumn::name] = u"Çay"_s;
     line[SaleColumn::unit] = u"ADET"_s;
-    line[SaleColumn::price] = price;
-    line[SaleColumn::vatRate] = vatRate;
-    line.tag = pricing::discountTag({percent, {}});
-    pricing::recompute(line, quantity);
     return line;
 }
 

@@ -37,8 +37,8 @@ TEST_F(Designer, WhatIsTypedIsSeenPrintedAndSaved)
     EXPECT_GE(form.findChild<QWidget *>(u"preview"_s)->minimumHeight(), 50);
 
     press(u"testButton"_s);
-    ASSERT_EQ(shop.printed.size(), 1U);
-    EXPECT_EQ(shop.printed[0].texts.last(), u"Güle güle"_s);
+    ASSERT_EQ(shop.printed().size(), 1U);
+    EXPECT_EQ(shop.printed()[0].texts.last(), u"Güle güle"_s);
 
     shop.db.statements.clear();
     press(u"saveButton"_s);

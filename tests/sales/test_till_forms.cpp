@@ -1,8 +1,8 @@
 #include "sales/forms/stfatura.h"
 #include "sales/till_session.h"
 #include "sales/till_shop.h"
+#include "support/keyboard.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
-#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -24,7 +23,7 @@ struct TillForm : testing::Test
 {
     TillForm()
     {
-        for (int i = 0; i < 30; ++i) {
+        for (int i = 0; i < 10; ++i) {
             const QString code = QString::number(869000 + i);
             shop.add({code, u"S%1"_s.arg(i), u"Ürün %1"_s.arg(i), 10.0 + i});
         }
@@ -46,18 +45,6 @@ struct TillForm : testing::Test
     QLineEdit &entry() { return control<QLineEdit>(u"srvadi"_s); }
     QString label(const QString &name) { return control<QLabel>(name).text(); }
 
-    /// Keys go where the focus is, as on a real keyboard.
-    static QWidget *target()
-    {
-        EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }));
-        return QApplication::focusWidget();
-    }
-    static void type(const QString &text)
-    {
-        for (const QChar c : text)
-            QTest::keyClick(target(), c.toLatin1());
-    }
-    static void key(Qt::Key which) { QTest::keyClick(target(), which); }
     static void scan(const QString &code)
     {
         type(code);
@@ -67,7 +54,7 @@ struct TillForm : testing::Test
     /// What the user does in the dialog that opens next.
     static void inDialog(const std::function<void()> &keys)
     {
-        target(); // the window has the keyboard before the dialog takes it
+        focused(); // the window has the keyboard before the dialog takes it
         QTimer::singleShot(0, [keys] {
             EXPECT_TRUE(QTest::qWaitFor([] {
                 const QWidget *dialog = QApplication::activeModalWidget();
@@ -89,25 +76,17 @@ struct TillForm : testing::Test
 
 } // namespace
 
-TEST_F(TillForm, ABurstOfScansLosesNothing)
-{
-    for (int i = 0; i < 30; ++i)
-        scan(QString::number(869000 + i));
-    EXPECT_EQ(session.list(0).size(), 30);
-    EXPECT_EQ(label(u"gentop1"_s), u"735,00"_s);
-    EXPECT_EQ(entry().text(), QString());
-    EXPECT_EQ(control<QTableView>(u"l1"_s).currentIndex().row(), 29);
-}
-
 TEST_F(TillForm, AWholeSaleIsDoneByKeys)
 {
     scan(u"869005"_s);
     scan(u"869006"_s);
     scan(u"869005"_s);
     EXPECT_EQ(label(u"gentop1"_s), u"46,00"_s);
+    EXPECT_EQ(entry().text(), QString());
+    EXPECT_EQ(control<QTableView>(u"l1"_s).currentIndex().row(), 0);
     key(Qt::Key_Down);
     inDialog([] {
-        type(u"2,,5"_s); // the second comma is dropped
+        type(u"2a,-,5"_s); // letters, signs and the second comma are dropped
         key(Qt::Key_Return);
     });
     key(Qt::Key_F3);
@@ -121,19 +100,19 @@ TEST_F(TillForm, AWholeSaleIsDoneByKeys)
     EXPECT_EQ(label(u"gentop1"_s), u"30,00"_s);
 
     key(Qt::Key_F6);
-    EXPECT_EQ(target()->objectName(), u"nkit1"_s);
+    EXPECT_EQ(focused()->objectName(), u"nkit1"_s);
     type(u"1.000"_s);
     EXPECT_EQ(label(u"prust1"_s), u"970,00"_s);
     key(Qt::Key_Return);
-    EXPECT_EQ(target(), &entry());
+    EXPECT_EQ(focused(), &entry());
     EXPECT_EQ(control<QLineEdit>(u"nkit1"_s).text(), u"1.000,00"_s);
 
     shop.prompt.answers = {};
     key(Qt::Key_F2);
     EXPECT_EQ(label(u"gentop1"_s), u"0,00"_s);
     EXPECT_EQ(label(u"prust1"_s), u"0,00"_s);
-    ASSERT_EQ(shop.printed.size(), 1U);
-    EXPECT_TRUE(shop.printed[0].texts.contains(u"*970,00"_s));
+    ASSERT_EQ(shop.printed().size(), 1U);
+    EXPECT_TRUE(shop.printed()[0].texts.contains(u"*970,00"_s));
 }
 
 TEST_F(TillForm, ListsAreSwitchedByKeysAndByMouse)
@@ -157,16 +136,16 @@ TEST_F(TillForm, TheEntryBoxGetsTheFocusBack)
     scan(u"869001"_s);
     QTableView &list = control<QTableView>(u"l1"_s);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, QPoint(20, 20));
-    EXPECT_EQ(target(), &entry());
+    EXPECT_EQ(focused(), &entry());
     for (QPushButton *button : form.findChildren<QPushButton *>())
         EXPECT_EQ(button->focusPolicy(), Qt::NoFocus) << button->objectName().toStdString();
     QTest::mouseClick(&control<QLineEdit>(u"nkit1"_s), Qt::LeftButton);
-    EXPECT_NE(target(), &entry());
+    EXPECT_NE(focused(), &entry());
     key(Qt::Key_Tab);
-    EXPECT_EQ(target(), &entry());
+    EXPECT_EQ(focused(), &entry());
     inDialog([] { scan(u"1"_s); });
     QTest::mouseClick(&control<QPushButton>(u"button2"_s), Qt::LeftButton);
-    EXPECT_EQ(target(), &entry());
+    EXPECT_EQ(focused(), &entry());
 }
 
 TEST_F(TillForm, AScanIntoTheQuantityDialogIsRefused)

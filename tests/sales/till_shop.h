@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fakes/fake_ports.h"
-#include "sales/recording_paper.h"
 #include "sales/sale_queries.h"
 #include "support/print_qt.h"
 
@@ -34,9 +33,6 @@ struct TillShop : FakeMachine
                                            {QStringLiteral("crfistip"), QStringLiteral("5")},
                                            {QStringLiteral("ftfistip"), QStringLiteral("3")}});
         printers.list = QStringList{QStringLiteral("Lazer"), QStringLiteral("PDF")};
-        printers.opens = [this](const QString &, const PrinterSetup &setup) {
-            return std::make_unique<RecordedDocument>(printed, setup, printerBroken);
-        };
         program.kdvtab[1] = {QString(), QStringLiteral("10"), QStringLiteral("18")};
         program.kdvtab[2] = {QString(), QStringLiteral("20"), QStringLiteral("8")};
         program.kdvtab[100] = {QString(), QStringLiteral("99"), QStringLiteral("1")};
@@ -83,7 +79,15 @@ struct TillShop : FakeMachine
         return found;
     }
 
+    /// The receipts that came out of a printer.
+    std::vector<RecordedDocument> printed() const
+    {
+        std::vector<RecordedDocument> receipts;
+        for (const RecordedDocument &document : printers.documents)
+            if (document.finished)
+                receipts.push_back(document);
+        return receipts;
+    }
+
     RecordingHost &host = openCompany();
-    std::vector<PrintedPaper> printed;
-    bool printerBroken = false;
 };

@@ -83,16 +83,6 @@ TEST_F(SettingsTest, SavesOneStatementPerTableInOrder)
     EXPECT_EQ(saved, 1);
 }
 
-TEST_F(SettingsTest, AStatementThatFailsDoesNotStopTheRestAndIsNotReported)
-{
-    session.load();
-    machine.db.statements.clear();
-    machine.db.failOn = [](const QString &s) { return s.startsWith(u"Update login"_s); };
-    session.serverkaydet(session.values());
-    EXPECT_EQ(machine.db.statements.size(), 9);
-    EXPECT_TRUE(machine.prompt.shown.empty());
-}
-
 TEST_F(SettingsTest, ReadsRowsInOrderAndSplitsTheListColours)
 {
     machine.db.setRow(u"liste"_s, {{u"listrenk"_s, u"255<1234>65280"_s}, {u"enust"_s, u"1"_s}});

@@ -14,14 +14,41 @@
 
 #include <QTemporaryDir>
 
-/// A working folder with the demo shop on the real engines and files; only the user, the clock and
-/// the loudspeaker are fakes.
-struct RealShop
+/// The program on the real engines and files of a working folder; only the user, the clock and the
+/// loudspeaker are fakes.
+struct RealMachine
+{
+    explicit RealMachine(const QString &directory)
+        : host(directory, keys), printers(directory, clock),
+          program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
+    {}
+
+    /// Opens the host as the start of the program does.
+    void open() { HostLink(program).sqlbaglan(); }
+
+    FixedClock clock;
+    ProfileKeyFile keys;
+    EngineConnector host;
+    SqliteDatabase db;
+    SystemPrinters printers;
+    RecordingSounds sounds;
+    ScriptedPrompt prompt;
+    Program program;
+};
+
+struct ShopFolder
+{
+    QTemporaryDir folder;
+};
+
+/// A working folder with the demo shop, and the program on it.
+struct RealShop : ShopFolder, RealMachine
 {
     /// Engine::server: on the test server; there is no shop at all when none is named, see
     /// SKIP_WITHOUT_SERVER. `moment`: what the clock shows.
     explicit RealShop(Engine engine = Engine::embedded,
                       const QDateTime &moment = FixedClock().moment)
+        : RealMachine(folder.path())
     {
         clock.moment = moment;
         copyShippedFiles(folder.path());
@@ -32,23 +59,20 @@ struct RealShop
             moveToServer(*login);
     }
 
-    /// Opens the host as the start of the program does.
-    void open() { HostLink(program).sqlbaglan(); }
+    /// The test server drops databases that nobody uses any more.
+    ~RealShop()
+    {
+        program.bag.reset();
+        program.anabag.reset();
+    }
+    RealShop(const RealShop &) = delete;
+    RealShop &operator=(const RealShop &) = delete;
 
     /// One more connection to the company database.
     std::unique_ptr<HostConnection> connect() { return host.open(connectionString(company)); }
 
-    QTemporaryDir folder;
-    FixedClock clock;
-    ProfileKeyFile keys;
-    EngineConnector host{folder.path(), keys};
-    SqliteDatabase db;
-    SystemPrinters printers{folder.path(), clock};
-    RecordingSounds sounds;
-    ScriptedPrompt prompt;
     std::unique_ptr<TestServer> server; ///< null with the embedded engine
     ConnectionSettings company{kEmbeddedServer.toString(), {}, {}, kDemoCompany.toString()};
-    Program program{Ports{host, db, keys, printers, sounds, clock, prompt}, folder.path()};
 
 private:
     void moveToServer(const ConnectionSettings &login)

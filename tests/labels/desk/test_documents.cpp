@@ -1,10 +1,9 @@
+#include "fakes/invoice_shop.h"
 #include "fakes/label_shop.h"
-#include "labels/desk/invoice_picker.h"
 #include "labels/desk/price_change_finder.h"
 #include "support/print_qt.h"
 
 #include <QAbstractItemModelTester>
-#include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
@@ -12,33 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A picker with two invoice types; `invoice()` adds to what the host answers.
-struct InvoiceDesk
+struct InvoiceDesk : InvoiceShop
 {
-    FakeMachine machine;
-    RecordingHost &host = machine.openCompany();
-    InvoicePicker picker{machine.program};
-    std::vector<RecordSet::Row> rows;
-
-    InvoiceDesk()
-    {
-        host.answers[u"select * from FATFISTIP"_s] =
-            RecordSet({u"FATFTNO"_s, u"FATFTKOD"_s}, {{1, u"ALIŞ"_s}, {3, u"SATIŞ"_s}});
-    }
-
-    void invoice(int reference, int type, const QVariant &date)
-    {
-        rows.push_back({reference, type, date, u"E%1"_s.arg(reference), u"Güneş Ltd."_s});
-        host.answers[u"select * from FATFIS"_s] = RecordSet(
-            u"FATFISREFNO FATFISTIPI FATFISTAR FATFISEVRAKNO1 FATFISCARUNVAN"_s.split(u' '), rows);
-    }
-
-    void lines(const QString &where, const std::vector<RecordSet::Row> &answer)
-    {
-        host.answers[u"select * from FATHAR where FATHARREFNO="_s + where] =
-            RecordSet({u"FATHARSTKKOD"_s, u"FATHARMIKTAR"_s}, answer);
-    }
-
     QStringList listed()
     {
         QStringList all;
@@ -135,49 +109,6 @@ TEST(InvoicePicker, LoadsTheLinesOfCheckedInvoicesInListOrder)
                            all + u"'9' and FATHARACIKLAMA1=''"_s}));
 }
 
-TEST(InvoicePicker, TheTrackingFilterIsKeptInItsKeyFile)
-{
-    InvoiceDesk desk;
-    auto &kept = desk.machine.keys.values;
-    desk.picker.load();
-    EXPECT_EQ(desk.picker.tracking(), TrackingFilter());
-    desk.picker.saveTracking({true, u"T-1055"_s});
-    EXPECT_EQ(kept.value(u"/shop/fattakip.zev|fat|takip"_s), u"1"_s);
-    EXPECT_EQ(kept.value(u"/shop/fattakip.zev|fat|takipno"_s), u"T-1055"_s);
-    InvoicePicker later(desk.machine.program);
-    later.takipyukle();
-    EXPECT_EQ(later.tracking(), TrackingFilter({true, u"T-1055"_s}));
-    desk.machine.keys.writable = false;
-    desk.picker.saveTracking({});
-    EXPECT_EQ(desk.machine.prompt.shown.size(), 1U);
-}
-
-TEST(InvoicePicker, AHundredThousandInvoicesShowProgressAndCanBeStopped)
-{
-    InvoiceDesk desk;
-    desk.rows.reserve(100'000);
-    for (int i = 0; i < 99'999; ++i)
-        desk.rows.push_back({i, 1, QDate(2026, 3, 1), u"E"_s, u"Ö"_s});
-    desk.invoice(99'999, 1, QDate(2026, 3, 1));
-    desk.picker.load();
-    int progress = 0;
-    const auto seen = QObject::connect(&desk.picker, &InvoicePicker::progressed,
-                                       [&](const QString &, int done, int total) {
-                                           EXPECT_LE(done, total);
-                                           ++progress;
-                                       });
-    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
-    EXPECT_EQ(desk.picker.invoices().size(), 100'000);
-    EXPECT_GT(progress, 1);
-    QObject::disconnect(seen);
-
-    QObject::connect(&desk.picker, &InvoicePicker::progressed, &desk.picker, &InvoicePicker::stop);
-    desk.picker.listInvoices(0, QDate(2026, 3, 1), QDate(2026, 3, 1));
-    EXPECT_GT(desk.picker.invoices().size(), 0);
-    EXPECT_LT(desk.picker.invoices().size(), 100'000);
-    EXPECT_FALSE(desk.picker.isBusy());
-}
-
 TEST(InvoicePicker, AFailureIsToldAndTheListsStay)
 {
     InvoiceDesk desk;
@@ -190,7 +121,9 @@ TEST(InvoicePicker, AFailureIsToldAndTheListsStay)
     EXPECT_EQ(desk.picker.invoices().checkedReferences(), QStringList(u"7"_s));
     desk.picker.loadLines({});
     desk.picker.fatipyukle();
-    EXPECT_EQ(desk.machine.prompt.shown.size(), 3U);
+    desk.machine.keys.writable = false;
+    desk.picker.saveTracking({});
+    EXPECT_EQ(desk.machine.prompt.shown.size(), 4U);
     EXPECT_FALSE(desk.picker.isBusy());
 }
 
@@ -219,21 +152,16 @@ TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
     LabelShop shop;
     shop.desk.listele();
     shop.host.statements.clear();
-    QString status;
-    QObject::connect(&shop.desk, &LabelDesk::statusChanged,
-                     [&](const QString &text) { status = text; });
     shop.answer(u"select * from STKKART where STKKOD='S3'"_s,
                 LabelShop::cards({{u"S3"_s, u"Çay 500 g"_s, u"ADET"_s, QVariant()}}));
     shop.desk.listLines(
         {{u"S1"_s, u"3"_s}, {u"S3"_s, u"2,5"_s}, {u"S1"_s, u"4"_s}, {u"YOK"_s, u"1"_s}});
 
-    QStringList rows;
-    for (const StockRow &row : shop.desk.stocks().rows())
-        rows += QStringList{row.code, row.barcode, row.price, row.count}.join(u' ');
-    EXPECT_EQ(rows,
-              QStringList({u"S1 112 10,00 3"_s, u"S3 331 1.250,50 3"_s, u"S1 112 10,00 4"_s}));
-    EXPECT_TRUE(status.startsWith(u"3 satır listelendi. 1 fatura satırının"_s));
-    EXPECT_TRUE(status.contains(u"yukarı yuvarlandı"_s));
+    EXPECT_EQ(shop.stocks(), QStringList({u"112|S1|Süt 1 L|ADET (BIRIM1)|10,00|3|1"_s,
+                                          u"331|S3|Çay 500 g|ADET (BIRIM1)|1.250,50|3|1"_s,
+                                          u"112|S1|Süt 1 L|ADET (BIRIM1)|10,00|4|1"_s}));
+    EXPECT_TRUE(shop.status.startsWith(u"3 satır listelendi. 1 fatura satırının"_s));
+    EXPECT_TRUE(shop.status.contains(u"yukarı yuvarlandı"_s));
     EXPECT_EQ(shop.host.statements.mid(0, 4),
               QStringList({u"select * from STKKART where STKKOD='S1'"_s,
                            u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
@@ -284,18 +212,4 @@ TEST(PriceChangeFinder, TheStartMinuteBelongsToTheRange)
     finder.find({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(2, 0), QTime(1, 0)});
     EXPECT_TRUE(asked.isEmpty());
     EXPECT_EQ(machine.prompt.shown.size(), 2U);
-}
-
-TEST(PriceChangeFinder, ItsStatementFillsTheStockList)
-{
-    LabelShop shop;
-    const QString statement =
-        u"select * from STKKART where (STKSYFTARIHI between '01.03.2026' and '31.03.2026') and "
-        "(STKSYFSAATI>='07:59:00' and STKSYFSAATI<='12:00:00')"_s;
-    shop.answer(statement, LabelShop::cards({{u"S1"_s, u"Süt 1 L"_s, u"ADET"_s, u"KOLI"_s}}));
-    shop.desk.fiyatdegisbul(u"01.03.2026"_s, u"31.03.2026"_s, u"07:59:00"_s, u"12:00:00"_s);
-    EXPECT_EQ(shop.host.statements.value(0), statement);
-    ASSERT_EQ(shop.desk.stocks().size(), 1);
-    EXPECT_EQ(shop.desk.stocks().at(0).price, u"10,00"_s);
-    EXPECT_EQ(shop.desk.stocks().at(0).count, u"1"_s);
 }

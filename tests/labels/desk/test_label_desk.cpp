@@ -7,18 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QStringList tags(const PrintQueue &queue)
-{
-    QStringList all;
-    for (const QueueRow &row : queue.rows())
-        all += row.code + u' ' + row.tag;
-    return all;
-}
-
-} // namespace
-
 TEST(LabelDesk, PriceNumbersComeFromTheSettings)
 {
     const struct
@@ -54,7 +42,7 @@ TEST(LabelDesk, RowsAreQueuedSinglyOrInBulk)
     shop.desk.addOne(1);
     shop.desk.addOne(-1);
     shop.desk.addOne(4);
-    EXPECT_EQ(tags(shop.desk.queue()), QStringList({u"S1 2<123>a0"_s, u"S1 2<123>a0"_s}));
+    EXPECT_EQ(shop.queued(), QStringList({u"S1 2<123>a0"_s, u"S1 2<123>a0"_s}));
     const QueueRow milk = {u"1"_s,     u"221"_s, u"S1"_s,      u"Süt 1 L"_s, u"KOLI (BIRIM2)"_s,
                            u"81,00"_s, u"1"_s,   u"2<123>a0"_s};
     EXPECT_EQ(shop.desk.queue().at(0), milk);
@@ -71,7 +59,7 @@ TEST(LabelDesk, RowsAreQueuedSinglyOrInBulk)
     for (const auto &c : cases) {
         shop.desk.clearQueue();
         (shop.desk.*c.command)();
-        EXPECT_EQ(tags(shop.desk.queue()), c.rows);
+        EXPECT_EQ(shop.queued(), c.rows);
     }
 }
 
@@ -81,7 +69,7 @@ TEST(LabelDesk, ABadCountIsRefusedWithAMessage)
     shop.desk.listele();
     shop.desk.ektm();
     const QSignalSpy taken(&shop.desk, &LabelDesk::allCountsSet);
-    for (const QString &bad : {u"0"_s, u"2,5"_s, u"abc"_s, u""_s}) {
+    for (const QString &bad : {u"0"_s, u"2,5"_s, u"abc"_s, u""_s, u"1000000"_s}) {
         shop.machine.prompt.shown.clear();
         shop.desk.setCount(0, bad);
         shop.desk.setAllCounts(bad);
@@ -90,37 +78,9 @@ TEST(LabelDesk, ABadCountIsRefusedWithAMessage)
         EXPECT_TRUE(shop.machine.prompt.shown[0].text.contains(u"\"%1\""_s.arg(bad)));
     }
     EXPECT_EQ(shop.desk.queue().total(), 3);
+    EXPECT_FALSE(shop.desk.queue().setCount(3, u"2")); // there is no such row
     EXPECT_EQ(taken.count(), 0);
     shop.desk.setAllCounts(u"3"_s);
     EXPECT_EQ(shop.desk.queue().total(), 9);
     EXPECT_EQ(taken.count(), 1);
-}
-
-TEST(LabelDesk, PrintingIsAskedForOnlyWithSomethingToPrint)
-{
-    LabelShop shop;
-    const QSignalSpy all(&shop.desk, &LabelDesk::printAllRequested);
-    const QSignalSpy one(&shop.desk, &LabelDesk::printSelectedRequested);
-    shop.desk.yzdtum();
-    shop.desk.yzdsec(0);
-    shop.desk.listele();
-    shop.desk.ektm();
-    shop.desk.yzdsec(-1);
-    EXPECT_EQ(all.count() + one.count(), 0);
-    shop.desk.yzdtum();
-    shop.desk.yzdsec(2);
-    EXPECT_EQ(all.count(), 1);
-    ASSERT_EQ(one.count(), 1);
-    EXPECT_EQ(one[0][0].toInt(), 2);
-}
-
-TEST(LabelDesk, ColumnWidthsAreKeptInTheKeyFile)
-{
-    LabelShop shop;
-    EXPECT_TRUE(shop.desk.stockWidths().isEmpty());
-    shop.desk.saveWidths({10, 20, 30, 40, 50, 60}, {11, 21, 31, 41, 51, 61, 71});
-    EXPECT_EQ(shop.machine.keys.values.value(u"/shop/Ayar.zev|list|wdt"_s), u"10-20-30-40-50-60"_s);
-    EXPECT_EQ(shop.machine.keys.values.value(u"/shop/Ayar.zev|list2|wdt"_s),
-              u"11-21-31-41-51-61-71"_s);
-    EXPECT_EQ(shop.desk.queueWidths(), QList<int>({11, 21, 31, 41, 51, 61, 71}));
 }

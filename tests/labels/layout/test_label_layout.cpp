@@ -1,15 +1,14 @@
 #include "common/amount.h"
 #include "labels/layout/label_layout.h"
+#include "support/files.h"
 #include "support/ini_key_file.h"
 #include "support/print_qt.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRectF>
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -17,13 +16,6 @@ namespace {
 
 const QString kFile = u"/ayar/deneme.ayr"_s;
 const QString kGolden = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/golden/her_anahtar.ayr");
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
 
 QRectF rectOf(const LabelBox &box)
 {
@@ -100,7 +92,7 @@ LabelLayout everyKey()
 
 TEST(LabelLayoutFile, IsWrittenByteForByte)
 {
-    EXPECT_EQ(saved(everyKey()).toStdString(), bytesOf(kGolden).toStdString());
+    EXPECT_EQ(saved(everyKey()).toStdString(), readFile(kGolden).toStdString());
     EXPECT_EQ(saved({}).toStdString(),
               "\r\n[paper]\r\nx=\r\ny=\r\nind1=\r\nind2=\r\nind3=\r\nksay=\r\n"
               "[print]\r\nprinter=\r\nkalite=\r\n"
@@ -182,16 +174,8 @@ TEST(LabelLayoutFile, DamagedNumbersReadAsZero)
     EXPECT_TRUE(saved(endless).startsWith("\r\n[pc1]\r\nx=0,0\r\ny=0,0\r\n"));
 }
 
-TEST(LabelLayoutFile, BoundTextsStoreTheirFieldTwiceAndFreeTextsNone)
+TEST(LabelLayoutFile, AFieldMayBringItsAlignment)
 {
-    LabelLayout layout;
-    layout.texts.resize(2);
-    layout.texts[0].field = layout.texts[0].caption = u"Fiyat"_s;
-    layout.texts[1].caption = u"Fiyat"_s;
-    const QByteArray bytes = saved(layout);
-    EXPECT_TRUE(bytes.contains("bl=Fiyat\r\nyz=Fiyat\r\n[tx2]"));
-    EXPECT_TRUE(bytes.contains("bl=\r\nyz=Fiyat\r\n[paper]"));
-
     const TextElement shifted = onlyText("bl=Barkod<123>3\r\nangl=2");
     EXPECT_EQ(shifted.field, u"Barkod"_s);
     EXPECT_EQ(shifted.alignment, u"3"_s);
@@ -265,7 +249,7 @@ TEST(ShippedLayouts, AreInCanonicalFormAndFitTheirLabels)
     EXPECT_GE(names.size(), 4);
     for (const QString &name : names) {
         SCOPED_TRACE(name.toStdString());
-        const QByteArray bytes = bytesOf(shipped.filePath(name));
+        const QByteArray bytes = readFile(shipped.filePath(name));
         const LabelLayout layout = opened(bytes);
         EXPECT_EQ(saved(layout).toStdString(), bytes.toStdString());
         EXPECT_EQ(layout.printer, u"PDF"_s);
@@ -289,18 +273,7 @@ TEST(ShippedLayouts, AreInCanonicalFormAndFitTheirLabels)
         }
     }
     IniKeyFile keys;
-    keys.files.insert(u"/ayar/Default.zev"_s, IniText(bytesOf(shipped.filePath(u"Default.zev"_s))));
+    keys.files.insert(u"/ayar/Default.zev"_s,
+                      IniText(readFile(shipped.filePath(u"Default.zev"_s))));
     EXPECT_TRUE(names.contains(defaultLayout(keys, QString())));
-}
-
-TEST(ShippedLayouts, OneShowsEveryAngleWithEveryAlignment)
-{
-    const LabelLayout layout =
-        opened(bytesOf(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/Dört Yön.ayr")));
-    std::set<std::pair<double, QString>> shown;
-    for (const TextElement &text : layout.texts)
-        shown.insert({text.angle, text.alignment});
-    EXPECT_EQ(shown.size(), 12U);
-    EXPECT_EQ(layout.barcodes.size(), 2U);
-    EXPECT_EQ(layout.pictures.size(), 1U);
 }

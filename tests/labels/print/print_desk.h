@@ -1,28 +1,30 @@
 #pragma once
 
 #include "fakes/fake_ports.h"
-#include "fakes/recording_printers.h"
 #include "labels/print/print_run.h"
-#include "support/ini_key_file.h"
+#include "support/files.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-/// A print run over a working folder with layouts, recording printers and scripted answers.
-struct PrintDesk
+struct PrintFolder
 {
-    PrintDesk() { QDir().mkpath(pictureFolder(directory.path())); }
+    QTemporaryDir directory;
+};
+
+/// A print run over a working folder with layouts, on a machine of fakes.
+struct PrintDesk : PrintFolder, FakeMachine
+{
+    PrintDesk() : FakeMachine(directory.path()) { QDir().mkpath(pictureFolder(directory.path())); }
 
     /// The key file lives in memory; an empty file of its name makes it show in the list.
     void addLayout(const QString &name, const LabelLayout &layout)
     {
         const QString path = layoutFolder(directory.path()) + QChar(u'/') + name;
         saveLayout(keys, path, layout);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        writeFile(path, {});
     }
     void setDefault(const QString &name)
     {
@@ -62,14 +64,5 @@ struct PrintDesk
                 QStringLiteral("1,00"), count};
     }
 
-    QTemporaryDir directory;
-    ScriptedConnector connector;
-    RecordingDatabase db;
-    IniKeyFile keys;
-    RecordingPrinters printers;
-    RecordingSounds sounds;
-    FixedClock clock;
-    ScriptedPrompt prompt;
-    Program program{Ports{connector, db, keys, printers, sounds, clock, prompt}, directory.path()};
     PrintRun run{program};
 };

@@ -1,7 +1,7 @@
 #include "labels/print/picture_store.h"
+#include "support/files.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -23,12 +23,6 @@ protected:
         ASSERT_TRUE(QFile::copy(path(u"pic/logo.png"_s), path(u"pic/png named.bmp"_s)));
     }
     QString path(const QString &name) const { return directory.filePath(name); }
-    void write(const QString &name, const QByteArray &bytes) const
-    {
-        QFile file(path(u"pic/"_s + name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
 
     QTemporaryDir directory;
     PictureStore store{directory.filePath(u"pic"_s)};
@@ -53,17 +47,16 @@ TEST_F(PictureStoreTest, NamesStayInsideTheFolder)
 
 TEST_F(PictureStoreTest, DamagedAndHostileFilesShowNothing)
 {
-    QFile logo(path(u"pic/logo.png"_s));
-    ASSERT_TRUE(logo.open(QIODevice::ReadOnly));
-    const QByteArray png = logo.readAll();
-    write(u"cut.png"_s, png.first(20));
-    write(u"text.png"_s, "this is no picture");
-    write(u"empty.png"_s, "");
-    write(u"huge.ppm"_s, "P6 2000000000 2000000000 255\n");
-    write(u"large.bmp"_s, QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\xff\xff\0\0\xff\xff"
-                                     "\0\0\1\0\x18\0",
-                                     30) +
-                              QByteArray(24, '\0'));
+    const QByteArray png = readFile(path(u"pic/logo.png"_s));
+    writeFile(path(u"pic/cut.png"_s), png.first(20));
+    writeFile(path(u"pic/text.png"_s), "this is no picture");
+    writeFile(path(u"pic/empty.png"_s), "");
+    writeFile(path(u"pic/huge.ppm"_s), "P6 2000000000 2000000000 255\n");
+    writeFile(path(u"pic/large.bmp"_s),
+              QByteArray("BM\x36\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\xff\xff\0\0\xff\xff"
+                         "\0\0\1\0\x18\0",
+                         30) +
+                  QByteArray(24, '\0'));
     for (const QString &name :
          {u"cut.png"_s, u"text.png"_s, u"empty.png"_s, u"huge.ppm"_s, u"large.bmp"_s})
         EXPECT_TRUE(store.find(name, {50, 50}).isNull()) << name.toStdString();

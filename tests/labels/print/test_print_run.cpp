@@ -63,17 +63,12 @@ TEST_F(PrintRunTest, OnlyTheSelectedRow)
     EXPECT_EQ(rows, QList<int>{1});
     EXPECT_EQ(document().pages, 1);
     EXPECT_TRUE(document().finished);
+    desk.run.yzdsec({PrintDesk::row(u"Ayran"_s, 8)}, 0);
+    EXPECT_EQ(desk.printers.documents.back().pages, 2); // a full sheet feeds no blank one
 
     for (const int nowhere : {-1, 2})
         desk.run.yzdsec(queue, nowhere);
-    EXPECT_EQ(desk.printers.documents.size(), 1U);
-}
-
-TEST_F(PrintRunTest, AFullSheetFeedsNoBlankOne)
-{
-    useDefault(PrintDesk::plainLayout());
-    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 8)});
-    EXPECT_EQ(document().pages, 2);
+    EXPECT_EQ(desk.printers.documents.size(), 2U);
 }
 
 TEST_F(PrintRunTest, WithoutADefaultTheDialogIsAskedFor)
@@ -87,16 +82,6 @@ TEST_F(PrintRunTest, WithoutADefaultTheDialogIsAskedFor)
     EXPECT_TRUE(desk.run.yazzzz2(u"raf.ayr"_s));
     EXPECT_TRUE(desk.run.yazzzz(u"raf.ayr"_s));
     EXPECT_EQ(rows, (QList<int>{1, 0, 1}));
-}
-
-TEST_F(PrintRunTest, AnEmptyQueueDoesNothing)
-{
-    useDefault(PrintDesk::plainLayout());
-    desk.run.yzdtum({});
-    desk.run.yzdsec({}, 0);
-    EXPECT_TRUE(desk.printers.documents.empty());
-    EXPECT_TRUE(modes.empty());
-    EXPECT_TRUE(desk.prompt.warned.empty());
 }
 
 TEST_F(PrintRunTest, APrinterThatIsGoneIsSaid)
@@ -160,24 +145,6 @@ TEST_F(PrintRunTest, FailuresOfThePrinterAreSaidAndLeaveNothingRunning)
     EXPECT_EQ(ends, (QList<bool>{false, false, false, true}));
 }
 
-TEST_F(PrintRunTest, ALongRunIsWatchedAndStopped)
-{
-    useDefault(PrintDesk::plainLayout());
-    qint64 seen = 0;
-    QObject::connect(&desk.run, &PrintRun::progressed, [&](qint64 label, qint64 labels, int page) {
-        seen = label;
-        EXPECT_EQ(labels, 999'999);
-        EXPECT_EQ(page, (label + 3) / 4);
-        desk.run.stop();
-    });
-    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 999'999)});
-    EXPECT_GT(seen, 0);
-    EXPECT_TRUE(document().cancelled);
-    EXPECT_FALSE(document().finished);
-    EXPECT_TRUE(status.contains(u"hiçbir etiket"_s));
-    EXPECT_FALSE(desk.run.isRunning());
-}
-
 TEST_F(PrintRunTest, ASecondRunIsRefusedWhileOneRuns)
 {
     useDefault(PrintDesk::plainLayout());
@@ -228,8 +195,12 @@ TEST_F(PrintRunTest, RowsOfNoLabelsAreLeftOut)
     desk.run.yzdtum({queue[0], none, last});
     EXPECT_EQ(rows, (QList<int>{0, 2}));
     desk.run.yzdtum({none});
+    desk.run.yzdtum({});
+    desk.run.yzdsec({}, 0);
     EXPECT_EQ(desk.printers.documents.size(), 1U);
+    EXPECT_TRUE(modes.empty());
     EXPECT_TRUE(desk.prompt.asked.empty());
+    EXPECT_TRUE(desk.prompt.warned.empty());
 }
 
 TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)

@@ -4,6 +4,7 @@
 #include "platform/pdf_document.h"
 #include "platform/spooler.h"
 #include "platform/system_printers.h"
+#include "support/files.h"
 #include "support/print_qt.h"
 
 #include <QDir>
@@ -30,12 +31,6 @@ QByteArray runTool(const QString &program, const QStringList &arguments)
     if (!process.waitForFinished(60'000))
         return "not run";
     return process.readAll();
-}
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 class PrintersTest : public testing::Test
@@ -90,7 +85,7 @@ TEST_F(PrintersTest, EachDocumentBecomesAFileOfItsOwn)
     EXPECT_TRUE(info.contains("Pages:           2")) << info.toStdString();
     EXPECT_TRUE(info.contains("(A4)")) << info.toStdString();
     EXPECT_FALSE(info.contains("Syntax")) << info.toStdString();
-    EXPECT_TRUE(readAll(file).contains("/ViewerPreferences << /PrintScaling /None >>"));
+    EXPECT_TRUE(readFile(file).contains("/ViewerPreferences << /PrintScaling /None >>"));
 }
 
 TEST_F(PrintersTest, ADroppedDocumentLeavesNothing)
@@ -104,8 +99,7 @@ TEST_F(PrintersTest, ADroppedDocumentLeavesNothing)
 
 TEST_F(PrintersTest, AFolderThatCannotBeMadeIsSaid)
 {
-    QFile file(path(u"cikti"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    writeFile(path(u"cikti"_s), {});
     EXPECT_THROW(printers.open(u"PDF"_s, a4), PrintError);
 }
 
@@ -236,10 +230,9 @@ protected:
     void script(const QString &name, const QByteArray &text) const
     {
         ASSERT_TRUE(QDir(directory.path()).mkpath(u"bin"_s));
-        QFile file(path(u"bin/"_s + name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("#!/bin/sh\n" + text);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString file = path(u"bin/"_s + name);
+        writeFile(file, "#!/bin/sh\n" + text);
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     QByteArray m_before;
@@ -251,7 +244,7 @@ TEST_F(SpoolerTest, TheSetupReachesThePrinter)
     EXPECT_EQ(document->device().logicalDpiX(), 600);
     printWords(*document, {u"bir"_s, u"iki"_s});
     document->finish();
-    const QStringList said = QString::fromUtf8(readAll(path(u"said"_s))).split(u'\n');
+    const QStringList said = QString::fromUtf8(readFile(path(u"said"_s))).split(u'\n');
     EXPECT_EQ(said.mid(0, 4), (QStringList{u"-d"_s, u"Etiket 1"_s, u"-t"_s, u"Raf"_s}));
     for (const QString &option : {u"print-scaling=none"_s, u"media=Custom.58x40mm"_s,
                                   u"print-quality=5"_s, u"Resolution=600x300dpi"_s})

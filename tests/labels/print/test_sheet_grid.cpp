@@ -26,17 +26,6 @@ void expectPlace(const GridWalk::Place &place, float x, float y, int page, bool 
 
 } // namespace
 
-TEST(SheetGrid, FillsRowsThenSheets)
-{
-    const auto places = walk({5, 10, 70, 37, 3, 2}, 7);
-    expectPlace(places[0], 5, 10, 1, false);
-    expectPlace(places[1], 75, 10, 1, false);
-    expectPlace(places[2], 145, 10, 1, false);
-    expectPlace(places[3], 5, 47, 1, false);
-    expectPlace(places[5], 145, 47, 1, false);
-    expectPlace(places[6], 5, 10, 2, true);
-}
-
 TEST(SheetGrid, SingleLabelSheetsFeedBeforeEachButTheFirst)
 {
     const auto places = walk({0, 0, 58, 40, 1, 1}, 3);
