@@ -1,5 +1,6 @@
 #include "common/settings_database.h"
 #include "labels/desk/label_desk.h"
+#include "labels/desk/price_change_finder.h"
 #include "labels/desk/queue_labels.h"
 #include "labels/print/print_run.h"
 #include "shell/login_session.h"
@@ -39,6 +40,55 @@ TEST_F(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
     login.load();
     login.enter(QString());
     EXPECT_TRUE(accepted) << "the password of a new shop is empty";
+}
+
+TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
+{
+    LabelDesk desk(shop.program);
+    desk.olcuyukle();
+    const auto found = [&](const QString &text) {
+        desk.stkcinsibul(text);
+        return desk.stocks().size();
+    };
+    const int lower = found(u"süt"_s);
+    EXPECT_GT(lower, 20);
+    EXPECT_EQ(found(u"SÜT"_s), lower);
+    EXPECT_EQ(found(u"ılık"_s), found(u"ILIK"_s));
+    EXPECT_EQ(found(u"çikolata"_s), found(u"ÇİKOLATA"_s));
+    EXPECT_NE(found(u"PİRİNÇ"_s), 0);
+
+    // A quote breaks the statement: the user is told, list and queue stay.
+    desk.ektm();
+    const int listed = desk.stocks().size();
+    desk.stkcinsibul(u"Ali'nin"_s);
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    EXPECT_EQ(desk.stocks().size(), listed);
+    EXPECT_EQ(desk.queue().size(), listed);
+}
+
+TEST_F(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
+{
+    const QDate today = shop.clock.now().date();
+    const QDate first = today.addDays(-40); // the days of two months, in either order as texts
+    QStringList expected;
+    RecordSet cards = shop.program.company().execute(u"select * from STKKART"_s);
+    for (; !cards.eof(); cards.moveNext()) {
+        const QDate day = cards.value(u"STKSYFTARIHI").toDate();
+        const QString time = cards.text(u"STKSYFSAATI");
+        if (first <= day && day <= today && u"08:29:00"_s <= time && time <= u"12:00:00"_s)
+            expected += cards.text(u"STKKOD");
+    }
+    EXPECT_GT(expected.size(), 20);
+
+    LabelDesk desk(shop.program);
+    desk.olcuyukle();
+    PriceChangeFinder finder(shop.program);
+    QObject::connect(&finder, &PriceChangeFinder::found, &desk, &LabelDesk::fiyatdegisbul);
+    finder.find({first, today, QTime(8, 30), QTime(12, 0)});
+    QStringList found;
+    for (const StockRow &row : desk.stocks().rows())
+        found += row.code;
+    EXPECT_EQ(found, expected);
 }
 
 TEST_F(DemoShop, SettingsAreSavedAndReadBack)
