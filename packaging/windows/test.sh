@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the program and its tests for Windows and runs them under Wine, on a screen of their own,
-# then reads the bars of the sheets that the tour printed.
+# one after another because only one form can be active on it, then reads the bars of the sheets that
+# the tour printed.
 #   packaging/windows/test.sh [ctest options]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
