@@ -7,9 +7,9 @@
 #include "labels/print/label_painter.h"
 #include "labels/print/print_run.h"
 #include "labels/print/sheet_grid.h"
-#include "platform/page_setup.h"
-#include "platform/pdf_document.h"
-#include "platform/system_printers.h"
+#include "platform/printing/page_setup.h"
+#include "platform/printing/pdf_document.h"
+#include "platform/printing/system_printers.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "fakes/fake_ports.h"
-#include "platform/demo_shop.h"
-#include "platform/engine_connector.h"
+#include "platform/demo/demo_shop.h"
+#include "platform/host/engine_connector.h"
 
 #include <QDate>
 #include <QDir>

@@ -7,9 +7,7 @@ cd "$(dirname "$0")/.."
 need "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}" \
     "${check_packages[@]}"
 
-git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run --Werror
-echo "format: well"
-
+scripts/format.sh
 scripts/layers.sh
 
 if [ "${1:-}" = --quick ]; then

@@ -18,12 +18,14 @@ refuse() { # message, pattern, files on standard input
     fi
 }
 
-core() { git ls-files 'src/*.h' 'src/*.cpp' | grep -vE '^src/(platform/|tour/|main\.cpp|rooms\.)|/forms/'; }
+core() { git ls-files 'src/*.h' 'src/*.cpp' | grep -vE '^src/(platform/|tour/|app/|main\.cpp)|/forms/'; }
 forms() { git ls-files 'src/**/forms/*.h' 'src/**/forms/*.cpp'; }
 
 core | refuse "core includes widgets, printers or an engine" \
     '#include .(QtWidgets|QtPrintSupport|QWidget|QDialog|QApplication|QPrinter|QMessageBox|sqlite3|sql\.h|sqlext|windows\.h)'
 core | refuse "core includes a form or the platform" '#include "(platform/|[a-z/]*forms/|ui_)'
+git ls-files 'src/shell/*' 'src/sales/*' 'src/labels/*' 'src/common/*' 'src/platform/*' |
+    refuse "a room includes what connects the rooms" '#include "(app|tour)/'
 forms | refuse "a form includes the platform" '#include "platform/'
 forms | refuse "a form holds a statement" '(select \*|Update [a-z]+ set|INSERT INTO|UPDATE [A-Z]+ SET)'
 git ls-files 'src/*.h' 'src/*.cpp' | refuse "string connect or a forgotten mark" \

@@ -27,13 +27,13 @@ run_packages=(
 )
 test_packages=(
     libgtest-dev libgmock-dev libzint-dev libzbar-dev libsqliteodbc tdsodbc poppler-utils
-    locales
+    locales clang-format git
 )
 bench_packages=(
     libbenchmark-dev
 )
 check_packages=(
-    clang clang-format clang-tidy libclang-rt-14-dev
+    clang clang-tidy libclang-rt-14-dev
 )
 windows_packages=(
     g++-mingw-w64-x86-64-posix dpkg-dev tcl librsvg2-bin icoutils

@@ -1,4 +1,4 @@
-#include "platform/demo_shop.h"
+#include "platform/demo/demo_shop.h"
 
 #include <QFile>
 

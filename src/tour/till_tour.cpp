@@ -1,4 +1,4 @@
-#include "rooms.h"
+#include "app/rooms.h"
 #include "tour/tour.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "tour/tour.h"
 
-#include "rooms.h"
+#include "app/rooms.h"
 
 #include <QAbstractItemModel>
 #include <QAbstractItemView>

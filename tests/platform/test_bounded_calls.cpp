@@ -1,4 +1,4 @@
-#include "platform/bounded_calls.h"
+#include "platform/host/bounded_calls.h"
 
 #include <future>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "platform/demo_shop.h"
-#include "platform/demo_text.h"
-#include "platform/embedded_engine.h"
-#include "platform/embedded_file.h"
+#include "platform/demo/demo_shop.h"
+#include "platform/demo/demo_text.h"
+#include "platform/host/embedded_engine.h"
+#include "platform/host/embedded_file.h"
 #include "platform/scratch.h"
 #include "support/print_qt.h"
 

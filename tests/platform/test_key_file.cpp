@@ -1,6 +1,6 @@
 #include "common/ini_text.h"
 #include "common/turkish.h"
-#include "platform/profile_key_file.h"
+#include "platform/machine/profile_key_file.h"
 #include "support/print_qt.h"
 #include "support/wine.h"
 

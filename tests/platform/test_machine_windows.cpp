@@ -1,6 +1,6 @@
-#include "platform/spooler.h"
-#include "platform/sql_browser.h"
-#include "platform/system_autostart.h"
+#include "platform/host/sql_browser.h"
+#include "platform/machine/system_autostart.h"
+#include "platform/printing/spooler.h"
 #include "support/print_qt.h"
 
 #include <QCoreApplication>

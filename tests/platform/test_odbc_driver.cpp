@@ -1,7 +1,7 @@
 #include "common/host_error.h"
-#include "platform/odbc_driver.h"
-#include "platform/odbc_errors.h"
-#include "platform/sql_browser.h"
+#include "platform/host/odbc_driver.h"
+#include "platform/host/odbc_errors.h"
+#include "platform/host/sql_browser.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "platform/bounded_calls.h"
 #include "platform/fake_sql_server.h"
-#include "platform/odbc_engine.h"
-#include "platform/odbc_session.h"
+#include "platform/host/bounded_calls.h"
+#include "platform/host/odbc_engine.h"
+#include "platform/host/odbc_session.h"
+#include "platform/host/sql_browser.h"
 #include "platform/scratch.h"
-#include "platform/sql_browser.h"
 #include "support/print_qt.h"
 
 #include <QNetworkDatagram>

@@ -1,4 +1,4 @@
-#include "platform/single_instance.h"
+#include "platform/machine/single_instance.h"
 
 #include <QCoreApplication>
 

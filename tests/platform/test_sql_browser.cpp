@@ -1,4 +1,4 @@
-#include "platform/sql_browser.h"
+#include "platform/host/sql_browser.h"
 
 #include <QNetworkDatagram>
 #include <QUdpSocket>

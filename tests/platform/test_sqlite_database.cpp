@@ -1,5 +1,5 @@
+#include "platform/machine/sqlite_database.h"
 #include "platform/scratch.h"
-#include "platform/sqlite_database.h"
 #include "support/print_qt.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
-#include "platform/host_values.h"
-#include "platform/like_pattern.h"
+#include "platform/host/host_values.h"
+#include "platform/host/like_pattern.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "platform/window_style.h"
+#include "platform/machine/window_style.h"
 #include "shell/cls_style.h"
 
 #include <QTest>

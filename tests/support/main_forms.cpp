@@ -1,4 +1,4 @@
-#include "platform/process_locale.h"
+#include "platform/machine/process_locale.h"
 #include "support/test_machine.h"
 
 #include <QApplication>

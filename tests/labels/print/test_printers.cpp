@@ -1,9 +1,9 @@
 #include "fakes/fake_ports.h"
 #include "labels/print/sheet_pages.h"
-#include "platform/page_setup.h"
-#include "platform/pdf_document.h"
-#include "platform/spooler.h"
-#include "platform/system_printers.h"
+#include "platform/printing/page_setup.h"
+#include "platform/printing/pdf_document.h"
+#include "platform/printing/spooler.h"
+#include "platform/printing/system_printers.h"
 #include "support/files.h"
 #include "support/print_qt.h"
 

@@ -1,0 +1,333 @@
+#include "app/rooms.h"
+
+#include "labels/desk/forms/baruret.h"
+#include "labels/desk/forms/fatura.h"
+#include "labels/desk/forms/fytdegisbul.h"
+#include "labels/desk/forms/stkkart.h"
+#include "labels/desk/queue_labels.h"
+#include "labels/print/forms/print_progress.h"
+#include "labels/print/forms/yazfrm.h"
+#include "platform/machine/window_style.h"
+#include "sales/forms/receipt_designer.h"
+#include "sales/forms/stfatura.h"
+#include "sales/receipt_editor.h"
+#include "shell/cls_style.h"
+#include "shell/forms/baglan.h"
+#include "shell/forms/kakknd.h"
+#include "shell/forms/login.h"
+#include "shell/forms/parametre.h"
+#include "shell/login_session.h"
+#include "shell/settings_session.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Keeps a window over those of other programs, or no longer. One that is as wanted is left alone:
+/// a change would show it anew.
+void keepOnTop(QWidget &window, bool on)
+{
+    const auto words = windowStyleOf(window);
+    clsStyle style(*words);
+    if (style.TopMost() != on)
+        style.setTopMost(on);
+}
+
+/// At 150 % a small screen has less room than some forms would like; their buttons must stay on it.
+void fitToScreen(QWidget &form)
+{
+    constexpr QSize frame(16, 40); // of the window, which is not there yet
+    form.resize(form.size().boundedTo(form.screen()->availableSize() - frame));
+}
+
+bool hasTray()
+{
+    return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+} // namespace
+
+Rooms::Rooms(Program &program, Autostart &autostart)
+    : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
+      m_desk(program), m_invoices(program), m_changes(program), m_print(program), m_till(program),
+      m_strt(m_start, m_link)
+{
+    connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
+    connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
+    connect(&m_start, &StartSession::connectionDialogWanted, this, &Rooms::showConnection);
+    connect(&m_start, &StartSession::stockListWanted, this, &Rooms::showStockList);
+    m_program.reopen = [this] { m_link.reopenCompany(); };
+    connectMenu();
+    connectPrinting();
+    connectDocuments();
+    QApplication::setQuitOnLastWindowClosed(false);
+    connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
+            Qt::QueuedConnection);
+}
+
+Rooms::~Rooms()
+{
+    m_program.reopen = nullptr;
+    for (QWidget *form : std::initializer_list<QWidget *>{
+             m_baruret, m_yazfrm, m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura,
+             m_fytdegisbul, m_stfatura, m_stkkart})
+        delete form;
+}
+
+/// Brings a form up, making it first when it is not there.
+template <typename Form, typename Make>
+void Rooms::showForm(QPointer<Form> &form, Make make)
+{
+    // A form that was closed while it still worked lives on unseen until it is done; it is not
+    // shown again.
+    if (!form || !form->isVisible()) {
+        const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
+        form = make();
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        fitToScreen(*form);
+        if (tillOnTop) // else the till would hide it
+            form->setWindowFlag(Qt::WindowStaysOnTopHint);
+    }
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+
+void Rooms::connectMenu()
+{
+    connect(&m_strt, &strt::stfaturaWanted, this, &Rooms::showSales);
+    connect(&m_strt, &strt::stkkartWanted, this, &Rooms::showStockList);
+    connect(&m_strt, &strt::baglanWanted, this, &Rooms::showConnection);
+    connect(&m_strt, &strt::loginWanted, this, &Rooms::showLogin);
+    connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
+    connect(&m_strt, &strt::unloaded, this, &Rooms::end);
+}
+
+/// The queue belongs to the desk and the run to the engine; they meet here.
+void Rooms::connectPrinting()
+{
+    m_progress = std::make_unique<print_progress>(m_print);
+    connect(&m_desk, &LabelDesk::printAllRequested, this,
+            [this] { m_print.yzdtum(labelRows(m_desk.queue())); });
+    connect(&m_desk, &LabelDesk::printSelectedRequested, this,
+            [this](int row) { m_print.yzdsec(labelRows(m_desk.queue()), row); });
+    connect(&m_desk, &LabelDesk::layoutChoiceRequested, this,
+            [this] { m_print.chooseLayout(labelRows(m_desk.queue())); });
+    connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
+    connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
+    connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
+}
+
+/// What the loaders find goes into the stock list, and the label form comes up to show it. The list
+/// is filled after the key or button that asked for it: their forms may be closed meanwhile.
+void Rooms::connectDocuments()
+{
+    connect(
+        &m_invoices, &InvoicePicker::transferred, this,
+        [this](const QList<InvoiceLine> &lines) {
+            showStockList();
+            m_desk.listLines(lines);
+        },
+        Qt::QueuedConnection);
+    connect(
+        &m_changes, &PriceChangeFinder::found, this,
+        [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
+               const QString &toTime) {
+            showStockList();
+            m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+        },
+        Qt::QueuedConnection);
+    connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
+}
+
+void Rooms::showInvoices()
+{
+    showForm(m_fatura, [this] { return new fatura(m_invoices); });
+}
+
+void Rooms::showPriceChanges()
+{
+    showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+}
+
+void Rooms::showGenerator()
+{
+    showForm(m_baruret, [this] {
+        auto *form = new Baruret(m_desk.numbers(), m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::chooseLayout(PrintMode mode)
+{
+    showForm(m_yazfrm, [this, mode] {
+        auto *form = new yazfrm(m_print, mode, m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::open()
+{
+    m_strt.load();
+}
+
+void Rooms::showStockList()
+{
+    showForm(m_stkkart, [this] {
+        auto *form = new stkkart(m_desk);
+        giveMenu(form->menuButton());
+        connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
+        connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
+        return form;
+    });
+}
+
+void Rooms::showSales()
+{
+    showForm(m_stfatura, [this] {
+        auto *form = new stfatura(m_till);
+        giveMenu(form->menuButton());
+        keepOnTop(*form, m_till.settings().staysOnTop());
+        return form;
+    });
+}
+
+/// After its settings or the receipt layout were changed.
+void Rooms::reloadTill()
+{
+    if (!m_stfatura)
+        return;
+    m_till.load();
+    keepOnTop(*m_stfatura, m_till.settings().staysOnTop());
+}
+
+void Rooms::showConnection()
+{
+    showForm(m_baglan, [this] {
+        auto *form = new baglan(m_link);
+        giveMenu(form->menuButton());
+        connect(form, &baglan::loginWanted, this, &Rooms::showLoginModal);
+        connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded);
+        return form;
+    });
+}
+
+void Rooms::showLogin()
+{
+    if (m_parametre) {
+        m_parametre->raise();
+        m_parametre->activateWindow();
+        return;
+    }
+    showForm(m_login, [this] {
+        auto *session = new LoginSession(m_program);
+        auto *form = new login(*session);
+        session->setParent(form);
+        connect(form, &login::accepted, this, &Rooms::showSettings);
+        return form;
+    });
+}
+
+void Rooms::showLoginModal()
+{
+    showLogin();
+    if (m_login) {
+        m_login->hide(); // modality takes effect when a window is shown
+        m_login->setModal(true);
+        m_login->show();
+    }
+}
+
+void Rooms::showSettings()
+{
+    showForm(m_parametre, [this] {
+        auto *session = new SettingsSession(m_program);
+        auto *form = new parametre(*session);
+        session->setParent(form);
+        connect(session, &SettingsSession::saved, this,
+                [this, session] { settingsSaved(session->values().c1); });
+        connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::settingsSaved(bool startWithMachine)
+{
+    m_desk.olcuyukle();
+    reloadTill();
+    if (!m_autostart.set(startWithMachine))
+        m_program.mesajgoster(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s, 2, 3, 1);
+    // The connection dialog looks at the master connection only, so a company name that was
+    // corrected while the master is open is tried here.
+    if (m_link.masterOpen() && !Program::isOpen(m_program.bag)) {
+        m_link.ayaroku();
+        m_link.sqlbaglan2();
+    }
+}
+
+void Rooms::showReceiptDesigner()
+{
+    showForm(m_designer, [this] {
+        auto *editor = new ReceiptEditor(m_program);
+        auto *form = new receipt_designer(*editor, m_parametre);
+        editor->setParent(form);
+        connect(editor, &ReceiptEditor::saved, this, &Rooms::reloadTill);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showAbout()
+{
+    showForm(m_kakknd, [] { return new kakknd; });
+}
+
+void Rooms::connectionUnloaded()
+{
+    m_restart = m_link.masterOpen();
+    end();
+}
+
+/// Ends the program, unless the till holds goods or new numbers are unsaved and the user wants to
+/// keep them. A print run comes to its end first.
+void Rooms::end()
+{
+    if (m_print.isRunning()) {
+        connect(&m_print, &PrintRun::finished, this, &Rooms::end,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        m_print.stop();
+        return;
+    }
+    m_invoices.stop();
+    const bool labelsEnd = m_stkkart ? m_stkkart->close() : m_desk.mayClose();
+    if (!labelsEnd || (m_stfatura && !m_stfatura->close())) {
+        m_restart = false;
+        return;
+    }
+    QCoreApplication::exit(0);
+}
+
+/// Without a tray nobody could reach a program that shows no window.
+void Rooms::endWhenNothingShows()
+{
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            return;
+    if (!hasTray())
+        end();
+}
+
+void Rooms::giveMenu(QToolButton *button)
+{
+    button->setMenu(m_strt.men());
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setVisible(!hasTray());
+}

@@ -1,0 +1,228 @@
+#include "platform/host/sqlite_file.h"
+
+#include "platform/host/engine_errors.h"
+#include "platform/host/host_values.h"
+
+#include <QDateTime>
+
+#include <sqlite3.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How many steps of a statement pass between two looks at the clock.
+constexpr int kStepsPerLook = 10000;
+
+enum class ColumnType
+{
+    asStored,
+    number,
+    date
+};
+
+ColumnType typeOf(sqlite3_stmt *statement, int column)
+{
+    const char *text = sqlite3_column_decltype(statement, column);
+    const std::string_view declared = text ? text : "";
+    if (declared == host_values::kMoney || declared == host_values::kFloat)
+        return ColumnType::number;
+    return declared == host_values::kDate ? ColumnType::date : ColumnType::asStored;
+}
+
+std::string_view columnText(sqlite3_stmt *statement, int column)
+{
+    const void *text = sqlite3_column_text(statement, column);
+    const int size = sqlite3_column_bytes(statement, column);
+    return text ? std::string_view(static_cast<const char *>(text), static_cast<std::size_t>(size))
+                : std::string_view();
+}
+
+QVariant field(sqlite3_stmt *statement, int column, ColumnType type)
+{
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        if (type == ColumnType::number)
+            return sqlite3_column_double(statement, column);
+        return QVariant::fromValue<qlonglong>(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, column);
+    default:
+        break;
+    }
+    const std::string_view text = columnText(statement, column);
+    if (type == ColumnType::date)
+        if (const auto date = host_values::parseDate(text))
+            return *date;
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QStringList columnNames(sqlite3_stmt *statement)
+{
+    QStringList names;
+    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+        names += QString::fromUtf8(sqlite3_column_name(statement, i));
+    return names;
+}
+
+/// Runs to the end. Returns the last result code: SQLITE_DONE when all went well.
+int readRows(sqlite3_stmt *statement, std::vector<RecordSet::Row> &rows)
+{
+    const int count = sqlite3_column_count(statement);
+    std::vector<ColumnType> types(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        types[static_cast<std::size_t>(i)] = typeOf(statement, i);
+    int code = sqlite3_step(statement);
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+        RecordSet::Row &row = rows.emplace_back();
+        row.reserve(types.size());
+        for (int i = 0; i < count; ++i)
+            row.push_back(field(statement, i, types[static_cast<std::size_t>(i)]));
+    }
+    return code;
+}
+
+/// The error number a program sees for a result code of the engine.
+int errorNumber(int code)
+{
+    switch (code & 0xFF) {
+    case SQLITE_CONSTRAINT:
+        return code == SQLITE_CONSTRAINT_CHECK ? HostError::kStatement : HostError::kDuplicate;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_INTERRUPT:
+    case SQLITE_CANTOPEN:
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+    case SQLITE_IOERR:
+    case SQLITE_PROTOCOL:
+        return HostError::kConnectionLost;
+    default:
+        return HostError::kStatement;
+    }
+}
+
+QString codeText(int code, sqlite3 *database)
+{
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return u"Dosya başka bir program tarafından kullanılıyor."_s;
+    case SQLITE_INTERRUPT:
+        return u"İşlem zamanında bitmedi."_s;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        return u"Veritabanı dosyası bozuk."_s;
+    case SQLITE_CANTOPEN:
+        return u"Veritabanı dosyası açılamıyor."_s;
+    case SQLITE_FULL:
+        return u"Disk dolu."_s;
+    case SQLITE_READONLY:
+        return u"Veritabanı dosyasına yazılamıyor."_s;
+    default:
+        return QString::fromUtf8(sqlite3_errmsg(database));
+    }
+}
+
+} // namespace
+
+void SqliteFile::Finalize::operator()(sqlite3_stmt *statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+SqliteFile::SqliteFile(const QString &path, Mode mode, std::chrono::milliseconds limit)
+    : m_limit(limit)
+{
+    try {
+        openFile(path, mode);
+    } catch (const HostError &error) {
+        sqlite3_close_v2(m_database);
+        throw HostError(HostError::kConnectionLost, error.text() + u"\n"_s + path);
+    }
+}
+
+SqliteFile::~SqliteFile()
+{
+    sqlite3_close_v2(m_database);
+}
+
+void SqliteFile::openFile(const QString &path, Mode mode)
+{
+    const int create = mode == Mode::createWhenMissing ? SQLITE_OPEN_CREATE : 0;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE | create;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &m_database, flags, nullptr);
+    if (code != SQLITE_OK)
+        fail(code, {});
+    // "text" is a column and never a string, and a file from elsewhere may not run what it likes.
+    const auto option = [&](int name, int value) {
+        sqlite3_db_config(m_database, name, value, nullptr);
+    };
+    option(SQLITE_DBCONFIG_DQS_DML, 0);
+    option(SQLITE_DBCONFIG_DQS_DDL, 0);
+    option(SQLITE_DBCONFIG_DEFENSIVE, 1);
+    option(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0);
+    sqlite3_limit(m_database, SQLITE_LIMIT_ATTACHED, 0);
+    sqlite3_progress_handler(
+        m_database, kStepsPerLook,
+        [](void *self) { return static_cast<SqliteFile *>(self)->overdue() ? 1 : 0; }, this);
+    sqlite3_busy_handler(
+        m_database,
+        [](void *self, int) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            return static_cast<SqliteFile *>(self)->overdue() ? 0 : 1;
+        },
+        this);
+    execute(u"PRAGMA cell_size_check=ON; select count(*) from sqlite_schema"_s);
+}
+
+void SqliteFile::startWatch()
+{
+    m_deadline = std::chrono::steady_clock::now() + m_limit;
+}
+
+bool SqliteFile::overdue() const
+{
+    return std::chrono::steady_clock::now() > m_deadline;
+}
+
+RecordSet SqliteFile::execute(const QString &statement)
+{
+    if (statement.contains(QChar(u'\0')))
+        throw engineError(HostError::kStatement, u"Sorguda geçersiz karakter var."_s, statement);
+    startWatch();
+    RecordSet result;
+    for (const Statement &one : prepare(statement)) {
+        std::vector<RecordSet::Row> rows;
+        const int code = readRows(one.get(), rows);
+        if (code != SQLITE_DONE)
+            fail(code, statement);
+        if (result.columns().isEmpty())
+            result = RecordSet(columnNames(one.get()), std::move(rows));
+    }
+    return result;
+}
+
+std::vector<SqliteFile::Statement> SqliteFile::prepare(const QString &statement)
+{
+    const QByteArray text = statement.toUtf8();
+    std::vector<Statement> batch;
+    const char *rest = text.constData();
+    while (*rest != '\0') {
+        sqlite3_stmt *prepared = nullptr;
+        const int code = sqlite3_prepare_v2(m_database, rest, -1, &prepared, &rest);
+        if (code != SQLITE_OK)
+            fail(code, statement);
+        if (prepared)
+            batch.emplace_back(prepared);
+    }
+    return batch;
+}
+
+void SqliteFile::fail(int code, const QString &statement)
+{
+    throw engineError(errorNumber(code), codeText(code, m_database), statement);
+}
