@@ -124,7 +124,7 @@ void prepareFolder(Program &program)
     if (QFile::exists(program.path(settings::kFile))) {
         const QString told = repairSettingsFile(program);
         if (!told.isEmpty())
-            program.mesajgoster(told, 2, 3, 1);
+            program.caution(told);
         return;
     }
     copyShippedFiles(program.directory());
@@ -183,7 +183,7 @@ int run(Application &app, const Options &options, const StartTimes &times)
         instance.release();
         if (!QProcess::startDetached(QCoreApplication::applicationFilePath(),
                                      app.arguments().mid(1), startedIn))
-            program.mesajgoster(u"Program yeniden başlatılamadı; elle başlatın."_s, 3, 3, 1);
+            program.warn(u"Program yeniden başlatılamadı; elle başlatın."_s);
     }
     return result;
 }

@@ -111,7 +111,7 @@ void Rooms::connectMenu()
 /// The queue belongs to the desk and the run to the engine; they meet here.
 void Rooms::connectPrinting()
 {
-    m_progress = std::make_unique<print_progress>(m_print);
+    m_progress = std::make_unique<PrintProgress>(m_print);
     connect(&m_desk, &LabelDesk::printAllRequested, this,
             [this] { m_print.yzdtum(labelRows(m_desk.queue())); });
     connect(&m_desk, &LabelDesk::printSelectedRequested, this,
@@ -135,7 +135,7 @@ void Rooms::connectDocuments()
         },
         Qt::QueuedConnection);
     connect(
-        &m_changes, &PriceChangeFinder::found, this,
+        &m_changes, &PriceChangeRequest::requested, this,
         [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
                const QString &toTime) {
             showStockList();
@@ -261,10 +261,10 @@ void Rooms::showSettings()
 
 void Rooms::settingsSaved(bool startWithMachine)
 {
-    m_desk.olcuyukle();
+    m_desk.loadPriceNumbers();
     reloadTill();
     if (!m_autostart.set(startWithMachine))
-        m_program.mesajgoster(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s, 2, 3, 1);
+        m_program.caution(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s);
     // The connection dialog looks at the master connection only, so a company name that was
     // corrected while the master is open is tried here.
     if (m_link.masterOpen() && !Program::isOpen(m_program.bag)) {
@@ -277,7 +277,7 @@ void Rooms::showReceiptDesigner()
 {
     showForm(m_designer, [this] {
         auto *editor = new ReceiptEditor(m_program);
-        auto *form = new receipt_designer(*editor, m_parametre);
+        auto *form = new ReceiptDesigner(*editor, m_parametre);
         editor->setParent(form);
         connect(editor, &ReceiptEditor::saved, this, &Rooms::reloadTill);
         form->setModal(true);

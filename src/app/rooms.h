@@ -4,7 +4,7 @@
 #include "common/program.h"
 #include "labels/desk/invoice_picker.h"
 #include "labels/desk/label_desk.h"
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 #include "labels/print/print_run.h"
 #include "sales/till_session.h"
 #include "shell/forms/strt.h"
@@ -21,8 +21,8 @@ class fytdegisbul;
 class kakknd;
 class login;
 class parametre;
-class print_progress;
-class receipt_designer;
+class PrintProgress;
+class ReceiptDesigner;
 class stfatura;
 class stkkart;
 class yazfrm;
@@ -79,7 +79,7 @@ private:
     StartSession m_start;
     LabelDesk m_desk;
     InvoicePicker m_invoices;
-    PriceChangeFinder m_changes;
+    PriceChangeRequest m_changes;
     PrintRun m_print;
     TillSession m_till;
     strt m_strt;
@@ -92,8 +92,8 @@ private:
     QPointer<baglan> m_baglan;
     QPointer<login> m_login;
     QPointer<parametre> m_parametre;
-    QPointer<receipt_designer> m_designer;
+    QPointer<ReceiptDesigner> m_designer;
     QPointer<kakknd> m_kakknd;
-    std::unique_ptr<print_progress> m_progress;
+    std::unique_ptr<PrintProgress> m_progress;
     bool m_restart = false;
 };

@@ -47,16 +47,36 @@ bool Program::mesajgoster(const QString &text, int kind, int icon, int buttons)
     return confirmed;
 }
 
+void Program::tell(const QString &text, int icon)
+{
+    mesajgoster(text, 1, icon, 1);
+}
+
+void Program::caution(const QString &text)
+{
+    mesajgoster(text, 2, 3, 1);
+}
+
+void Program::warn(const QString &text)
+{
+    mesajgoster(text, 3, 3, 1);
+}
+
+bool Program::ask(const QString &text)
+{
+    return mesajgoster(text, 4, 3, 2);
+}
+
 void Program::report(const std::exception &error)
 {
     const QString text = QString::fromUtf8(error.what());
     const auto *fault = dynamic_cast<const HostError *>(&error);
     if (!fault) {
-        mesajgoster(text, 3, 3, 1);
+        warn(text);
         return;
     }
     QString told = u"Veritabanı hatası (%1):\n%2"_s.arg(fault->number()).arg(text);
     if (fault->connectionLost())
         told += u"\n\nİşlemi yineleyin: sunucuya yeniden bağlanılır."_s;
-    mesajgoster(told, 3, 3, 1);
+    warn(told);
 }

@@ -70,6 +70,11 @@ public:
     /// none. True when the user confirmed. `cevap` is 0 afterwards.
     bool mesajgoster(const QString &text, int kind, int icon, int buttons);
 
+    void tell(const QString &text, int icon = 1); ///< "TAMAM": done
+    void caution(const QString &text);            ///< "DİKKAT": not done, and what to do about it
+    void warn(const QString &text);               ///< "UYARI": something failed
+    bool ask(const QString &text);                ///< "ONAY": "EVET" or "HAYIR"
+
     /// Runs what a key or button asked for. An error of a database or printer is shown in the
     /// message box and the form stays usable: nothing that a user types ends the program.
     template <typename Handler>

@@ -56,7 +56,7 @@ void CashierChoice::persifresec(const QString &personalCode)
             return;
         }
     }
-    m_program.mesajgoster(u"GİRİLEN ŞİFREYİ KULLANAN PERSONEL BULUNAMADI..."_s, 3, 3, 1);
+    m_program.warn(u"GİRİLEN ŞİFREYİ KULLANAN PERSONEL BULUNAMADI..."_s);
     Q_EMIT rejected();
 }
 

@@ -14,7 +14,6 @@ void tellHostFault(Program &program, const HostError &error)
 
 void tellConnectionLost(Program &program)
 {
-    program.mesajgoster(u"MUV SQL Server Bağlantısı Kurulamıyor. Server Bağlantısını Tekrar "
-                        "Yapmayı Deneyin..."_s,
-                        3, 3, 1);
+    program.warn(u"MUV SQL Server Bağlantısı Kurulamıyor. Server Bağlantısını Tekrar "
+                 "Yapmayı Deneyin..."_s);
 }

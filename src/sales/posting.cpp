@@ -140,7 +140,7 @@ private:
         step(u"Evrak numaraları"_s, [&] {
             const RecordSet row = read(ledger::counterRow(counter));
             if (row.eof()) {
-                m_program.mesajgoster(u"Evrakno Hatası..."_s, 3, 3, 1);
+                m_program.warn(u"Evrakno Hatası..."_s);
             } else {
                 drawn.value = qRound64(row.number(u"EVRNO"));
                 drawn.documentNumber =

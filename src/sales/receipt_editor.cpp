@@ -38,9 +38,8 @@ void ReceiptEditor::testPrint()
     m_program.handle([this] {
         const QString printer = settings::value(m_program, u"yazici", u"yazici1");
         if (!yaziciseciver(m_program, printer)) {
-            m_program.mesajgoster(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
-                                  "Deneyiniz..."_s,
-                                  3, 3, 1);
+            m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
+                           "Deneyiniz..."_s);
             return;
         }
         printReceipt(m_program, printer, preview());
@@ -64,6 +63,5 @@ bool ReceiptEditor::save()
 bool ReceiptEditor::mayClose()
 {
     return !changed() ||
-           m_program.mesajgoster(u"Kaydedilmemiş değişiklikler var. Kaydetmeden kapatılsın mı?"_s,
-                                 4, 3, 2);
+           m_program.ask(u"Kaydedilmemiş değişiklikler var. Kaydetmeden kapatılsın mı?"_s);
 }

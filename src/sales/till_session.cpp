@@ -123,7 +123,7 @@ void TillSession::sil()
 {
     const int number = m_active;
     const int row = active().currentRow;
-    if (row < 0 || !m_program.mesajgoster(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s, 4, 3, 2))
+    if (row < 0 || !m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
         return;
     at(number).lines.remove(row);
     makeCurrent(number, row);
@@ -268,9 +268,8 @@ void TillSession::post()
 void TillSession::postList(int number)
 {
     if (!yaziciseciver(m_program, m_settings.yazici1)) {
-        m_program.mesajgoster(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
-                              "Deneyiniz..."_s,
-                              3, 3, 1);
+        m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
+                       "Deneyiniz..."_s);
         return;
     }
     if (at(number).lines.isEmpty()) {
@@ -319,9 +318,8 @@ void TillSession::print(const Receipt &receipt)
     try {
         printReceipt(m_program, m_settings.yazici1, drawReceipt(m_layout, receipt));
     } catch (const PrintError &error) {
-        m_program.mesajgoster(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
-                              "yazdırabilirsiniz."_s.arg(error.text()),
-                              3, 3, 1);
+        m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
+                       "yazdırabilirsiniz."_s.arg(error.text()));
     }
 }
 
@@ -344,7 +342,7 @@ void TillSession::tellFailures(const PostingResult &result)
     QStringList documents = result.documents.mid(0, most);
     if (result.documents.size() > most)
         documents += u"… ve %1 belge daha"_s.arg(result.documents.size() - most);
-    m_program.mesajgoster(text.arg(result.failed) + u'\n' + documents.join(u'\n'), 3, 3, 1);
+    m_program.warn(text.arg(result.failed) + u'\n' + documents.join(u'\n'));
 }
 
 // ---- opening and closing
@@ -356,9 +354,8 @@ bool TillSession::mayClose()
         if (!at(number).lines.isEmpty())
             lists += u" (%1)"_s.arg(caption(number));
     return lists.isEmpty() ||
-           m_program.mesajgoster(lists + u"  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER "
-                                         "SİLİNECEKTİR. YİNEDE KAPATMAK İSTİYORMUSUNUZ...?"_s,
-                                 4, 3, 2);
+           m_program.ask(lists + u"  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER "
+                                 "SİLİNECEKTİR. YİNEDE KAPATMAK İSTİYORMUSUNUZ...?"_s);
 }
 
 void TillSession::discard()

@@ -19,6 +19,6 @@ void LoginSession::enter(const QString &typed)
         Q_EMIT accepted();
         return;
     }
-    m_program.mesajgoster(u"Yanlış Şifre"_s, 1, 2, 1);
+    m_program.tell(u"Yanlış Şifre"_s, 2);
     Q_EMIT refused();
 }

@@ -146,8 +146,8 @@ void Tour::settings()
         });
     step(u"Fiş tasarımı"_s, [this] { click(u"parametre"_s, u"button6"_s); });
     step(u"Ekran resmi"_s, [this] {
-        picture(u"receipt_designer"_s, u"receipt_designer"_s);
-        click(u"receipt_designer"_s, u"closeButton"_s);
+        picture(u"ReceiptDesigner"_s, u"receipt_designer"_s);
+        click(u"ReceiptDesigner"_s, u"closeButton"_s);
     });
     step(u"Ayarlar kaydedilir"_s, [this] { click(u"parametre"_s, u"button1"_s); });
     step(u"Hakkında"_s, [this] { m_rooms.showAbout(); });

@@ -1,6 +1,6 @@
 #include "labels/desk/invoice_picker.h"
 #include "labels/desk/label_desk.h"
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 #include "sales/till_session.h"
 #include "shell/settings_session.h"
 #include "support/print_qt.h"
@@ -52,7 +52,7 @@ private:
 void searches(RealShop &shop, Transcript &script)
 {
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     using Search = void (LabelDesk::*)(const QString &);
     const auto ask = [&](Search search, const QStringList &texts) {
         for (const QString &text : texts) {
@@ -81,7 +81,7 @@ void searches(RealShop &shop, Transcript &script)
     values.br1fytIndex = 1;
     values.br2fytIndex = 0;
     settings.serverkaydet(values);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     desk.fiyatoku();
     script.stocks(desk.stocks());
 }
@@ -90,7 +90,7 @@ void invoices(RealShop &shop, Transcript &script)
 {
     const QDate today = shop.clock.now().date();
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     InvoicePicker picker(shop.program);
     QObject::connect(&picker, &InvoicePicker::transferred, &desk, &LabelDesk::listLines);
     picker.load();
@@ -118,17 +118,17 @@ void priceChanges(RealShop &shop, Transcript &script)
 {
     const QDate today = shop.clock.now().date();
     LabelDesk desk(shop.program);
-    PriceChangeFinder finder(shop.program);
-    QObject::connect(&finder, &PriceChangeFinder::found, &desk, &LabelDesk::fiyatdegisbul);
+    PriceChangeRequest request(shop.program);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
     const std::vector<ChangeRange> ranges = {
-        finder.usualRange(),
+        request.usualRange(),
         {today, today, QTime(0, 0), QTime(23, 59)},
         {today.addDays(-47), today.addDays(-47), QTime(10, 23), QTime(10, 23, 59)},
         {today.addDays(-200), today.addDays(-9), QTime(9, 0), QTime(18, 30)},
     };
     for (const ChangeRange &range : ranges) {
         script.title(range.from.toString(Qt::ISODate));
-        finder.find(range);
+        request.send(range);
         script.stocks(desk.stocks());
     }
 }
@@ -136,7 +136,7 @@ void priceChanges(RealShop &shop, Transcript &script)
 void newNumbers(RealShop &shop, Transcript &script)
 {
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     desk.setUnits(UnitChoice::both);
     desk.listele();
     desk.ekbartum();

@@ -1,6 +1,6 @@
 #include "common/settings_database.h"
 #include "labels/desk/label_desk.h"
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 #include "labels/desk/queue_labels.h"
 #include "labels/print/print_run.h"
 #include "shell/login_session.h"
@@ -45,7 +45,7 @@ TEST_F(DemoShop, OpensOnBothDatabasesWithItsVatClasses)
 TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
 {
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     const auto found = [&](const QString &text) {
         desk.stkcinsibul(text);
         return desk.stocks().size();
@@ -81,10 +81,10 @@ TEST_F(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
     EXPECT_GT(expected.size(), 20);
 
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
-    PriceChangeFinder finder(shop.program);
-    QObject::connect(&finder, &PriceChangeFinder::found, &desk, &LabelDesk::fiyatdegisbul);
-    finder.find({first, today, QTime(8, 30), QTime(12, 0)});
+    desk.loadPriceNumbers();
+    PriceChangeRequest request(shop.program);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
+    request.send({first, today, QTime(8, 30), QTime(12, 0)});
     QStringList found;
     for (const StockRow &row : desk.stocks().rows())
         found += row.code;
@@ -117,7 +117,7 @@ TEST_F(DemoShop, SettingsAreSavedAndReadBack)
 TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
     LabelDesk desk(shop.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     desk.stkkodbul(u"GID.001"_s);
     desk.ektm();
     PrintRun run(shop.program);
@@ -141,7 +141,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         writeFile(shop.program.path(name), garbage);
         shop.open();
         LabelDesk desk(shop.program);
-        desk.olcuyukle();
+        desk.loadPriceNumbers();
         desk.stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);

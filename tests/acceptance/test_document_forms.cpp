@@ -181,9 +181,9 @@ TEST(InvoiceForm, EscapeStopsALongListAndLeavesTheFormOpen)
 TEST(PriceChangeForm, FindsByKeyboardAndClosesByEscape)
 {
     FakeMachine machine; // today is 07.03.2026
-    PriceChangeFinder finder(machine.program);
-    const QSignalSpy found(&finder, &PriceChangeFinder::found);
-    Shown<fytdegisbul> shown(finder);
+    PriceChangeRequest request(machine.program);
+    const QSignalSpy found(&request, &PriceChangeRequest::requested);
+    Shown<fytdegisbul> shown(request);
     EXPECT_EQ(focus(), u"tr1"_s);
     key(Qt::Key_Return);
     EXPECT_EQ(tabRound(),
@@ -260,9 +260,9 @@ TEST(LabelForms, FitASmallScreenAtOneAndAHalf)
 {
     LabelShop shop;
     InvoicePicker picker(shop.machine.program);
-    PriceChangeFinder finder(shop.machine.program);
+    PriceChangeRequest request(shop.machine.program);
     const fatura invoices(picker);
-    const fytdegisbul changes(finder);
+    const fytdegisbul changes(request);
     const Baruret numbers(shop.desk.numbers());
     stkkart stocks(shop.desk);
     stocks.show();

@@ -42,7 +42,7 @@ struct LabelShop
         answer(u"select * from STKFIYAT where STKFIYSTKKOD='S3'"_s, prices({{1, 1250.5, 0, 0, 0}}));
         machine.db.setRow(u"stok"_s,
                           {{u"fiyatip"_s, u"7"_s}, {u"br1fyt"_s, u"1"_s}, {u"br2fyt"_s, u"2"_s}});
-        desk.olcuyukle();
+        desk.loadPriceNumbers();
         QObject::connect(&desk, &LabelDesk::statusChanged,
                          [this](const QString &text) { status = text; });
     }

@@ -18,7 +18,7 @@ struct Designer : testing::Test
 {
     TillShop shop;
     ReceiptEditor editor{shop.program};
-    receipt_designer form{editor};
+    ReceiptDesigner form{editor};
 
     void press(const QString &button)
     {

@@ -77,7 +77,7 @@ void InvoicePicker::saveTracking(const TrackingFilter &filter)
     const QString on = QString::number(filter.on ? 1 : 0);
     if (!m_program.keys.write(kTrackingSection, u"takip"_s, on, file) ||
         !m_program.keys.write(kTrackingSection, u"takipno"_s, filter.number, file)) {
-        m_program.mesajgoster(u"Takip ayarı yazılamadı:\n%1"_s.arg(file), 3, 3, 1);
+        m_program.warn(u"Takip ayarı yazılamadı:\n%1"_s.arg(file));
         return;
     }
     m_tracking = filter;
@@ -99,11 +99,11 @@ void InvoicePicker::listInvoices(int type, QDate from, QDate to)
 bool InvoicePicker::refuseListing(int type, QDate from, QDate to)
 {
     if (type < 0 || type >= m_types.size()) {
-        m_program.mesajgoster(u"Fatura Tipi Seçimi Yapmanız Gerekiyor..."_s, 2, 3, 1);
+        m_program.caution(u"Fatura Tipi Seçimi Yapmanız Gerekiyor..."_s);
         return true;
     }
     if (from > to) {
-        m_program.mesajgoster(u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s, 2, 3, 1);
+        m_program.caution(u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s);
         return true;
     }
     return false;

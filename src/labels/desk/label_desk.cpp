@@ -23,7 +23,7 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
     relay(m_numbers, *this);
 }
 
-void LabelDesk::olcuyukle()
+void LabelDesk::loadPriceNumbers()
 {
     resumeNext([this] {
         OpenDatabase db(m_program.db, m_program.path(settings::kFile));
@@ -266,8 +266,7 @@ bool LabelDesk::refuseCount(const QString &text)
 {
     if (amount::labelCount(text))
         return false;
-    m_program.mesajgoster(
-        u"Etiket adedi 1 ile 999999 arasında bir tam sayı olmalıdır.\nYazılan: \"%1\""_s.arg(text),
-        2, 3, 1);
+    m_program.caution(
+        u"Etiket adedi 1 ile 999999 arasında bir tam sayı olmalıdır.\nYazılan: \"%1\""_s.arg(text));
     return true;
 }

@@ -43,7 +43,7 @@ public:
 
 public Q_SLOTS:
     /// Reads the price numbers from the settings; again after they were changed.
-    void olcuyukle();
+    void loadPriceNumbers();
 
     void setUnits(UnitChoice units) { m_loader.setUnits(units); }
 

@@ -58,9 +58,8 @@ int NumberDesk::unsaved() const
 void NumberDesk::gather(QStringView unitEnding)
 {
     if (!m_stocks.allBarcodesRead()) {
-        m_program.mesajgoster(u"Listenin bir kısmının barkodu okunmadı; barkodu olan stoğa yeni "
-                              "numara verilebilir.\nAramayı yeniden yapıp bitmesini bekleyiniz."_s,
-                              2, 3, 1);
+        m_program.caution(u"Listenin bir kısmının barkodu okunmadı; barkodu olan stoğa yeni "
+                          "numara verilebilir.\nAramayı yeniden yapıp bitmesini bekleyiniz."_s);
         return;
     }
     if (!mayDrop(unsaved()))
@@ -111,14 +110,14 @@ void NumberDesk::generate(const QString &base)
         return;
     const QString problem = baseProblem(base);
     if (!problem.isEmpty()) {
-        m_program.mesajgoster(problem, 2, 3, 1);
+        m_program.caution(problem);
         return;
     }
     QString exhausted;
     m_program.handle(
         [&] { exhausted = number(numbering::readBase(m_symbology, base).value_or(0)); });
     if (!exhausted.isEmpty())
-        m_program.mesajgoster(exhausted, 2, 3, 1);
+        m_program.caution(exhausted);
 }
 
 /// Why no numbers can be made from this base; "" when they can.
@@ -201,7 +200,7 @@ void NumberDesk::give(const Numbering &numbering)
     const QString last = QString::number(numbering.last);
     const QString file = m_program.path(kMemoryFile);
     if (!m_program.keys.write(kMemorySection, numbering::memoryKey(m_symbology), last, file))
-        m_program.mesajgoster(u"Son numara yazılamadı:\n%1"_s.arg(file), 3, 3, 1);
+        m_program.warn(u"Son numara yazılamadı:\n%1"_s.arg(file));
     Q_EMIT baseChanged(last);
 }
 
@@ -216,7 +215,7 @@ void NumberDesk::brgnc()
     bool saved = false;
     m_program.handle([&] { saved = save(); });
     if (saved)
-        m_program.mesajgoster(u"Yeni Barkod Numaraları Eklendi..."_s, 1, 1, 1);
+        m_program.tell(u"Yeni Barkod Numaraları Eklendi..."_s);
 }
 
 /// False when it was stopped.
@@ -282,9 +281,8 @@ bool NumberDesk::mayClose()
 bool NumberDesk::confirmLoss(int numbers, QStringView verb)
 {
     return numbers == 0 ||
-           m_program.mesajgoster(u"%1 yeni barkod numarası kaydedilmedi.\nKaydedilmeden %2?"_s.arg(
-                                     amount::whole(numbers), verb),
-                                 4, 3, 2);
+           m_program.ask(u"%1 yeni barkod numarası kaydedilmedi.\nKaydedilmeden %2?"_s.arg(
+               amount::whole(numbers), verb));
 }
 
 void NumberDesk::setOn(bool on)

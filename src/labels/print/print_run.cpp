@@ -49,7 +49,7 @@ QString PrintRun::describe(const LabelLayout &layout)
                                                        layout.paperWidth, layout.paperHeight);
 }
 
-bool PrintRun::isChosen(const QString &name)
+bool PrintRun::requireLayout(const QString &name)
 {
     if (m_layouts.names().contains(name))
         return true;

@@ -34,8 +34,8 @@ public:
     /// One line about a layout: labels on the sheet, paper.
     static QString describe(const LabelLayout &layout);
 
-    /// Whether a name from the print dialog is one of the layouts; tells the user when it is not.
-    bool isChosen(const QString &layout);
+    /// False, and the user is told to choose, unless a name from the print dialog is a layout's.
+    bool requireLayout(const QString &layout);
 
 public Q_SLOTS:
     /// Print all rows, or the row `selected`, with the default layout; without one the print dialog

@@ -6,8 +6,8 @@
 
 #include <QScreen>
 
-receipt_designer::receipt_designer(ReceiptEditor &editor, QWidget *parent)
-    : QDialog(parent), m_editor(editor), m_ui(std::make_unique<Ui::receipt_designer>())
+ReceiptDesigner::ReceiptDesigner(ReceiptEditor &editor, QWidget *parent)
+    : QDialog(parent), m_editor(editor), m_ui(std::make_unique<Ui::ReceiptDesigner>())
 {
     m_ui->setupUi(this);
     setLocale(QLocale(QLocale::Turkish, QLocale::Turkey)); // decimal comma in the number boxes
@@ -22,55 +22,55 @@ receipt_designer::receipt_designer(ReceiptEditor &editor, QWidget *parent)
 
     display(editor.load());
     connectFields();
-    connect(&editor, &ReceiptEditor::previewChanged, this, &receipt_designer::showPreview);
+    connect(&editor, &ReceiptEditor::previewChanged, this, &ReceiptDesigner::showPreview);
     connect(m_ui->testButton, &QPushButton::clicked, &editor, &ReceiptEditor::testPrint);
     connect(m_ui->saveButton, &QPushButton::clicked, this, [this] {
         if (m_editor.save())
             accept();
     });
-    connect(m_ui->closeButton, &QPushButton::clicked, this, &receipt_designer::reject);
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &ReceiptDesigner::reject);
     edited();
 }
 
-receipt_designer::~receipt_designer() = default;
+ReceiptDesigner::~ReceiptDesigner() = default;
 
-void receipt_designer::reject()
+void ReceiptDesigner::reject()
 {
     if (m_editor.mayClose())
         QDialog::reject();
 }
 
-void receipt_designer::connectFields()
+void ReceiptDesigner::connectFields()
 {
     for (QPlainTextEdit *text : {m_ui->headerText, m_ui->aboveText, m_ui->belowText})
-        connect(text, &QPlainTextEdit::textChanged, this, &receipt_designer::edited);
+        connect(text, &QPlainTextEdit::textChanged, this, &ReceiptDesigner::edited);
     for (const StyleControls &controls : {m_header, m_receipt, m_product}) {
-        connect(controls.font, &QFontComboBox::currentTextChanged, this, &receipt_designer::edited);
-        connect(controls.points, &QDoubleSpinBox::valueChanged, this, &receipt_designer::edited);
-        connect(controls.bold, &QCheckBox::toggled, this, &receipt_designer::edited);
+        connect(controls.font, &QFontComboBox::currentTextChanged, this, &ReceiptDesigner::edited);
+        connect(controls.points, &QDoubleSpinBox::valueChanged, this, &ReceiptDesigner::edited);
+        connect(controls.bold, &QCheckBox::toggled, this, &ReceiptDesigner::edited);
     }
     for (QDoubleSpinBox *box : widthBoxes())
-        connect(box, &QDoubleSpinBox::valueChanged, this, &receipt_designer::edited);
-    connect(m_ui->sol, &QDoubleSpinBox::valueChanged, this, &receipt_designer::edited);
-    connect(m_ui->namedFonts, &QCheckBox::toggled, this, &receipt_designer::edited);
+        connect(box, &QDoubleSpinBox::valueChanged, this, &ReceiptDesigner::edited);
+    connect(m_ui->sol, &QDoubleSpinBox::valueChanged, this, &ReceiptDesigner::edited);
+    connect(m_ui->namedFonts, &QCheckBox::toggled, this, &ReceiptDesigner::edited);
 }
 
-void receipt_designer::edited()
+void ReceiptDesigner::edited()
 {
     m_editor.edit(shown());
 }
 
-void receipt_designer::showPreview()
+void ReceiptDesigner::showPreview()
 {
     m_preview->show(m_editor.preview());
 }
 
-std::array<QDoubleSpinBox *, 7> receipt_designer::widthBoxes() const
+std::array<QDoubleSpinBox *, 7> ReceiptDesigner::widthBoxes() const
 {
     return {m_ui->b1, m_ui->b2, m_ui->b3, m_ui->b4, m_ui->b5, m_ui->b6, m_ui->b7};
 }
 
-void receipt_designer::displayStyle(const StyleControls &controls, const QString &options)
+void ReceiptDesigner::displayStyle(const StyleControls &controls, const QString &options)
 {
     const ReceiptStyle style = styleOf(options);
     controls.font->setCurrentText(style.font);
@@ -78,13 +78,13 @@ void receipt_designer::displayStyle(const StyleControls &controls, const QString
     controls.bold->setChecked(style.bold);
 }
 
-QString receipt_designer::shownStyle(const StyleControls &controls, const QString &former)
+QString ReceiptDesigner::shownStyle(const StyleControls &controls, const QString &former)
 {
     return optionString({styleOf(former).carried, controls.font->currentText(),
                          controls.points->value(), controls.bold->isChecked()});
 }
 
-void receipt_designer::display(const ReceiptLayout &layout)
+void ReceiptDesigner::display(const ReceiptLayout &layout)
 {
     m_ui->headerText->setPlainText(editableText(layout.headerText));
     m_ui->aboveText->setPlainText(editableText(layout.aboveText));
@@ -100,7 +100,7 @@ void receipt_designer::display(const ReceiptLayout &layout)
     m_ui->namedFonts->setChecked(layout.namedFonts);
 }
 
-ReceiptLayout receipt_designer::shown() const
+ReceiptLayout ReceiptDesigner::shown() const
 {
     ReceiptLayout layout = m_editor.layout();
     layout.headerText = blockText(m_ui->headerText->toPlainText());

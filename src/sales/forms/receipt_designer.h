@@ -17,17 +17,17 @@ class QFontComboBox;
 QT_END_NAMESPACE
 
 namespace Ui {
-class receipt_designer;
+class ReceiptDesigner;
 }
 
 /// Edits the layout of the receipt beside a live preview.
-class receipt_designer final : public QDialog
+class ReceiptDesigner final : public QDialog
 {
     Q_OBJECT
 
 public:
-    explicit receipt_designer(ReceiptEditor &editor, QWidget *parent = nullptr);
-    ~receipt_designer() override;
+    explicit ReceiptDesigner(ReceiptEditor &editor, QWidget *parent = nullptr);
+    ~ReceiptDesigner() override;
 
     void reject() override;
 
@@ -51,7 +51,7 @@ private:
     std::array<QDoubleSpinBox *, 7> widthBoxes() const;
 
     ReceiptEditor &m_editor;
-    std::unique_ptr<Ui::receipt_designer> m_ui;
+    std::unique_ptr<Ui::ReceiptDesigner> m_ui;
     StyleControls m_header;
     StyleControls m_receipt;
     StyleControls m_product;

@@ -43,8 +43,8 @@ constexpr int kRowPadding = 10; ///< pixels above and below a row's text togethe
 
 } // namespace
 
-sale_page::sale_page(TillSession &session, int number, QWidget *parent)
-    : QWidget(parent), m_session(session), m_number(number), m_ui(std::make_unique<Ui::sale_page>())
+SalePage::SalePage(TillSession &session, int number, QWidget *parent)
+    : QWidget(parent), m_session(session), m_number(number), m_ui(std::make_unique<Ui::SalePage>())
 {
     m_ui->setupUi(this);
     m_ui->l->setModel(&session.list(number));
@@ -75,9 +75,9 @@ sale_page::sale_page(TillSession &session, int number, QWidget *parent)
     showCash();
 }
 
-sale_page::~sale_page() = default;
+SalePage::~SalePage() = default;
 
-void sale_page::nameControls(const QString &suffix)
+void SalePage::nameControls(const QString &suffix)
 {
     for (QWidget *control :
          std::initializer_list<QWidget *>{m_ui->l, m_ui->sttop, m_ui->indtop, m_ui->kdvtop,
@@ -85,17 +85,17 @@ void sale_page::nameControls(const QString &suffix)
         control->setObjectName(control->objectName() + suffix);
 }
 
-QTableView &sale_page::list() const
+QTableView &SalePage::list() const
 {
     return *m_ui->l;
 }
 
-QLineEdit &sale_page::cashBox() const
+QLineEdit &SalePage::cashBox() const
 {
     return *m_ui->nkit;
 }
 
-void sale_page::setLook(const ListLook &look)
+void SalePage::setLook(const ListLook &look)
 {
     QPalette palette = m_ui->l->palette();
     palette.setColor(QPalette::Base, look.row);
@@ -110,7 +110,7 @@ void sale_page::setLook(const ListLook &look)
                                                      kRowPadding);
 }
 
-QList<int> sale_page::columnWidths() const
+QList<int> SalePage::columnWidths() const
 {
     QList<int> widths = m_widths;
     for (int column = 0; column < widths.size(); ++column)
@@ -119,7 +119,7 @@ QList<int> sale_page::columnWidths() const
     return widths;
 }
 
-void sale_page::setColumnWidths(const QList<int> &widths)
+void SalePage::setColumnWidths(const QList<int> &widths)
 {
     m_widths = widths;
     if (m_widths.isEmpty())
@@ -132,7 +132,7 @@ void sale_page::setColumnWidths(const QList<int> &widths)
 }
 
 /// The name takes what the other columns leave; when that is too little, columns go until it fits.
-void sale_page::fitColumns()
+void SalePage::fitColumns()
 {
     m_widths = columnWidths();
     if (m_widths.isEmpty())
@@ -149,7 +149,7 @@ void sale_page::fitColumns()
     }
 }
 
-void sale_page::resizeEvent(QResizeEvent *event)
+void SalePage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     const PanelSizes &sizes = height() < kTallPanel ? kLow : kTall;
@@ -160,14 +160,14 @@ void sale_page::resizeEvent(QResizeEvent *event)
     setPoints(*m_ui->prust, sizes.large);
 }
 
-bool sale_page::eventFilter(QObject *watched, QEvent *event)
+bool SalePage::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize)
         fitColumns();
     return QWidget::eventFilter(watched, event);
 }
 
-void sale_page::showTotals()
+void SalePage::showTotals()
 {
     const pricing::Totals &totals = m_session.totals(m_number);
     m_ui->sttop->setText(totals.gross);
@@ -176,7 +176,7 @@ void sale_page::showTotals()
     m_ui->gentop->setText(totals.grand);
 }
 
-void sale_page::showCash()
+void SalePage::showCash()
 {
     const QString &cash = m_session.cash(m_number);
     if (m_ui->nkit->text() != cash)
@@ -184,7 +184,7 @@ void sale_page::showCash()
     m_ui->prust->setText(m_session.change(m_number));
 }
 
-void sale_page::showCurrentRow(int row)
+void SalePage::showCurrentRow(int row)
 {
     if (row < 0) {
         m_ui->l->clearSelection();

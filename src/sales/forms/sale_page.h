@@ -14,18 +14,18 @@ class QTableView;
 QT_END_NAMESPACE
 
 namespace Ui {
-class sale_page;
+class SalePage;
 }
 
 /// One sale list with its totals panel. Its controls bear the suffix of the list: `l1`, `sttop1` …
 /// for the first, `l11` … for the second, `l13` … for the third.
-class sale_page final : public QWidget
+class SalePage final : public QWidget
 {
     Q_OBJECT
 
 public:
-    sale_page(TillSession &session, int number, QWidget *parent = nullptr);
-    ~sale_page() override;
+    SalePage(TillSession &session, int number, QWidget *parent = nullptr);
+    ~SalePage() override;
 
     QTableView &list() const;
     QLineEdit &cashBox() const;
@@ -53,5 +53,5 @@ private:
     TillSession &m_session;
     int m_number;
     QList<int> m_widths;
-    std::unique_ptr<Ui::sale_page> m_ui;
+    std::unique_ptr<Ui::SalePage> m_ui;
 };

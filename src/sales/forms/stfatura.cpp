@@ -24,7 +24,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
     connectSession();
     session.load();
     const QList<int> widths = session.columnWidths();
-    for (sale_page *each : m_pages)
+    for (SalePage *each : m_pages)
         each->setColumnWidths(widths);
     showList(session.activeList());
     showMode();
@@ -42,12 +42,12 @@ QToolButton *stfatura::menuButton() const
 void stfatura::buildPages()
 {
     for (int number = 0; number < kSaleLists; ++number) {
-        auto *each = new sale_page(m_session, number, m_ui->pages);
+        auto *each = new SalePage(m_session, number, m_ui->pages);
         m_pages.at(static_cast<std::size_t>(number)) = each;
         m_ui->pages->addWidget(each);
         m_ui->tb1->addList(TillSession::caption(number), u"F%1"_s.arg(7 + number));
         each->cashBox().installEventFilter(this);
-        connect(each, &sale_page::clicked, this, &stfatura::focusEntry);
+        connect(each, &SalePage::clicked, this, &stfatura::focusEntry);
     }
     connect(m_ui->tb1, &QTabBar::currentChanged, &m_session, &TillSession::selectList);
 }
@@ -185,7 +185,7 @@ void stfatura::showSettings()
 {
     const SaleSettings &settings = m_session.settings();
     const ListLook look = listLook(settings);
-    for (sale_page *each : m_pages)
+    for (SalePage *each : m_pages)
         each->setLook(look);
     m_ui->title->setText(settings.title);
     m_ui->statusbar->showSettings(settings);
@@ -208,7 +208,7 @@ void stfatura::showList(int number)
     focusEntry();
 }
 
-sale_page &stfatura::page() const
+SalePage &stfatura::page() const
 {
     return *m_pages.at(static_cast<std::size_t>(m_session.activeList()));
 }

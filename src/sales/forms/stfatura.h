@@ -5,7 +5,7 @@
 #include <array>
 #include <memory>
 
-class sale_page;
+class SalePage;
 class TillSession;
 
 QT_BEGIN_NAMESPACE
@@ -50,9 +50,9 @@ private:
     void showSettings();
     void showMode();
     void showList(int number);
-    sale_page &page() const;
+    SalePage &page() const;
 
     TillSession &m_session;
     std::unique_ptr<Ui::stfatura> m_ui;
-    std::array<sale_page *, 3> m_pages{};
+    std::array<SalePage *, 3> m_pages{};
 };

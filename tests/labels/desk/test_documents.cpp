@@ -1,6 +1,6 @@
 #include "fakes/invoice_shop.h"
 #include "fakes/label_shop.h"
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 #include "support/print_qt.h"
 
 #include <QAbstractItemModelTester>
@@ -178,17 +178,17 @@ TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
     EXPECT_EQ(shop.desk.queue().total(), 3 + 3 + 4 + 6 + 6);
 }
 
-TEST(PriceChangeFinder, TheStartMinuteBelongsToTheRange)
+TEST(PriceChangeRequest, TheStartMinuteBelongsToTheRange)
 {
     FakeMachine machine; // today is 07.03.2026
-    PriceChangeFinder finder(machine.program);
+    PriceChangeRequest request(machine.program);
     const ChangeRange usual = {QDate(2026, 3, 1), QDate(2026, 3, 31), QTime(0, 0), QTime(23, 59)};
-    EXPECT_EQ(finder.usualRange(), usual);
+    EXPECT_EQ(request.usualRange(), usual);
     machine.clock.moment = QDateTime(QDate(2028, 2, 29), QTime(12, 0));
-    EXPECT_EQ(finder.usualRange().to, QDate(2028, 2, 29));
+    EXPECT_EQ(request.usualRange().to, QDate(2028, 2, 29));
 
     QStringList asked;
-    QObject::connect(&finder, &PriceChangeFinder::found,
+    QObject::connect(&request, &PriceChangeRequest::requested,
                      [&](const QString &fromDate, const QString &toDate, const QString &fromTime,
                          const QString &toTime) {
                          asked = {fromDate, toDate, fromTime, toTime};
@@ -204,12 +204,12 @@ TEST(PriceChangeFinder, TheStartMinuteBelongsToTheRange)
         {QTime(9, 0), u"08:59:00"_s},
     };
     for (const auto &c : cases) {
-        finder.find({QDate(2026, 3, 1), QDate(2026, 3, 9), c.start, QTime(12, 0)});
+        request.send({QDate(2026, 3, 1), QDate(2026, 3, 9), c.start, QTime(12, 0)});
         EXPECT_EQ(asked, QStringList({u"01.03.2026"_s, u"09.03.2026"_s, c.from, u"12:00:00"_s}));
     }
     asked.clear();
-    finder.find({QDate(2026, 3, 2), QDate(2026, 3, 1), QTime(0, 0), QTime(1, 0)});
-    finder.find({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(2, 0), QTime(1, 0)});
+    request.send({QDate(2026, 3, 2), QDate(2026, 3, 1), QTime(0, 0), QTime(1, 0)});
+    request.send({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(2, 0), QTime(1, 0)});
     EXPECT_TRUE(asked.isEmpty());
     EXPECT_EQ(machine.prompt.shown.size(), 2U);
 }

@@ -23,7 +23,7 @@ TEST(LabelDesk, PriceNumbersComeFromTheSettings)
     LabelShop shop;
     for (const auto &c : cases) {
         shop.machine.db.setRow(u"stok"_s, c.row);
-        shop.desk.olcuyukle();
+        shop.desk.loadPriceNumbers();
         EXPECT_EQ(shop.desk.priceNumbers().first, c.first);
         EXPECT_EQ(shop.desk.priceNumbers().second, c.second);
     }

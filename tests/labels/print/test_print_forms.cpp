@@ -118,7 +118,7 @@ TEST(PrintProgress, ShowsALongRunAndEscapeStopsIt)
 {
     PrintDesk desk;
     desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
-    print_progress window(desk.run);
+    PrintProgress window(desk.run);
     desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 999'999)});
     bool shown = false;
     const auto stopOnceShown = [&](qint64 label, qint64 labels, int page) {
@@ -148,7 +148,7 @@ TEST(PrintProgress, ShortRunsNeverShowIt)
 {
     PrintDesk desk;
     desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
-    print_progress window(desk.run);
+    PrintProgress window(desk.run);
     bool shown = false;
     QObject::connect(&desk.run, &PrintRun::rowStarted, [&] { shown |= window.isVisible(); });
     desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 1)});

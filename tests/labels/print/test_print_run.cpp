@@ -217,7 +217,7 @@ TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
     EXPECT_NEAR(shown.height(), 200, 1);
     EXPECT_TRUE(preview(u"yok.ayr"_s).isNull());
     EXPECT_EQ(desk.run.layouts().names(), QStringList{u"raf.ayr"_s});
-    EXPECT_FALSE(desk.run.isChosen(u"../raf.ayr"_s));
+    EXPECT_FALSE(desk.run.requireLayout(u"../raf.ayr"_s));
     EXPECT_EQ(desk.prompt.warned.back(), u"Ayar Dosyası Seciniz..."_s);
 }
 

@@ -2,11 +2,11 @@
 
 #include "ui_fytdegisbul.h"
 
-fytdegisbul::fytdegisbul(PriceChangeFinder &finder, QWidget *parent)
-    : QDialog(parent), m_finder(finder), m_ui(std::make_unique<Ui::fytdegisbul>())
+fytdegisbul::fytdegisbul(PriceChangeRequest &request, QWidget *parent)
+    : QDialog(parent), m_request(request), m_ui(std::make_unique<Ui::fytdegisbul>())
 {
     m_ui->setupUi(this);
-    const ChangeRange range = m_finder.usualRange();
+    const ChangeRange range = m_request.usualRange();
     m_ui->tr1->setDate(range.from);
     m_ui->tr2->setDate(range.to);
     m_ui->sat1->setTime(range.start);
@@ -19,5 +19,5 @@ fytdegisbul::~fytdegisbul() = default;
 
 void fytdegisbul::find()
 {
-    m_finder.find({m_ui->tr1->date(), m_ui->tr2->date(), m_ui->sat1->time(), m_ui->sat2->time()});
+    m_request.send({m_ui->tr1->date(), m_ui->tr2->date(), m_ui->sat1->time(), m_ui->sat2->time()});
 }

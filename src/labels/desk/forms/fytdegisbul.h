@@ -1,6 +1,6 @@
 #pragma once
 
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 
 #include <QDialog>
 
@@ -17,13 +17,13 @@ class fytdegisbul final : public QDialog
     Q_OBJECT
 
 public:
-    /// `finder` must outlive the form.
-    explicit fytdegisbul(PriceChangeFinder &finder, QWidget *parent = nullptr);
+    /// `request` must outlive the form.
+    explicit fytdegisbul(PriceChangeRequest &request, QWidget *parent = nullptr);
     ~fytdegisbul() override;
 
 private:
     void find();
 
-    PriceChangeFinder &m_finder;
+    PriceChangeRequest &m_request;
     std::unique_ptr<Ui::fytdegisbul> m_ui;
 };

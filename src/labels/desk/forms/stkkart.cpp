@@ -23,8 +23,8 @@ stkkart::stkkart(LabelDesk &desk, QWidget *parent)
 {
     m_ui->setupUi(this);
     m_lastSearch = m_ui->Text1;
-    m_desk.olcuyukle();
     buildLists();
+    olcuyukle();
     buildMenus();
     connectSearches();
     connectQueue();
@@ -45,10 +45,15 @@ void stkkart::buildLists()
 {
     m_ui->l1->setModel(&m_desk.stocks());
     m_ui->l2->setModel(&m_desk.queue());
-    m_ui->l1->setWidths(m_desk.stockWidths(), kStockWidths, StockList::name);
-    m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
     m_ui->splitter->setStretchFactor(0, 5);
     m_ui->splitter->setStretchFactor(1, 3);
+}
+
+void stkkart::olcuyukle()
+{
+    m_desk.loadPriceNumbers();
+    m_ui->l1->setWidths(m_desk.stockWidths(), kStockWidths, StockList::name);
+    m_ui->l2->setWidths(m_desk.queueWidths(), kQueueWidths, PrintQueue::name);
 }
 
 void stkkart::buildMenus()

@@ -38,6 +38,8 @@ protected:
 
 private:
     void buildLists();
+    /// What was kept from the last time: price numbers, column widths.
+    void olcuyukle();
     void buildMenus();
     void connectSearches();
     void connectQueue();

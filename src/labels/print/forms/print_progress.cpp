@@ -7,25 +7,25 @@
 
 using namespace Qt::StringLiterals;
 
-print_progress::print_progress(PrintRun &run, QWidget *parent)
-    : QDialog(parent), m_run(run), m_ui(std::make_unique<Ui::print_progress>())
+PrintProgress::PrintProgress(PrintRun &run, QWidget *parent)
+    : QDialog(parent), m_run(run), m_ui(std::make_unique<Ui::PrintProgress>())
 {
     m_ui->setupUi(this);
     setWindowModality(Qt::ApplicationModal);
-    connect(m_ui->durdur, &QPushButton::clicked, this, &print_progress::reject);
-    connect(&run, &PrintRun::progressed, this, &print_progress::showProgress);
+    connect(m_ui->durdur, &QPushButton::clicked, this, &PrintProgress::reject);
+    connect(&run, &PrintRun::progressed, this, &PrintProgress::showProgress);
     connect(&run, &PrintRun::finished, this, &QWidget::hide);
 }
 
-print_progress::~print_progress() = default;
+PrintProgress::~PrintProgress() = default;
 
-void print_progress::reject()
+void PrintProgress::reject()
 {
     m_ui->durum->setText(u"Durduruluyor…"_s);
     m_run.stop();
 }
 
-void print_progress::showProgress(qint64 label, qint64 labels, int page)
+void PrintProgress::showProgress(qint64 label, qint64 labels, int page)
 {
     m_ui->durum->setText(u"Etiket %1 / %2"_s.arg(amount::whole(label), amount::whole(labels)));
     m_ui->sayfa->setText(u"Sayfa %1"_s.arg(amount::whole(page)));

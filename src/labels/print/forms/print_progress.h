@@ -5,19 +5,19 @@
 #include <QDialog>
 
 namespace Ui {
-class print_progress;
+class PrintProgress;
 }
 
 /// Shows a long run: label, sheet, and a way to stop. Short runs never show it. It blocks the other
 /// windows, so that the queue and the layouts stay as they are.
-class print_progress final : public QDialog
+class PrintProgress final : public QDialog
 {
     Q_OBJECT
 
 public:
     /// `run` is kept by reference.
-    explicit print_progress(PrintRun &run, QWidget *parent = nullptr);
-    ~print_progress() override;
+    explicit PrintProgress(PrintRun &run, QWidget *parent = nullptr);
+    ~PrintProgress() override;
 
     /// Escape and the window's close button stop the run; the window goes when it has ended.
     void reject() override;
@@ -26,5 +26,5 @@ private:
     void showProgress(qint64 label, qint64 labels, int page);
 
     PrintRun &m_run;
-    std::unique_ptr<Ui::print_progress> m_ui;
+    std::unique_ptr<Ui::PrintProgress> m_ui;
 };

@@ -93,7 +93,7 @@ void yazfrm::resizeEvent(QResizeEvent *event)
 void yazfrm::print()
 {
     const QString name = m_chosen;
-    if (!m_run.isChosen(name))
+    if (!m_run.requireLayout(name))
         return;
     accept();
     m_run.print(m_mode, name);

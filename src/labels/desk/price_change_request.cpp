@@ -1,27 +1,26 @@
-#include "labels/desk/price_change_finder.h"
+#include "labels/desk/price_change_request.h"
 
 #include "common/program.h"
 
 using namespace Qt::StringLiterals;
 
-PriceChangeFinder::PriceChangeFinder(Program &program, QObject *parent)
+PriceChangeRequest::PriceChangeRequest(Program &program, QObject *parent)
     : QObject(parent), m_program(program)
 {}
 
-ChangeRange PriceChangeFinder::usualRange() const
+ChangeRange PriceChangeRequest::usualRange() const
 {
     const QDate today = m_program.clock.now().date();
     const QDate first(today.year(), today.month(), 1);
     return {first, first.addMonths(1).addDays(-1), QTime(0, 0), QTime(23, 59)};
 }
 
-void PriceChangeFinder::find(const ChangeRange &range)
+void PriceChangeRequest::send(const ChangeRange &range)
 {
     if (range.from > range.to || range.start > range.end) {
-        m_program.mesajgoster(range.from > range.to
-                                  ? u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s
-                                  : u"Başlangıç saati bitiş saatinden sonra olamaz."_s,
-                              2, 3, 1);
+        m_program.caution(range.from > range.to
+                              ? u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s
+                              : u"Başlangıç saati bitiş saatinden sonra olamaz."_s);
         return;
     }
     // A change made in the start minute itself belongs to the range. Midnight has none before it.
@@ -29,6 +28,6 @@ void PriceChangeFinder::find(const ChangeRange &range)
     const QTime start = minute > QTime(0, 0) ? minute.addSecs(-60) : minute;
     // The server was told to read days first: "Set DateFormat dmy".
     const QString day = u"dd.MM.yyyy"_s;
-    Q_EMIT found(range.from.toString(day), range.to.toString(day), start.toString(u"HH:mm:00"_s),
-                 range.end.toString(u"HH:mm:ss"_s));
+    Q_EMIT requested(range.from.toString(day), range.to.toString(day),
+                     start.toString(u"HH:mm:00"_s), range.end.toString(u"HH:mm:ss"_s));
 }

@@ -17,23 +17,23 @@ struct ChangeRange
 };
 
 /// Asks the label desk for the stocks whose prices were changed in a range.
-class PriceChangeFinder final : public QObject
+class PriceChangeRequest final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit PriceChangeFinder(Program &program, QObject *parent = nullptr);
+    explicit PriceChangeRequest(Program &program, QObject *parent = nullptr);
 
     /// This month, from its first to its last day, from midnight to midnight.
     ChangeRange usualRange() const;
 
 public Q_SLOTS:
-    void find(const ChangeRange &range);
+    void send(const ChangeRange &range);
 
 Q_SIGNALS:
     /// Dates "dd.MM.yyyy", times "HH:mm:ss".
-    void found(const QString &fromDate, const QString &toDate, const QString &fromTime,
-               const QString &toTime);
+    void requested(const QString &fromDate, const QString &toDate, const QString &fromTime,
+                   const QString &toTime);
 
 private:
     Program &m_program;
