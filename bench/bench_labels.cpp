@@ -166,10 +166,9 @@ void labelsToPdf(benchmark::State &state)
     PrintRun run(program);
     const LabelLayout layout = shelfLabels();
     saveLayout(machine.keys, program.path(u"ayar/raf.ayr"), layout);
-    const std::vector<LabelRow> rows = makeRows(labels);
-    run.yzdtum(rows); // no default layout: the rows wait
+    const PrintRequest request = {PrintMode::all, makeRows(labels)};
 
-    const Primitives floor = makePrimitives(makePrintJob(layout, rows));
+    const Primitives floor = makePrimitives(makePrintJob(layout, request.rows));
     double floorTime = 0;
     double engineTime = 0;
     for (auto _ : state) {
@@ -178,7 +177,7 @@ void labelsToPdf(benchmark::State &state)
         paintFloor(floor, directory.filePath(u"floor.pdf"_s));
         floorTime += seconds(timer);
         timer.start();
-        if (!run.yazzzz(u"raf.ayr"_s))
+        if (!run.yazzzz(request, u"raf.ayr"_s))
             state.SkipWithError("not printed");
         const double engine = seconds(timer);
         engineTime += engine;

@@ -4,7 +4,6 @@
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
 #include "labels/desk/forms/stkkart.h"
-#include "labels/desk/queue_labels.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
 #include "platform/machine/window_style.h"
@@ -112,12 +111,7 @@ void Rooms::connectMenu()
 void Rooms::connectPrinting()
 {
     m_progress = std::make_unique<PrintProgress>(m_print);
-    connect(&m_desk, &LabelDesk::printAllRequested, this,
-            [this] { m_print.yzdtum(labelRows(m_desk.queue())); });
-    connect(&m_desk, &LabelDesk::printSelectedRequested, this,
-            [this](int row) { m_print.yzdsec(labelRows(m_desk.queue()), row); });
-    connect(&m_desk, &LabelDesk::layoutChoiceRequested, this,
-            [this] { m_print.chooseLayout(labelRows(m_desk.queue())); });
+    connect(&m_desk, &LabelDesk::printWanted, &m_print, &PrintRun::start);
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
@@ -164,10 +158,10 @@ void Rooms::showGenerator()
     });
 }
 
-void Rooms::chooseLayout(PrintMode mode)
+void Rooms::chooseLayout(const PrintRequest &request)
 {
-    showForm(m_yazfrm, [this, mode] {
-        auto *form = new yazfrm(m_print, mode, m_stkkart);
+    showForm(m_yazfrm, [&] {
+        auto *form = new yazfrm(m_print, request, m_stkkart);
         form->setModal(true);
         return form;
     });

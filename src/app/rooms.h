@@ -62,7 +62,7 @@ private:
     void showInvoices();
     void showPriceChanges();
     void showGenerator();
-    void chooseLayout(PrintMode mode);
+    void chooseLayout(const PrintRequest &request);
     void showLoginModal();
     void showSettings();
     void settingsSaved(bool startWithMachine);

@@ -1,7 +1,6 @@
 #include "common/settings_database.h"
 #include "labels/desk/label_desk.h"
 #include "labels/desk/price_change_request.h"
-#include "labels/desk/queue_labels.h"
 #include "labels/print/print_run.h"
 #include "shell/login_session.h"
 #include "shell/settings_session.h"
@@ -125,8 +124,8 @@ TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
     EXPECT_GE(layouts.size(), 4);
     shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
     for (const QString &layout : layouts) {
-        run.chooseLayout(labelRows(desk.queue()));
-        EXPECT_TRUE(run.yazzzz(layout)) << layout.toStdString();
+        EXPECT_TRUE(run.yazzzz({PrintMode::all, desk.queue().labels()}, layout))
+            << layout.toStdString();
     }
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
@@ -145,7 +144,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         desk.stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);
-        run.yzdtum(labelRows(desk.queue()));
+        run.start({PrintMode::all, desk.queue().labels()});
         SettingsSession session(shop.program);
         session.load();
         session.serverkaydet(session.values());

@@ -224,19 +224,19 @@ void LabelDesk::clearQueue()
 void LabelDesk::yzdtum()
 {
     if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
-        Q_EMIT printAllRequested();
+        Q_EMIT printWanted({PrintMode::all, m_queue.labels()});
 }
 
 void LabelDesk::chooseLayout()
 {
     if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
-        Q_EMIT layoutChoiceRequested();
+        Q_EMIT printWanted({PrintMode::all, m_queue.labels(), true});
 }
 
 void LabelDesk::yzdsec(int queueRow)
 {
     if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering() && !refuseRow(queueRow))
-        Q_EMIT printSelectedRequested(queueRow);
+        Q_EMIT printWanted({PrintMode::selected, {m_queue.label(queueRow)}});
 }
 
 bool LabelDesk::refuseWhileBusy()

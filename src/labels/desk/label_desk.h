@@ -4,6 +4,7 @@
 #include "labels/desk/print_queue.h"
 #include "labels/desk/stock_list.h"
 #include "labels/desk/stock_loader.h"
+#include "labels/print/print_request.h"
 
 #include <QObject>
 
@@ -102,9 +103,7 @@ Q_SIGNALS:
     void countSet();
     void allCountsSet();
 
-    void printAllRequested();
-    void layoutChoiceRequested();
-    void printSelectedRequested(int queueRow);
+    void printWanted(const PrintRequest &request);
 
 private:
     QList<int> widths(QStringView section, int columns) const;

@@ -80,6 +80,26 @@ QVariant PrintQueue::data(const QModelIndex &index, int role) const
     return {};
 }
 
+LabelRow PrintQueue::label(int row) const
+{
+    const QueueRow &queued = at(row);
+    return {.barcode = queued.barcode,
+            .stockCode = queued.code,
+            .stockName = queued.name,
+            .price = queued.price,
+            .count = amount::labelCount(queued.count).value_or(0),
+            .queueRow = row};
+}
+
+std::vector<LabelRow> PrintQueue::labels() const
+{
+    std::vector<LabelRow> labels;
+    labels.reserve(m_rows.size());
+    for (int row = 0; row < size(); ++row)
+        labels.push_back(label(row));
+    return labels;
+}
+
 void PrintQueue::append(const std::vector<QueueRow> &rows)
 {
     if (rows.empty())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "labels/desk/row_table.h"
+#include "labels/print/label_row.h"
 
 struct StockRow;
 
@@ -55,6 +56,10 @@ public:
     };
 
     explicit PrintQueue(QObject *parent = nullptr);
+
+    /// A row (0 to size() − 1) as the print engine takes it; all rows.
+    LabelRow label(int row) const;
+    std::vector<LabelRow> labels() const;
 
     /// Labels of all rows together.
     qint64 total() const { return m_total; }

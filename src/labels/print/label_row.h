@@ -9,7 +9,8 @@ struct LabelRow
     QString stockCode;
     QString stockName;
     QString price;
-    int count = 1; ///< labels to print of this row; less than 1 prints none
+    int count = 1;    ///< labels to print of this row; less than 1 prints none
+    int queueRow = 0; ///< where the unit stands in the queue; −1: no longer there
 
     friend bool operator==(const LabelRow &, const LabelRow &) = default;
 };

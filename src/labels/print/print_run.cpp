@@ -28,18 +28,11 @@ PrintRun::PrintRun(Program &program, QObject *parent)
     : QObject(parent), m_program(program), m_layouts(program)
 {}
 
-std::vector<LabelRow> PrintRun::selectedRow() const
+QImage PrintRun::preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const
 {
-    if (m_selected < 0 || static_cast<std::size_t>(m_selected) >= m_rows.size())
-        return {};
-    return {m_rows[static_cast<std::size_t>(m_selected)]};
-}
-
-QImage PrintRun::preview(const LabelLayout &layout, QSize most) const
-{
-    std::vector<LabelRow> rows = m_mode == PrintMode::selected ? selectedRow() : m_rows;
-    rows.resize(std::min<std::size_t>(rows.size(), 1));
-    const PrintJob job = makePrintJob(layout, std::move(rows));
+    std::vector<LabelRow> first(request.rows.cbegin(),
+                                request.rows.cbegin() + (request.rows.empty() ? 0 : 1));
+    const PrintJob job = makePrintJob(layout, std::move(first));
     return previewLabel(job, pictureFolder(m_program.directory()), most);
 }
 
@@ -57,58 +50,20 @@ bool PrintRun::requireLayout(const QString &name)
     return false;
 }
 
-void PrintRun::yzdtum(const std::vector<LabelRow> &rows)
+void PrintRun::start(const PrintRequest &request)
 {
-    start(rows, -1, PrintMode::all);
-}
-
-void PrintRun::yzdsec(const std::vector<LabelRow> &rows, int selected)
-{
-    start(rows, selected, PrintMode::selected);
-}
-
-void PrintRun::chooseLayout(const std::vector<LabelRow> &rows)
-{
-    if (m_running || rows.empty())
+    if (m_running || request.rows.empty())
         return;
-    m_rows = rows;
-    m_selected = -1;
-    m_mode = PrintMode::all;
-    Q_EMIT layoutWanted(m_mode);
-}
-
-void PrintRun::start(const std::vector<LabelRow> &rows, int selected, PrintMode mode)
-{
-    if (m_running || rows.empty())
-        return;
-    m_rows = rows;
-    m_selected = selected;
-    m_mode = mode;
     m_program.handle([&] {
-        const QString name = m_layouts.defaultName();
+        const QString name = request.chooseLayout ? QString() : m_layouts.defaultName();
         if (name.isEmpty())
-            Q_EMIT layoutWanted(mode);
+            Q_EMIT layoutWanted(request);
         else
-            print(mode, name);
+            yazzzz(request, name);
     });
 }
 
-bool PrintRun::print(PrintMode mode, const QString &name)
-{
-    return mode == PrintMode::all ? yazzzz(name) : yazzzz2(name);
-}
-
-bool PrintRun::yazzzz(const QString &name)
-{
-    return printRows(name, m_rows, 0);
-}
-
-bool PrintRun::yazzzz2(const QString &name)
-{
-    return printRows(name, selectedRow(), m_selected);
-}
-
-bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int firstRow)
+bool PrintRun::yazzzz(const PrintRequest &request, const QString &name)
 {
     if (m_running)
         return false;
@@ -117,7 +72,7 @@ bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int fi
     QString error;
     bool printed = false;
     try {
-        printed = runDocument(name, std::move(rows), firstRow);
+        printed = runDocument(name, request.rows);
     } catch (const std::exception &fault) {
         error = QString::fromUtf8(fault.what());
     }
@@ -129,14 +84,14 @@ bool PrintRun::printRows(const QString &name, std::vector<LabelRow> rows, int fi
     return printed;
 }
 
-bool PrintRun::runDocument(const QString &name, std::vector<LabelRow> rows, int firstRow)
+bool PrintRun::runDocument(const QString &name, const std::vector<LabelRow> &rows)
 {
     const LabelLayout chosen = m_layouts.open(name);
-    const PrintJob job = makePrintJob(chosen, std::move(rows));
+    const PrintJob job = makePrintJob(chosen, rows);
     if (job.labelCount() == 0 || !yazicitamam(chosen, name) || !confirmProblems(job))
         return false;
 
-    paint(job, firstRow);
+    paint(job);
     if (m_stopped) {
         Q_EMIT statusChanged(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
         return false;
@@ -176,7 +131,7 @@ bool PrintRun::confirmProblems(const PrintJob &job)
     return problems.empty() || m_program.prompt.confirm(scanQuestion(job, problems));
 }
 
-void PrintRun::paint(const PrintJob &job, int firstRow)
+void PrintRun::paint(const PrintJob &job)
 {
     QPagedPaintDevice &device = m_document->device();
     QPainter painter;
@@ -199,17 +154,17 @@ void PrintRun::paint(const PrintJob &job, int firstRow)
     m_pages = 1;
 
     qint64 label = 0;
-    for (std::size_t i = 0; i < job.rows.size(); ++i) {
-        if (job.rows[i].count < 1)
+    for (const LabelRow &row : job.rows) {
+        if (row.count < 1)
             continue;
-        const auto commands = builder.label(job.rows[i]);
-        for (int copy = 0; copy < job.rows[i].count; ++copy) {
+        const auto commands = builder.label(row);
+        for (int copy = 0; copy < row.count; ++copy) {
             const GridWalk::Place place = walk.next();
             if (place.newPage && !device.newPage())
                 throw PrintError(
                     u"Yazıcı %1. sayfada durdu. Etiketler listede duruyor."_s.arg(place.page));
             if (copy == 0)
-                Q_EMIT rowStarted(firstRow + static_cast<int>(i));
+                Q_EMIT rowStarted(row.queueRow);
             m_pages = place.page;
             labelPainter.paint(commands,
                                {static_cast<double>(place.x), static_cast<double>(place.y)});

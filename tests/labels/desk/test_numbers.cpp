@@ -129,7 +129,7 @@ TEST(NumberDesk, GathersTheRowsWithoutABarcode)
         EXPECT_TRUE(shop.desk.numbers().isOn());
     }
     // Until the numbers are saved rows are neither added nor printed; emptying the queue ends it.
-    const QSignalSpy print(&shop.desk, &LabelDesk::printAllRequested);
+    const QSignalSpy print(&shop.desk, &LabelDesk::printWanted);
     shop.desk.ektm();
     shop.desk.addOne(0);
     shop.desk.yzdtum();

@@ -58,10 +58,14 @@ struct PrintDesk : PrintFolder, FakeMachine
         layout.barcodes = {{{5, 10, 45, 20}, {QStringLiteral("DejaVu Sans"), 8}, 0, 0, 0, {}}};
         return layout;
     }
-    static LabelRow row(const QString &name, int count)
+    static LabelRow row(const QString &name, int count, int queueRow = 0)
     {
-        return {QStringLiteral("8690000000012"), QStringLiteral("STK"), name,
-                QStringLiteral("1,00"), count};
+        return {QStringLiteral("8690000000012"),
+                QStringLiteral("STK"),
+                name,
+                QStringLiteral("1,00"),
+                count,
+                queueRow};
     }
 
     PrintRun run{program};

@@ -25,13 +25,14 @@ protected:
     {
         desk.addLayout(u"Kasa.ayr"_s, PrintDesk::plainLayout());
         desk.addLayout(u"Raf.ayr"_s, PrintDesk::barcodeLayout());
-        desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 2), PrintDesk::row(u"Peynir"_s, 1)});
         open();
     }
     /// Opens the dialog, anew when it is open.
     void open()
     {
-        form.emplace(desk.run, PrintMode::all);
+        const std::vector<LabelRow> rows = {PrintDesk::row(u"Ayran"_s, 2),
+                                            PrintDesk::row(u"Peynir"_s, 1)};
+        form.emplace(desk.run, PrintRequest{PrintMode::all, rows});
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&*form));
     }
@@ -119,7 +120,6 @@ TEST(PrintProgress, ShowsALongRunAndEscapeStopsIt)
     PrintDesk desk;
     desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
     PrintProgress window(desk.run);
-    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 999'999)});
     bool shown = false;
     const auto stopOnceShown = [&](qint64 label, qint64 labels, int page) {
         EXPECT_EQ(labels, 999'999);
@@ -135,7 +135,8 @@ TEST(PrintProgress, ShowsALongRunAndEscapeStopsIt)
     QString status;
     QObject::connect(&desk.run, &PrintRun::statusChanged, &window,
                      [&](const QString &text) { status = text; });
-    EXPECT_FALSE(desk.run.yazzzz(u"raf.ayr"_s));
+    EXPECT_FALSE(
+        desk.run.yazzzz({PrintMode::all, {PrintDesk::row(u"Ayran"_s, 999'999)}}, u"raf.ayr"_s));
     EXPECT_TRUE(shown);
     EXPECT_TRUE(status.contains(u"hiçbir etiket"_s));
     EXPECT_FALSE(desk.run.isRunning());
@@ -151,7 +152,6 @@ TEST(PrintProgress, ShortRunsNeverShowIt)
     PrintProgress window(desk.run);
     bool shown = false;
     QObject::connect(&desk.run, &PrintRun::rowStarted, [&] { shown |= window.isVisible(); });
-    desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 1)});
-    EXPECT_TRUE(desk.run.yazzzz(u"raf.ayr"_s));
+    EXPECT_TRUE(desk.run.yazzzz({PrintMode::all, {PrintDesk::row(u"Ayran"_s, 1)}}, u"raf.ayr"_s));
     EXPECT_FALSE(shown);
 }

@@ -17,8 +17,10 @@ protected:
     {
         QObject::connect(&desk.run, &PrintRun::rowStarted, [this](int row) { rows += row; });
         QObject::connect(&desk.run, &PrintRun::finished, [this](bool done) { ends += done; });
-        QObject::connect(&desk.run, &PrintRun::layoutWanted,
-                         [this](PrintMode mode) { modes += static_cast<int>(mode); });
+        QObject::connect(&desk.run, &PrintRun::layoutWanted, [this](const PrintRequest &request) {
+            modes += static_cast<int>(request.mode);
+            EXPECT_TRUE(desk.run.yazzzz(request, u"raf.ayr"_s));
+        });
         QObject::connect(&desk.run, &PrintRun::statusChanged,
                          [this](const QString &text) { status = text; });
     }
@@ -35,7 +37,8 @@ protected:
     QList<int> modes;
     QString status;
     const std::vector<LabelRow> queue = {PrintDesk::row(u"Ayran"_s, 3),
-                                         PrintDesk::row(u"Peynir"_s, 2)};
+                                         PrintDesk::row(u"Peynir"_s, 2, 1)};
+    const PrintRequest second = {PrintMode::selected, {queue[1]}};
 };
 
 } // namespace
@@ -43,7 +46,7 @@ protected:
 TEST_F(PrintRunTest, AllRowsWithTheDefaultLayout)
 {
     useDefault(PrintDesk::barcodeLayout());
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     ASSERT_EQ(desk.printers.documents.size(), 1U);
     EXPECT_EQ(document().printer, u"PDF"_s);
     EXPECT_EQ(document().setup, (PrinterSetup{u"Etiket raf"_s, true, 256, 0, {120, 80}}));
@@ -59,29 +62,25 @@ TEST_F(PrintRunTest, AllRowsWithTheDefaultLayout)
 TEST_F(PrintRunTest, OnlyTheSelectedRow)
 {
     useDefault(PrintDesk::plainLayout());
-    desk.run.yzdsec({queue[0], queue[1]}, 1);
+    desk.run.start(second);
     EXPECT_EQ(rows, QList<int>{1});
     EXPECT_EQ(document().pages, 1);
     EXPECT_TRUE(document().finished);
-    desk.run.yzdsec({PrintDesk::row(u"Ayran"_s, 8)}, 0);
+    desk.run.start({PrintMode::selected, {PrintDesk::row(u"Ayran"_s, 8)}});
     EXPECT_EQ(desk.printers.documents.back().pages, 2); // a full sheet feeds no blank one
-
-    for (const int nowhere : {-1, 2})
-        desk.run.yzdsec(queue, nowhere);
-    EXPECT_EQ(desk.printers.documents.size(), 2U);
 }
 
 TEST_F(PrintRunTest, WithoutADefaultTheDialogIsAskedFor)
 {
     desk.addLayout(u"raf.ayr"_s, PrintDesk::plainLayout());
-    desk.run.yzdtum(queue);
-    desk.run.yzdsec(queue, 1);
+    desk.run.start({PrintMode::all, queue});
+    desk.run.start(second);
     EXPECT_EQ(modes, (QList<int>{1, 2}));
-    EXPECT_TRUE(desk.printers.documents.empty());
+    EXPECT_EQ(rows, (QList<int>{0, 1, 1}));
 
-    EXPECT_TRUE(desk.run.yazzzz2(u"raf.ayr"_s));
-    EXPECT_TRUE(desk.run.yazzzz(u"raf.ayr"_s));
-    EXPECT_EQ(rows, (QList<int>{1, 0, 1}));
+    desk.setDefault(u"raf.ayr"_s);
+    desk.run.start({PrintMode::all, queue, true}); // asked for all the same
+    EXPECT_EQ(modes, (QList<int>{1, 2, 1}));
 }
 
 TEST_F(PrintRunTest, APrinterThatIsGoneIsSaid)
@@ -89,9 +88,9 @@ TEST_F(PrintRunTest, APrinterThatIsGoneIsSaid)
     LabelLayout layout = PrintDesk::plainLayout();
     layout.printer = u"Etiket Yazıcısı"_s;
     useDefault(layout);
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     desk.setDefault(u"silinmis.ayr"_s);
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     const QString message = u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s;
     EXPECT_EQ(desk.prompt.warned, (QStringList{message, message}));
     EXPECT_EQ(ends, (QList<bool>{false, false}));
@@ -103,7 +102,7 @@ TEST_F(PrintRunTest, BarcodesNobodyCanReadAreAskedAboutFirst)
     useDefault(PrintDesk::barcodeLayout());
     std::vector<LabelRow> bad = queue;
     bad[1].barcode.clear();
-    desk.run.yzdtum(bad);
+    desk.run.start({PrintMode::all, bad});
     ASSERT_EQ(desk.prompt.asked.size(), 1);
     EXPECT_TRUE(desk.prompt.asked[0].contains(u"Peynir: barkodu yok"_s));
     EXPECT_FALSE(desk.prompt.asked[0].contains(u"Ayran"_s));
@@ -111,11 +110,11 @@ TEST_F(PrintRunTest, BarcodesNobodyCanReadAreAskedAboutFirst)
     EXPECT_TRUE(rows.empty());
 
     desk.prompt.confirmWith = true;
-    desk.run.yzdtum(bad);
+    desk.run.start({PrintMode::all, bad});
     EXPECT_TRUE(desk.printers.documents.at(1).finished);
 
     useDefault(PrintDesk::plainLayout());
-    desk.run.yzdtum(bad);
+    desk.run.start({PrintMode::all, bad});
     EXPECT_EQ(desk.prompt.asked.size(), 2);
 }
 
@@ -123,13 +122,13 @@ TEST_F(PrintRunTest, FailuresOfThePrinterAreSaidAndLeaveNothingRunning)
 {
     useDefault(PrintDesk::plainLayout());
     desk.printers.failToBegin = true;
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     desk.printers.failToBegin = false;
     desk.printers.failBeforePage = 2;
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     desk.printers.failBeforePage = 0;
     desk.printers.finishError = u"Disk dolu."_s;
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     desk.printers.finishError.reset();
 
     ASSERT_EQ(desk.prompt.warned.size(), 3);
@@ -140,7 +139,7 @@ TEST_F(PrintRunTest, FailuresOfThePrinterAreSaidAndLeaveNothingRunning)
     for (const RecordedDocument &one : desk.printers.documents)
         EXPECT_FALSE(one.finished);
 
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     EXPECT_TRUE(desk.printers.documents.back().finished);
     EXPECT_EQ(ends, (QList<bool>{false, false, false, true}));
 }
@@ -150,10 +149,10 @@ TEST_F(PrintRunTest, ASecondRunIsRefusedWhileOneRuns)
     useDefault(PrintDesk::plainLayout());
     QObject::connect(&desk.run, &PrintRun::rowStarted, [&] {
         EXPECT_TRUE(desk.run.isRunning());
-        desk.run.yzdtum(queue);
-        EXPECT_FALSE(desk.run.yazzzz(u"raf.ayr"_s));
+        desk.run.start({PrintMode::all, queue});
+        EXPECT_FALSE(desk.run.yazzzz({PrintMode::all, queue}, u"raf.ayr"_s));
     });
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     EXPECT_EQ(desk.printers.documents.size(), 1U);
     EXPECT_EQ(ends, QList<bool>{true});
 }
@@ -164,9 +163,9 @@ TEST_F(PrintRunTest, TheNextRunMayBeginWhereTheLastOneEnded)
     bool again = true;
     QObject::connect(&desk.run, &PrintRun::finished, [&] {
         if (std::exchange(again, false))
-            desk.run.yzdsec(queue, 1);
+            desk.run.start(second);
     });
-    desk.run.yzdtum(queue);
+    desk.run.start({PrintMode::all, queue});
     EXPECT_EQ(rows, (QList<int>{0, 1, 1}));
     EXPECT_EQ(ends, (QList<bool>{true, true}));
 }
@@ -178,7 +177,7 @@ TEST_F(PrintRunTest, SheetsWithoutCountsAreAskedAboutAndKeepToOnePage)
         LabelLayout layout = PrintDesk::plainLayout();
         layout.across = count;
         useDefault(layout);
-        desk.run.yzdtum({PrintDesk::row(u"Ayran"_s, 300)});
+        desk.run.start({PrintMode::all, {PrintDesk::row(u"Ayran"_s, 300)}});
         EXPECT_EQ(desk.printers.documents.back().pages, 1) << count.toStdString();
         EXPECT_TRUE(desk.printers.documents.back().finished);
     }
@@ -188,15 +187,14 @@ TEST_F(PrintRunTest, SheetsWithoutCountsAreAskedAboutAndKeepToOnePage)
 TEST_F(PrintRunTest, RowsOfNoLabelsAreLeftOut)
 {
     useDefault(PrintDesk::barcodeLayout());
-    LabelRow none = PrintDesk::row(u"Yok"_s, 0);
+    LabelRow none = PrintDesk::row(u"Yok"_s, 0, 1);
     none.barcode = u"12345670"_s;
-    LabelRow last = queue[0];
+    LabelRow last = PrintDesk::row(u"Ayran"_s, 3, 2);
     last.barcode = u"869000000001"_s; // still EAN-13: the row between prints nothing
-    desk.run.yzdtum({queue[0], none, last});
+    desk.run.start({PrintMode::all, {queue[0], none, last}});
     EXPECT_EQ(rows, (QList<int>{0, 2}));
-    desk.run.yzdtum({none});
-    desk.run.yzdtum({});
-    desk.run.yzdsec({}, 0);
+    desk.run.start({PrintMode::all, {none}});
+    desk.run.start({PrintMode::all, {}});
     EXPECT_EQ(desk.printers.documents.size(), 1U);
     EXPECT_TRUE(modes.empty());
     EXPECT_TRUE(desk.prompt.asked.empty());
@@ -207,15 +205,14 @@ TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
 {
     useDefault(PrintDesk::barcodeLayout());
     const auto preview = [this](const QString &layout) {
-        return desk.run.preview(desk.run.layouts().open(layout), {300, 300});
+        return desk.run.preview({PrintMode::all, queue}, desk.run.layouts().open(layout),
+                                {300, 300});
     };
-    EXPECT_TRUE(preview(u"raf.ayr"_s).isNull());
-    desk.printers.list.clear();
-    desk.run.yzdtum(queue);
     const QSize shown = preview(u"raf.ayr"_s).size();
     EXPECT_EQ(shown.width(), 300);
     EXPECT_NEAR(shown.height(), 200, 1);
     EXPECT_TRUE(preview(u"yok.ayr"_s).isNull());
+    EXPECT_TRUE(desk.run.preview({}, desk.run.layouts().open(u"raf.ayr"_s), {300, 300}).isNull());
     EXPECT_EQ(desk.run.layouts().names(), QStringList{u"raf.ayr"_s});
     EXPECT_FALSE(desk.run.requireLayout(u"../raf.ayr"_s));
     EXPECT_EQ(desk.prompt.warned.back(), u"Ayar Dosyası Seciniz..."_s);

@@ -7,13 +7,13 @@
 
 using namespace Qt::StringLiterals;
 
-yazfrm::yazfrm(PrintRun &run, PrintMode mode, QWidget *parent)
-    : QDialog(parent), m_run(run), m_mode(mode), m_printers(run.layouts().printers()),
+yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
+    : QDialog(parent), m_run(run), m_request(request), m_printers(run.layouts().printers()),
       m_ui(std::make_unique<Ui::yazfrm>())
 {
     m_ui->setupUi(this);
-    setWindowTitle(mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
-                                          : u"Seçili Etiketi Yazdır"_s);
+    setWindowTitle(request.mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
+                                                  : u"Seçili Etiketi Yazdır"_s);
     m_ui->liste->addItems(run.layouts().names());
 
     // The list takes its first row as soon as it has the focus; the choice is left to the user.
@@ -79,7 +79,7 @@ void yazfrm::showPreview()
 {
     const qreal ratio = devicePixelRatioF();
     const QSize room = (QSizeF(m_ui->onizleme->contentsRect().size()) * ratio).toSize();
-    QImage image = m_chosen.isEmpty() ? QImage() : m_run.preview(m_layout, room);
+    QImage image = m_chosen.isEmpty() ? QImage() : m_run.preview(m_request, m_layout, room);
     image.setDevicePixelRatio(ratio);
     m_ui->onizleme->setPixmap(QPixmap::fromImage(image));
 }
@@ -96,5 +96,5 @@ void yazfrm::print()
     if (!m_run.requireLayout(name))
         return;
     accept();
-    m_run.print(m_mode, name);
+    m_run.yazzzz(m_request, name);
 }

@@ -8,7 +8,7 @@ namespace Ui {
 class yazfrm;
 }
 
-/// The print dialog: chooses a layout and prints the waiting rows with it. Its printer and whether
+/// The print dialog: chooses a layout and prints a request with it. Its printer and whether
 /// it is the default are settled here too.
 class yazfrm final : public QDialog
 {
@@ -16,7 +16,7 @@ class yazfrm final : public QDialog
 
 public:
     /// `run` is kept by reference.
-    yazfrm(PrintRun &run, PrintMode mode, QWidget *parent = nullptr);
+    yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent = nullptr);
     ~yazfrm() override;
 
 protected:
@@ -30,7 +30,7 @@ private:
     void print();
 
     PrintRun &m_run;
-    PrintMode m_mode;
+    PrintRequest m_request;
     QStringList m_printers; ///< read once: a network of printers answers slowly
     QString m_chosen;       ///< layout file, empty until one is chosen
     LabelLayout m_layout;   ///< what that file says
