@@ -40,21 +40,20 @@ void keepOnTop(QWidget &window, bool on)
 /// At 150 % a small screen has less room than some forms would like; their buttons must stay on it.
 void fitToScreen(QWidget &form)
 {
-    constexpr QSize frame(16, 40); // of the window, which is not there yet
-    form.resize(form.size().boundedTo(form.screen()->availableSize() - frame));
-}
-
-bool hasTray()
-{
-    return QSystemTrayIcon::isSystemTrayAvailable();
+    constexpr QSize frame(16, 40);                         // of the window, which is not there yet
+    const bool sized = form.testAttribute(Qt::WA_Resized); // else it opens as its layout wants
+    const QSize wanted = sized ? form.size() : form.sizeHint();
+    const QSize fitting = wanted.boundedTo(form.screen()->availableSize() - frame);
+    if (fitting != wanted)
+        form.resize(fitting);
 }
 
 } // namespace
 
-Rooms::Rooms(Program &program, Autostart &autostart)
-    : m_program(program), m_autostart(autostart), m_link(program), m_start(program, m_link),
-      m_desk(program), m_invoices(program), m_changes(program), m_print(program), m_till(program),
-      m_strt(m_start, m_link)
+Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
+    : m_program(program), m_autostart(autostart), m_tray(tray), m_link(program),
+      m_start(program, m_link), m_desk(program), m_invoices(program), m_changes(program),
+      m_print(program), m_till(program), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -97,14 +96,18 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     form->activateWindow();
 }
 
+/// What the menu asks for happens when its form has finished with the click.
 void Rooms::connectMenu()
 {
-    connect(&m_strt, &strt::stfaturaWanted, this, &Rooms::showSales);
-    connect(&m_strt, &strt::stkkartWanted, this, &Rooms::showStockList);
-    connect(&m_strt, &strt::baglanWanted, this, &Rooms::showConnection);
-    connect(&m_strt, &strt::loginWanted, this, &Rooms::showLogin);
-    connect(&m_strt, &strt::kakkndWanted, this, &Rooms::showAbout);
-    connect(&m_strt, &strt::unloaded, this, &Rooms::end);
+    const auto onItem = [this](void (strt::*item)(), void (Rooms::*show)()) {
+        connect(&m_strt, item, this, show, Qt::QueuedConnection);
+    };
+    onItem(&strt::stfaturaWanted, &Rooms::showSales);
+    onItem(&strt::stkkartWanted, &Rooms::showStockList);
+    onItem(&strt::baglanWanted, &Rooms::showConnection);
+    onItem(&strt::loginWanted, &Rooms::showLogin);
+    onItem(&strt::kakkndWanted, &Rooms::showAbout);
+    onItem(&strt::unloaded, &Rooms::end);
 }
 
 /// The queue belongs to the desk and the run to the engine; they meet here.
@@ -208,14 +211,14 @@ void Rooms::showConnection()
         auto *form = new baglan(m_link);
         giveMenu(form->menuButton());
         connect(form, &baglan::loginWanted, this, &Rooms::showLoginModal);
-        connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded);
+        connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded, Qt::QueuedConnection);
         return form;
     });
 }
 
 void Rooms::showLogin()
 {
-    if (m_parametre) {
+    if (m_parametre && m_parametre->isVisible()) {
         m_parametre->raise();
         m_parametre->activateWindow();
         return;
@@ -224,7 +227,7 @@ void Rooms::showLogin()
         auto *session = new LoginSession(m_program);
         auto *form = new login(*session);
         session->setParent(form);
-        connect(form, &login::accepted, this, &Rooms::showSettings);
+        connect(form, &login::accepted, this, &Rooms::showSettings, Qt::QueuedConnection);
         return form;
     });
 }
@@ -245,19 +248,22 @@ void Rooms::showSettings()
         auto *session = new SettingsSession(m_program);
         auto *form = new parametre(*session);
         session->setParent(form);
-        connect(session, &SettingsSession::saved, this,
-                [this, session] { settingsSaved(session->values().c1); });
+        connect(session, &SettingsSession::saved, this, [this, session] {
+            m_desk.loadPriceNumbers();
+            reloadTill();
+            m_startWithMachine = session->values().c1;
+        });
+        connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
         form->setModal(true);
         return form;
     });
 }
 
-void Rooms::settingsSaved(bool startWithMachine)
+/// What of saved settings may ask the user or wait for a server; the dialog has gone by then.
+void Rooms::applySettings()
 {
-    m_desk.loadPriceNumbers();
-    reloadTill();
-    if (!m_autostart.set(startWithMachine))
+    if (!m_autostart.set(m_startWithMachine))
         m_program.caution(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s);
     // The connection dialog looks at the master connection only, so a company name that was
     // corrected while the master is open is tried here.
@@ -291,7 +297,7 @@ void Rooms::connectionUnloaded()
 }
 
 /// Ends the program, unless the till holds goods or new numbers are unsaved and the user wants to
-/// keep them. A print run comes to its end first.
+/// keep them: then every form stays as it is. A print run comes to its end first.
 void Rooms::end()
 {
     if (m_print.isRunning()) {
@@ -300,12 +306,20 @@ void Rooms::end()
         m_print.stop();
         return;
     }
+    if (std::exchange(m_ending, true)) // asked for again from the tray while a question is open
+        return;
     m_invoices.stop();
-    const bool labelsEnd = m_stkkart ? m_stkkart->close() : m_desk.mayClose();
-    if (!labelsEnd || (m_stfatura && !m_stfatura->close())) {
+    const bool ends = m_desk.mayClose() && (!m_stfatura || m_till.mayClose());
+    m_ending = false;
+    if (!ends) {
         m_restart = false;
         return;
     }
+    if (m_stkkart)
+        m_stkkart->unload();
+    m_till.discard(); // else the till would ask once more
+    if (m_stfatura)
+        m_stfatura->close();
     QCoreApplication::exit(0);
 }
 
@@ -315,7 +329,7 @@ void Rooms::endWhenNothingShows()
     for (const QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible())
             return;
-    if (!hasTray())
+    if (!m_tray)
         end();
 }
 
@@ -323,5 +337,5 @@ void Rooms::giveMenu(QToolButton *button)
 {
     button->setMenu(m_strt.men());
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setVisible(!hasTray());
+    button->setVisible(!m_tray);
 }

@@ -37,7 +37,9 @@ class Rooms final : public QObject
     Q_OBJECT
 
 public:
-    Rooms(Program &program, Autostart &autostart);
+    /// `tray`: whether the desktop shows the tray icon; without it the forms bear the main menu.
+    Rooms(Program &program, Autostart &autostart,
+          bool tray = QSystemTrayIcon::isSystemTrayAvailable());
     ~Rooms() override;
 
     /// Opens the host database and the first window.
@@ -65,7 +67,7 @@ private:
     void chooseLayout(const PrintRequest &request);
     void showLoginModal();
     void showSettings();
-    void settingsSaved(bool startWithMachine);
+    void applySettings();
     void reloadTill();
     void showReceiptDesigner();
     void connectionUnloaded();
@@ -75,6 +77,7 @@ private:
 
     Program &m_program;
     Autostart &m_autostart;
+    bool m_tray;
     HostLink m_link;
     StartSession m_start;
     LabelDesk m_desk;
@@ -95,5 +98,7 @@ private:
     QPointer<ReceiptDesigner> m_designer;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<PrintProgress> m_progress;
+    bool m_startWithMachine = false; ///< as the settings were saved last
+    bool m_ending = false;           ///< the user is being asked
     bool m_restart = false;
 };

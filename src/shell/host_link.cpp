@@ -48,6 +48,7 @@ void HostLink::sqlbaglan()
     m_program.anabag.reset();
     m_program.anabag = open(m_server.master);
     if (!masterOpen()) {
+        m_sinceFailure.start(); // the settings need not wait for the same server once more
         Q_EMIT connected();
         Q_EMIT connectionDialogWanted();
         return;

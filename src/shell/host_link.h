@@ -36,8 +36,8 @@ public:
     /// Opens the company connection, sets its date format and asks for the stock list.
     void sqlbaglan2();
 
-    /// Opens a lost company connection anew, in place of the old one. A try that failed is not
-    /// repeated for ten seconds: an unreachable server must not stop every scan for five.
+    /// Opens a lost company connection anew, in place of the old one; not within ten seconds of a
+    /// try that failed: an unreachable server must not stop every scan for five.
     void reopenCompany();
 
     bool masterOpen() const { return Program::isOpen(m_program.anabag); }
@@ -61,5 +61,5 @@ private:
     Program &m_program;
     ServerSettings m_server;
     QString m_failure;
-    QElapsedTimer m_sinceFailure; ///< since reopenCompany() failed
+    QElapsedTimer m_sinceFailure; ///< since a try failed
 };

@@ -18,8 +18,9 @@
 /// loudspeaker are fakes.
 struct RealMachine
 {
-    explicit RealMachine(const QString &directory)
-        : host(directory, keys), printers(directory, clock),
+    explicit RealMachine(const QString &directory,
+                         std::chrono::milliseconds patience = OdbcEngine::kPatience)
+        : host(directory, keys, patience), printers(directory, clock),
           program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
     {}
 
@@ -45,10 +46,12 @@ struct ShopFolder
 struct RealShop : ShopFolder, RealMachine
 {
     /// Engine::server: on the test server; there is no shop at all when none is named, see
-    /// SKIP_WITHOUT_SERVER. `moment`: what the clock shows.
+    /// SKIP_WITHOUT_SERVER. `moment`: what the clock shows; `patience`: how long a server is waited
+    /// for.
     explicit RealShop(Engine engine = Engine::embedded,
-                      const QDateTime &moment = FixedClock().moment)
-        : RealMachine(folder.path())
+                      const QDateTime &moment = FixedClock().moment,
+                      std::chrono::milliseconds patience = OdbcEngine::kPatience)
+        : RealMachine(folder.path(), patience)
     {
         clock.moment = moment;
         copyShippedFiles(folder.path());

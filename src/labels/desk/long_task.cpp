@@ -13,7 +13,6 @@ LongTask::Run::Run(LongTask &task, const QString &text) : outcome(task.m_failed)
     task.m_sinceEvents.start();
     Q_EMIT task.busyChanged(true);
     Q_EMIT task.statusChanged(text);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 LongTask::Run::~Run()

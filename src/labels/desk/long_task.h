@@ -14,7 +14,7 @@ public:
     class Run
     {
     public:
-        /// The windows draw `text` before a statement keeps them waiting.
+        /// The windows show `text` at once: a statement may keep them waiting.
         Run(LongTask &task, const QString &text);
         ~Run();
         Run(const Run &) = delete;

@@ -3,12 +3,13 @@
 #include "common/connection_string.h"
 #include "platform/host/bounded_calls.h"
 #include "platform/host/embedded_engine.h"
-#include "platform/host/odbc_engine.h"
 
 using namespace Qt::StringLiterals;
 
-EngineConnector::EngineConnector(const QString &directory, KeyFile &keys)
-    : m_directory(directory), m_keys(keys), m_calls(std::make_shared<BoundedCalls>())
+EngineConnector::EngineConnector(const QString &directory, KeyFile &keys,
+                                 std::chrono::milliseconds patience)
+    : m_directory(directory), m_keys(keys), m_patience(patience),
+      m_calls(std::make_shared<BoundedCalls>())
 {}
 
 EngineConnector::~EngineConnector() = default;
@@ -21,5 +22,5 @@ std::unique_ptr<HostConnection> EngineConnector::open(const QString &connectionS
     const QString file = m_directory + u"/baglanti.zev"_s;
     const OdbcOverride override{m_keys.read(u"odbc"_s, u"surucu"_s, file),
                                 m_keys.read(u"odbc"_s, u"ek"_s, file)};
-    return std::make_unique<OdbcEngine>(m_calls, settings, override);
+    return std::make_unique<OdbcEngine>(m_calls, settings, override, m_patience);
 }

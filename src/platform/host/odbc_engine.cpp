@@ -10,9 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The drivers' own time-outs are five seconds; who has not reported by then is not waited for.
-constexpr std::chrono::milliseconds kPatience{5500};
-
 HostError silent(const QString &statement = {})
 {
     return engineError(HostError::kConnectionLost, u"Sunucu yanıt vermiyor."_s, statement);
@@ -49,12 +46,12 @@ std::shared_ptr<OdbcSession> connect(const ConnectionSettings &settings,
 } // namespace
 
 OdbcEngine::OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSettings &settings,
-                       const OdbcOverride &override)
-    : m_calls(std::move(calls))
+                       const OdbcOverride &override, std::chrono::milliseconds patience)
+    : m_calls(std::move(calls)), m_patience(patience)
 {
     const auto session = std::make_shared<std::shared_ptr<OdbcSession>>();
     const bool finished = m_calls->run(
-        kPatience, [=](BoundedCalls::Life &) { *session = connect(settings, override); });
+        m_patience, [=](BoundedCalls::Life &) { *session = connect(settings, override); });
     if (!finished)
         throw silent();
     m_session = std::move(*session);
@@ -87,7 +84,7 @@ RecordSet OdbcEngine::execute(const QString &statement)
     const auto rows = std::make_shared<RecordSet>();
     try {
         const bool finished =
-            m_calls->run(kPatience, [=, session = m_session](BoundedCalls::Life &life) {
+            m_calls->run(m_patience, [=, session = m_session](BoundedCalls::Life &life) {
                 *rows = session->execute(statement, life);
             });
         if (!finished) {

@@ -3,6 +3,7 @@
 #include "common/connection_string.h"
 #include "common/host_connection.h"
 
+#include <chrono>
 #include <memory>
 
 class BoundedCalls;
@@ -20,9 +21,12 @@ struct OdbcOverride
 class OdbcEngine final : public HostConnection
 {
 public:
+    /// The drivers' own time-outs are five seconds; who has not reported by then is not waited for.
+    static constexpr std::chrono::milliseconds kPatience{5500};
+
     /// Throws HostError kConnectionLost.
     OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSettings &settings,
-               const OdbcOverride &override);
+               const OdbcOverride &override, std::chrono::milliseconds patience = kPatience);
     /// Does not wait for the driver to close the connection.
     ~OdbcEngine() override;
     OdbcEngine(const OdbcEngine &) = delete;
@@ -35,5 +39,6 @@ private:
     void leaveSession();
 
     std::shared_ptr<BoundedCalls> m_calls;
+    std::chrono::milliseconds m_patience;
     std::shared_ptr<OdbcSession> m_session; ///< null once the connection is lost
 };

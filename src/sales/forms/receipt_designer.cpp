@@ -30,6 +30,7 @@ ReceiptDesigner::ReceiptDesigner(ReceiptEditor &editor, QWidget *parent)
     });
     connect(m_ui->closeButton, &QPushButton::clicked, this, &ReceiptDesigner::reject);
     edited();
+    m_ui->headerText->setFocus(); // else the scroll area would have it
 }
 
 ReceiptDesigner::~ReceiptDesigner() = default;

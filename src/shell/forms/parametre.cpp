@@ -81,6 +81,7 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
         connect(list, &QComboBox::currentIndexChanged, this, &parametre::warn);
     connect(m_ui->button6, &QPushButton::clicked, this, &parametre::receiptLayoutWanted);
     warn();
+    m_ui->srvadi->setFocus(); // else the row of tabs would take the first letters
 }
 
 parametre::~parametre() = default;

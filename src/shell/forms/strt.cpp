@@ -1,13 +1,13 @@
 #include "shell/forms/strt.h"
 
+#include "shell/forms/connecting_notice.h"
 #include "shell/forms/look.h"
 #include "shell/host_link.h"
 #include "shell/start_session.h"
 #include "ui_strt.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QScreen>
+#include <QCursor>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -31,8 +31,11 @@ strt::strt(StartSession &session, HostLink &link, QWidget *parent)
 
     Timer1.setSingleShot(true);
     connect(&Timer1, &QTimer::timeout, &m_session, &StartSession::firstTick);
-    connect(&link, &HostLink::connecting, this, &strt::showConnecting);
-    connect(&link, &HostLink::connected, this, &strt::hideConnecting);
+    connect(&link, &HostLink::connecting, this, [this](const QString &server) {
+        m_connecting =
+            std::make_unique<ConnectingNotice>(u"%1 sunucusuna bağlanılıyor…"_s.arg(server));
+    });
+    connect(&link, &HostLink::connected, this, [this] { m_connecting.reset(); });
 }
 
 strt::~strt() = default;
@@ -52,29 +55,4 @@ QMenu *strt::men() const
 void strt::kpt()
 {
     Q_EMIT unloaded();
-}
-
-/// Connecting blocks for up to ten seconds, so the notice is painted before it begins.
-void strt::showConnecting(const QString &server)
-{
-    auto notice = std::make_unique<QLabel>(u"%1 sunucusuna bağlanılıyor…"_s.arg(server), nullptr,
-                                           Qt::SplashScreen | Qt::WindowStaysOnTopHint);
-    notice->setTextFormat(Qt::PlainText);
-    notice->setFrameShape(QFrame::Box);
-    notice->setMargin(28);
-    notice->adjustSize();
-    notice->move(screen()->availableGeometry().center() - notice->rect().center());
-    notice->show();
-    m_connecting = std::move(notice);
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    m_connecting->repaint();
-}
-
-void strt::hideConnecting()
-{
-    if (!m_connecting)
-        return;
-    m_connecting.reset();
-    QApplication::restoreOverrideCursor();
 }

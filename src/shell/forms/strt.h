@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class ConnectingNotice;
 class HostLink;
 class StartSession;
 QT_BEGIN_NAMESPACE
@@ -44,12 +45,9 @@ Q_SIGNALS:
     void unloaded();
 
 private:
-    void showConnecting(const QString &server);
-    void hideConnecting();
-
     std::unique_ptr<Ui::strt> m_ui;
     StartSession &m_session;
     QSystemTrayIcon sys1;
     QTimer Timer1;
-    std::unique_ptr<QWidget> m_connecting; ///< says that a connection is being tried
+    std::unique_ptr<ConnectingNotice> m_connecting; ///< there while a connection is being tried
 };

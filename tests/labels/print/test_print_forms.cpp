@@ -66,7 +66,7 @@ TEST_F(PrintDialogTest, KeysChooseALayoutSeeItAndPrintOnce)
     EXPECT_TRUE(hasPreview());
     key(Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
-    ASSERT_EQ(desk.printers.documents.size(), 1U);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return desk.printers.documents.size() == 1; }));
     EXPECT_EQ(desk.printers.documents[0].setup.document, u"Etiket Raf"_s);
     EXPECT_TRUE(desk.printers.documents[0].finished);
 }

@@ -225,9 +225,15 @@ void stkkart::showCommands()
     }
 }
 
+void stkkart::unload()
+{
+    m_agreed = true;
+    close();
+}
+
 void stkkart::closeEvent(QCloseEvent *event)
 {
-    if (!m_desk.mayClose()) {
+    if (!m_agreed && !m_desk.mayClose()) {
         event->ignore();
         return;
     }

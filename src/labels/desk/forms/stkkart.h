@@ -25,6 +25,9 @@ public:
     explicit stkkart(LabelDesk &desk, QWidget *parent = nullptr);
     ~stkkart() override;
 
+    /// Closes without asking: the user has agreed to the end of the program.
+    void unload();
+
     /// Where the main menu goes on a desktop without a tray; hidden until it is shown.
     QToolButton *menuButton() const;
 
@@ -55,4 +58,5 @@ private:
     LabelDesk &m_desk;
     std::unique_ptr<Ui::stkkart> m_ui;
     SearchBox *m_lastSearch; ///< the search box used last; Escape goes back to it
+    bool m_agreed = false;   ///< to its end, with numbers that are not saved
 };

@@ -19,6 +19,9 @@ void showTask(const Room &room, QLabel *status, QProgressBar *bar)
     QObject::connect(&room, &Room::busyChanged, bar, showBusy);
     QObject::connect(&room, &Room::progressed, bar, showProgress);
     QObject::connect(&room, &Room::progressed, status, &QLabel::setText);
-    QObject::connect(&room, &Room::statusChanged, status, &QLabel::setText);
+    QObject::connect(&room, &Room::statusChanged, status, [status](const QString &text) {
+        status->setText(text);
+        status->repaint(); // a statement may follow that keeps the window waiting
+    });
     showBusy(false);
 }

@@ -96,5 +96,8 @@ void yazfrm::print()
     if (!m_run.requireLayout(name))
         return;
     accept();
-    m_run.yazzzz(m_request, name);
+    // The run lets the windows live, and the dialog goes: it starts when this handler is over.
+    QMetaObject::invokeMethod(
+        &m_run, [&run = m_run, request = m_request, name] { run.yazzzz(request, name); },
+        Qt::QueuedConnection);
 }
