@@ -1,12 +1,11 @@
 // Label sheets to PDF: the whole run as the shop makes it, against a floor that paints the same
 // bars and texts, worked out beforehand, straight onto a QPdfWriter.
 
-#include "common/millimetres.h"
 #include "fakes/fake_ports.h"
 #include "labels/print/label_builder.h"
-#include "labels/print/label_painter.h"
 #include "labels/print/print_run.h"
 #include "labels/print/sheet_grid.h"
+#include "paper/millimetres.h"
 #include "platform/printing/page_setup.h"
 #include "platform/printing/pdf_document.h"
 #include "platform/printing/system_printers.h"
@@ -94,7 +93,7 @@ void addBars(const BarsCommand &bars, QPointF origin, const Primitives &all,
              Primitives::Label &label)
 {
     const auto geometry = fitBars(bars.symbol, bars.box.translated(origin), {kDpi, kDpi});
-    const int guards = geometry->module * ean::kGuardDepth;
+    const int guards = geometry->module * kGuardDepth;
     label.bars = barRectangles(bars.symbol, *geometry, geometry->bottom - guards, geometry->bottom);
     const QString &digits = bars.symbol.digits;
     label.texts.push_back(
@@ -115,12 +114,12 @@ Primitives makePrimitives(const PrintJob &job)
         const QPointF origin(static_cast<double>(place.x), static_cast<double>(place.y));
         Primitives::Label label;
         label.newPage = place.newPage;
-        for (const DrawCommand &command : builder.label(row)) {
-            if (const auto *bars = std::get_if<BarsCommand>(&command))
+        for (const DrawCommand &command : builder.label(row).commands) {
+            if (const auto *bars = std::get_if<BarsCommand>(&command.shape))
                 addBars(*bars, origin, all, label);
-            if (const auto *line = std::get_if<TextCommand>(&command)) {
+            if (const auto *line = std::get_if<TextCommand>(&command.shape)) {
                 const DeviceFont &font = all.fonts.find(line->font);
-                const QPointF at = (line->at + origin) * kDpi / kMmPerInch;
+                const QPointF at = toDots(line->at + origin, {kDpi, kDpi});
                 label.texts.push_back({at + QPointF(0, font.ascent()), &font.font(), line->text});
             }
         }

@@ -2,6 +2,7 @@
 # What the build cannot see: which folder may include what.
 #   core      everything outside platform/ and forms/: no widgets, no printers, no database engine
 #   forms     windows: no platform, no statements
+#   paper     a floor beneath the rooms: includes itself and Qt alone
 #   rooms     do not include each other's forms; labels/print may read labels/layout,
 #             labels/desk (stock list, queue, documents, numbers) both
 set -euo pipefail
@@ -28,6 +29,8 @@ git ls-files 'src/shell/*' 'src/sales/*' 'src/labels/*' 'src/common/*' 'src/plat
     refuse "a room includes what connects the rooms" '#include "(app|tour)/'
 forms | refuse "a form includes the platform" '#include "platform/'
 forms | refuse "a form holds a statement" '(select \*|Update [a-z]+ set|INSERT INTO|UPDATE [A-Z]+ SET)'
+git ls-files 'src/paper/*' | refuse "paper leans on what stands upon it" \
+    '#include "(app|common|labels|platform|sales|shell|tour)/'
 git ls-files 'src/*.h' 'src/*.cpp' | refuse "string connect or a forgotten mark" \
     '\b(SIGNAL|SLOT)\(|\b(TODO|FIXME|XXX)\b'
 

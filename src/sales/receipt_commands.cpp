@@ -1,8 +1,8 @@
 #include "sales/receipt_commands.h"
 
 #include "common/amount.h"
-#include "common/millimetres.h"
 #include "common/record_set.h"
+#include "paper/millimetres.h"
 
 #include <algorithm>
 #include <numeric>
@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMmPerPoint = kMmPerInch / 72.0;
+constexpr double kMmPerPoint = kMmPerInch / kPointsPerInch;
 constexpr double kLeading = 1.25;  ///< line height over font size
 constexpr double kEdge = 2.0;      ///< mm left free above and below
 constexpr double kLeastRoom = 5.0; ///< mm

@@ -1,6 +1,6 @@
 #include "sales/receipt_painter.h"
 
-#include "common/millimetres.h"
+#include "paper/millimetres.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr double kPointsPerInch = 72.0;
 constexpr double kSmallestShare = 0.8; ///< of its size, for a text that may be shortened instead
 constexpr double kNameGap = 1.0; ///< mm between a name that fills its room and the next column
 constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length to whole dots

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-LabelFont withoutName(LabelFont font)
+PaperFont withoutName(PaperFont font)
 {
     font.name.clear();
     return font;

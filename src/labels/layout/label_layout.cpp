@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "common/turkish.h"
+#include "paper/turned_text.h"
 
 #include <QStringList>
 
@@ -36,24 +37,6 @@ QString bareName(const QString &path)
 {
     const qsizetype folder = std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
     return path.sliced(folder + 1);
-}
-
-/// Where a text's anchor point lies in its box: the corner at which the turned text starts.
-struct Anchor
-{
-    double angle;
-    bool right;
-    bool bottom;
-};
-
-constexpr Anchor kAnchors[] = {
-    {0, false, false}, {90, false, true}, {180, true, true}, {270, true, false}};
-
-const Anchor *anchorOf(double angle)
-{
-    const auto *const found = std::find_if(std::begin(kAnchors), std::end(kAnchors),
-                                           [angle](const Anchor &a) { return a.angle == angle; });
-    return found != std::end(kAnchors) ? found : nullptr;
 }
 
 class Reader
@@ -192,23 +175,24 @@ void putBarcode(Writer &out, const BarcodeElement &bars)
 LabelBox readTextBox(const Reader &in, double angle)
 {
     LabelBox box = readBox(in);
-    const Anchor *const anchor = anchorOf(angle);
-    if (!anchor)
+    const auto corner = startCorner(angle);
+    if (!corner)
         return {0, 0, box.width, box.height};
-    if (anchor->right)
+    if (corner->x() != 0)
         box.left -= box.width;
-    if (anchor->bottom)
+    if (corner->y() != 0)
         box.top -= box.height;
     return box;
 }
 
+/// The file keeps the point where the turned text starts.
 void putAnchor(Writer &out, const LabelBox &box, double angle)
 {
-    const Anchor *const anchor = anchorOf(angle);
-    if (!anchor)
+    const auto corner = startCorner(angle);
+    if (!corner)
         return;
-    out.putLength(u"posx"_s, anchor->right ? box.left + box.width : box.left);
-    out.putLength(u"posy"_s, anchor->bottom ? box.top + box.height : box.top);
+    out.putLength(u"posx"_s, corner->x() != 0 ? box.left + box.width : box.left);
+    out.putLength(u"posy"_s, corner->y() != 0 ? box.top + box.height : box.top);
 }
 
 /// The designer keeps the bound field and the alignment as one tag, divided by "<123>"; a value

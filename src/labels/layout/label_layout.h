@@ -1,23 +1,11 @@
 #pragma once
 
 #include "common/key_file.h"
+#include "paper/device_font.h"
 
 #include <QString>
 
 #include <vector>
-
-/// Font of an element as a layout file keeps it.
-struct LabelFont
-{
-    QString name;
-    double size = 0; ///< points, 0 to kLargestFont; 0 = not given
-    bool bold = false;
-    bool italic = false;
-    bool underline = false;
-    bool strikeThrough = false;
-
-    friend bool operator==(const LabelFont &, const LabelFont &) = default;
-};
 
 /// Box of an element inside its label, millimetres from the label's upper left corner. Single
 /// precision, as the lengths of a layout file are read; a file keeps one decimal of them.
@@ -42,7 +30,7 @@ struct PictureElement
 struct BarcodeElement
 {
     LabelBox box;
-    LabelFont font;   ///< of the human-readable digits
+    PaperFont font;   ///< of the human-readable digits
     int colour = 0;   ///< 0x00BBGGRR
     int option10 = 0; ///< key "bo", carried unchanged
     int option1 = 0;  ///< key "bar", carried unchanged
@@ -51,18 +39,10 @@ struct BarcodeElement
     friend bool operator==(const BarcodeElement &, const BarcodeElement &) = default;
 };
 
-/// Alignment of a text inside its box, the numbers of key "angl".
-enum class TextAlignment
-{
-    left = 1,
-    centre = 2,
-    right = 3
-};
-
 struct TextElement
 {
     LabelBox box; ///< the element's own box; the file keeps its anchor point instead
-    LabelFont font;
+    PaperFont font;
     bool border = false;
     int colour = 0;      ///< 0x00BBGGRR
     double angle = 0;    ///< degrees, key "hz"; only 0, 90, 180 and 270 have an anchor point, and

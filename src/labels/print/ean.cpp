@@ -86,6 +86,31 @@ private:
     int m_at = 0;
 };
 
+BarSymbol ean8Symbol(const QString &digits, std::vector<Bar> bars)
+{
+    return {.name = u"EAN-8"_s,
+            .digits = digits,
+            .modules = 67,
+            .quietLeft = 7,
+            .quietRight = 7,
+            .bars = std::move(bars),
+            .groups = {{digits.first(4), 3, 28}, {digits.sliced(4), 36, 28}}};
+}
+
+/// The first digit stands in the quiet zone.
+BarSymbol ean13Symbol(const QString &digits, std::vector<Bar> bars)
+{
+    return {.name = u"EAN-13"_s,
+            .digits = digits,
+            .modules = 95,
+            .quietLeft = 11,
+            .quietRight = 7,
+            .bars = std::move(bars),
+            .groups = {{digits.first(1), -10, 8},
+                       {digits.sliced(1, 6), 3, 42},
+                       {digits.sliced(7), 50, 42}}};
+}
+
 } // namespace
 
 QString checkDigit(QStringView digits)
@@ -108,7 +133,7 @@ QString completed(Symbology symbology, QStringView data)
     return data.size() < size || data == number ? number : QString();
 }
 
-std::optional<Symbol> encode(Symbology symbology, QStringView data)
+std::optional<BarSymbol> encode(Symbology symbology, QStringView data)
 {
     const QString digits = completed(symbology, data);
     if (digits.isEmpty())
@@ -128,7 +153,8 @@ std::optional<Symbol> encode(Symbology symbology, QStringView data)
     for (qsizetype i = 0; i < half; ++i)
         writer.rightDigit(digitAt(digits, first + half + i));
     writer.sideGuard();
-    return Symbol{symbology, digits, writer.take()};
+    return symbology == Symbology::ean8 ? ean8Symbol(digits, writer.take())
+                                        : ean13Symbol(digits, writer.take());
 }
 
 Symbology bySize(QStringView data, Symbology previous)

@@ -1,26 +1,13 @@
 #include "labels/print/label_builder.h"
 
 #include "common/windows_colour.h"
-#include "labels/print/text_alignment.h"
-#include "labels/print/text_lines.h"
-
-#include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kLineTolerance = 0.1;   ///< mm by which a line may stand out of its box
 constexpr qsizetype kLongestText = 1000; ///< characters; no label shows more
-
-/// A text's box as the text runs: width along the line, height across the lines.
-struct RunBox
-{
-    QPointF anchor; ///< where the turned text starts
-    double width = 0;
-    double height = 0;
-};
+constexpr double kTextNudge = 1.5;       ///< dots to the right, as the shop's old sheets have it
 
 QRectF rectangle(const LabelBox &box)
 {
@@ -28,28 +15,12 @@ QRectF rectangle(const LabelBox &box)
             static_cast<double>(box.width), static_cast<double>(box.height)};
 }
 
-RunBox runBox(const TextElement &element)
+/// Key "angl": "2" centre, "3" right; everything else stands left.
+Alignment alignmentOf(const TextElement &element)
 {
-    const QRectF box = rectangle(element.box);
-    if (element.angle == 90)
-        return {{box.x(), box.y() + box.height()}, box.height(), box.width()};
-    if (element.angle == 180)
-        return {{box.x() + box.width(), box.y() + box.height()}, box.width(), box.height()};
-    if (element.angle == 270)
-        return {{box.x() + box.width(), box.y()}, box.height(), box.width()};
-    return {box.topLeft(), box.width(), box.height()};
-}
-
-/// Lines that go into the box, at least one.
-qsizetype lineRoom(double boxHeight, double lineHeight)
-{
-    const double lines = (boxHeight + kLineTolerance) / lineHeight;
-    return lines >= 1 ? static_cast<qsizetype>(std::min(lines, 1000.0)) : 1;
-}
-
-double turn(double angle)
-{
-    return std::isfinite(angle) ? std::fmod(angle, 360) : 0;
+    if (element.alignment == u"3"_s)
+        return Alignment::right;
+    return element.alignment == u"2"_s ? Alignment::centre : Alignment::left;
 }
 
 } // namespace
@@ -69,25 +40,28 @@ QString boundText(const TextElement &element, const LabelRow &row)
     return {};
 }
 
-std::vector<DrawCommand> LabelBuilder::label(const LabelRow &row)
+BuiltLabel LabelBuilder::label(const LabelRow &row)
 {
-    std::vector<DrawCommand> commands;
-    commands.reserve(m_job.pictures.size() + m_job.barcodes.size() + m_job.texts.size());
-    addPictures(commands);
-    addBarcodes(row, commands);
-    for (const TextElement &element : m_job.texts)
-        addText(element, boundText(element, row).left(kLongestText), commands);
-    return commands;
+    BuiltLabel label;
+    label.commands.reserve(m_job.pictures.size() + m_job.barcodes.size() + m_job.texts.size());
+    addPictures(label);
+    addBarcodes(row, label);
+    for (std::size_t i = 0; i < m_job.texts.size(); ++i)
+        addText(i, row, label);
+    return label;
 }
 
-void LabelBuilder::addPictures(std::vector<DrawCommand> &commands) const
+void LabelBuilder::addPictures(BuiltLabel &label) const
 {
-    for (const PictureElement &picture : m_job.pictures)
-        if (!picture.file.isEmpty())
-            commands.emplace_back(PictureCommand{rectangle(picture.box), picture.file});
+    for (std::size_t i = 0; i < m_job.pictures.size(); ++i) {
+        const PictureElement &element = m_job.pictures[i];
+        if (!element.file.isEmpty())
+            label.commands.push_back({PictureCommand{rectangle(element.box), element.file},
+                                      elementRef(ElementKind::picture, i)});
+    }
 }
 
-void LabelBuilder::addBarcodes(const LabelRow &row, std::vector<DrawCommand> &commands)
+void LabelBuilder::addBarcodes(const LabelRow &row, BuiltLabel &label)
 {
     if (m_job.barcodes.empty())
         return;
@@ -95,30 +69,34 @@ void LabelBuilder::addBarcodes(const LabelRow &row, std::vector<DrawCommand> &co
     const auto symbol = ean::encode(m_symbology, row.barcode);
     if (!symbol)
         return;
-    for (const BarcodeElement &element : m_job.barcodes)
-        commands.emplace_back(BarsCommand{rectangle(element.box), *symbol, element.font,
-                                          colourOf(element.colour).rgb()});
+    for (std::size_t i = 0; i < m_job.barcodes.size(); ++i) {
+        const BarcodeElement &element = m_job.barcodes[i];
+        label.commands.push_back({BarsCommand{rectangle(element.box), *symbol, element.font,
+                                              colourOf(element.colour).rgb()},
+                                  elementRef(ElementKind::barcode, i)});
+    }
 }
 
-void LabelBuilder::addText(const TextElement &element, const QString &text,
-                           std::vector<DrawCommand> &commands) const
+void LabelBuilder::addText(std::size_t index, const LabelRow &row, BuiltLabel &label) const
 {
-    const RunBox box = runBox(element);
-    const double lineHeight = m_measure.lineHeight(element.font);
-
-    // Turned texts stay on one line; only a line end inside the text starts another.
-    std::function<bool(QStringView)> fits;
-    if (element.angle == 0 && box.width > 0)
-        fits = [&](QStringView part) { return m_measure.width(element.font, part) <= box.width; };
-
-    QPointF at = box.anchor;
-    for (const QString &line : splitLines(text, lineRoom(box.height, lineHeight), fits)) {
-        if (!line.isEmpty()) {
-            const double room = box.width - m_measure.width(element.font, line);
-            commands.emplace_back(TextCommand{alignText(at, element.alignment, element.angle, room),
-                                              turn(element.angle), element.font,
-                                              colourOf(element.colour).rgb(), line});
-        }
-        at.ry() += lineHeight;
+    const TextElement &element = m_job.texts[index];
+    const PlacedText placed = placeText({.box = rectangle(element.box),
+                                         .angle = element.angle,
+                                         .alignment = alignmentOf(element),
+                                         .font = element.font,
+                                         .colour = colourOf(element.colour).rgb(),
+                                         .text = boundText(element, row).left(kLongestText)},
+                                        m_measure);
+    for (TextCommand line : placed.lines) {
+        line.nudge = kTextNudge;
+        label.commands.push_back({std::move(line), elementRef(ElementKind::text, index)});
     }
+    if (!placed.fits)
+        label.overflowing.push_back(index);
+}
+
+BuiltLabel buildLabel(const LabelLayout &layout, const LabelRow &row, const TextMeasure &measure)
+{
+    const PrintJob job = makePrintJob(layout, {row});
+    return LabelBuilder(job, measure).label(job.rows.front());
 }

@@ -1,7 +1,8 @@
 #include "labels/print/label_preview.h"
 
-#include "common/millimetres.h"
-#include "labels/print/label_painter.h"
+#include "labels/print/label_builder.h"
+#include "paper/command_painter.h"
+#include "paper/millimetres.h"
 
 #include <QPainter>
 
@@ -59,8 +60,8 @@ QImage previewLabel(const PrintJob &job, const QString &pictures, QSize most)
         const DeviceFonts fonts({dpi, dpi});
         PictureStore store(pictures);
         QPainter painter(&image);
-        LabelPainter(painter, fonts, store)
-            .paint(LabelBuilder(job, fonts).label(job.rows.front()), QPointF());
+        CommandPainter(painter, fonts, store)
+            .paint(LabelBuilder(job, fonts).label(job.rows.front()).commands);
     }
     return image.scaled(most, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
@@ -76,8 +77,9 @@ QImage previewBars(ean::Symbology symbology, const QString &number, QSize size, 
     PictureStore store({});
     QPainter painter(&image);
     const QRectF box(QPointF(), QSizeF(size) * kMmPerInch / dpi);
-    LabelPainter(painter, fonts, store)
-        .paint({BarsCommand{box, *symbol, {.name = {}, .size = kPreviewDigits}, 0xFF000000}}, {});
+    const DrawCommand bars{
+        BarsCommand{box, *symbol, {.name = {}, .size = kPreviewDigits}, 0xFF000000}, {}};
+    CommandPainter(painter, fonts, store).paint({&bars, 1});
     painter.end();
     return image;
 }

@@ -1,7 +1,7 @@
 #include "labels/print/print_job.h"
 
 #include "common/amount.h"
-#include "labels/print/paper_bounds.h"
+#include "paper/millimetres.h"
 
 #include <algorithm>
 

@@ -1,14 +1,14 @@
 #include "labels/print/print_run.h"
 
 #include "common/amount.h"
-#include "labels/print/label_painter.h"
+#include "labels/print/label_builder.h"
 #include "labels/print/label_preview.h"
 #include "labels/print/scan_problems.h"
+#include "paper/paged_canvas.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPagedPaintDevice>
-#include <QPainter>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
@@ -16,11 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSlice = 50; ///< milliseconds between two looks at the user's keys
-
-QSizeF resolution(const QPaintDevice &device)
-{
-    return {static_cast<double>(device.logicalDpiX()), static_cast<double>(device.logicalDpiY())};
-}
 
 } // namespace
 
@@ -133,9 +128,8 @@ bool PrintRun::confirmProblems(const PrintJob &job)
 
 void PrintRun::paint(const PrintJob &job)
 {
-    QPagedPaintDevice &device = m_document->device();
-    QPainter painter;
-    if (!painter.begin(&device))
+    PagedCanvas canvas(m_document->device(), pictureFolder(m_program.directory()));
+    if (!canvas.begin())
         throw PrintError(u"Yazıcı yazdırmaya başlayamadı. Etiketler listede duruyor."_s);
     bool complete = false;
     const auto cancelled = qScopeGuard([&] {
@@ -145,10 +139,7 @@ void PrintRun::paint(const PrintJob &job)
 
     const qint64 labels = job.labelCount();
     Q_EMIT started(labels);
-    const DeviceFonts fonts(resolution(device));
-    PictureStore pictures(pictureFolder(m_program.directory()));
-    LabelPainter labelPainter(painter, fonts, pictures);
-    LabelBuilder builder(job, fonts);
+    LabelBuilder builder(job, canvas.fonts());
     GridWalk walk(job.grid);
     m_sinceEvents.start();
     m_pages = 1;
@@ -157,22 +148,22 @@ void PrintRun::paint(const PrintJob &job)
     for (const LabelRow &row : job.rows) {
         if (row.count < 1)
             continue;
-        const auto commands = builder.label(row);
+        const BuiltLabel built = builder.label(row);
         for (int copy = 0; copy < row.count; ++copy) {
             const GridWalk::Place place = walk.next();
-            if (place.newPage && !device.newPage())
+            if (place.newPage && !canvas.newPage())
                 throw PrintError(
                     u"Yazıcı %1. sayfada durdu. Etiketler listede duruyor."_s.arg(place.page));
             if (copy == 0)
                 Q_EMIT rowStarted(row.queueRow);
             m_pages = place.page;
-            labelPainter.paint(commands,
-                               {static_cast<double>(place.x), static_cast<double>(place.y)});
+            canvas.paint(built.commands,
+                         {static_cast<double>(place.x), static_cast<double>(place.y)});
             if (!goOn(++label, labels, place.page))
                 return;
         }
     }
-    complete = painter.end();
+    complete = canvas.end();
     if (!complete)
         throw PrintError(u"Yazıcı yazdırmayı bitiremedi. Etiketler listede duruyor."_s);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "common/program.h"
-#include "labels/print/layout_folder.h"
+#include "labels/layout/layout_folder.h"
 #include "labels/print/print_job.h"
 #include "labels/print/print_request.h"
 

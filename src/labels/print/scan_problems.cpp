@@ -1,9 +1,9 @@
 #include "labels/print/scan_problems.h"
 
 #include "common/amount.h"
-#include "common/millimetres.h"
 #include "common/windows_colour.h"
-#include "labels/print/bars_geometry.h"
+#include "labels/print/ean.h"
+#include "paper/millimetres.h"
 
 #include <QStringList>
 
@@ -19,7 +19,7 @@ constexpr std::size_t kNamed = 8;  ///< rows named in the question
 constexpr int kLightestRed = 0x80; ///< scanners see by red light; a redder bar looks white
 
 /// What keeps a symbol from being read in any of the layout's elements; "" when nothing does.
-QString elementProblem(const PrintJob &job, const ean::Symbol &symbol, QSizeF dpi)
+QString elementProblem(const PrintJob &job, const BarSymbol &symbol, QSizeF dpi)
 {
     for (const BarcodeElement &element : job.barcodes) {
         const QRectF box(0, 0, static_cast<double>(element.box.width),
@@ -43,9 +43,9 @@ class ElementProblems
 public:
     ElementProblems(const PrintJob &job, QSizeF dpi) : m_job(job), m_dpi(dpi) {}
 
-    const QString &find(const ean::Symbol &symbol)
+    const QString &find(const BarSymbol &symbol)
     {
-        auto &known = m_known[symbol.symbology == ean::Symbology::ean8 ? 0 : 1];
+        auto &known = m_known[symbol.digits.size() == 8 ? 0 : 1];
         if (!known)
             known = elementProblem(m_job, symbol, m_dpi);
         return *known;

@@ -1,6 +1,6 @@
 #include "sales/forms/receipt_preview.h"
 
-#include "common/millimetres.h"
+#include "paper/millimetres.h"
 #include "sales/receipt_painter.h"
 
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "labels/layout/forms/barkod.h"
 #include "labels/layout/property_bag.h"
-#include "labels/layout/turned_text.h"
+#include "paper/turned_text.h"
 #include "support/print_qt.h"
 
 #include <QPainter>
@@ -42,7 +42,7 @@ QImage onLargePage(const Barkod &text)
     page.fill(Qt::white);
     QPainter painter(&page);
     painter.setPen(Qt::black);
-    const LabelFont font = {.name = u"DejaVu Sans"_s, .size = 14, .italic = true};
+    const PaperFont font = {.name = u"DejaVu Sans"_s, .size = 14, .italic = true};
     drawTurnedText(painter, {400, 400}, normalisedAngle(static_cast<double>(text.angle())),
                    DeviceFont(font, text.logicalDpiY()), text.caption());
     return page;

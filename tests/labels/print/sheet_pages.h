@@ -1,9 +1,9 @@
 #pragma once
 
-#include "common/millimetres.h"
 #include "labels/print/label_builder.h"
-#include "labels/print/label_painter.h"
 #include "labels/print/sheet_grid.h"
+#include "paper/command_painter.h"
+#include "paper/millimetres.h"
 
 #include <QImage>
 #include <QPainter>
@@ -26,7 +26,7 @@ inline std::vector<QImage> paintPages(const PrintJob &job, double dpi, const QSt
 
     std::vector<QImage> pages;
     for (const LabelRow &row : job.rows) {
-        const auto commands = builder.label(row);
+        const BuiltLabel built = builder.label(row);
         for (int copy = 0; copy < row.count; ++copy) {
             const GridWalk::Place place = walk.next();
             if (place.newPage || pages.empty()) {
@@ -34,8 +34,9 @@ inline std::vector<QImage> paintPages(const PrintJob &job, double dpi, const QSt
                 pages.back().fill(Qt::white);
             }
             QPainter painter(&pages.back());
-            LabelPainter(painter, fonts, store)
-                .paint(commands, {static_cast<double>(place.x), static_cast<double>(place.y)});
+            CommandPainter(painter, fonts, store)
+                .paint(built.commands,
+                       {static_cast<double>(place.x), static_cast<double>(place.y)});
         }
     }
     return pages;

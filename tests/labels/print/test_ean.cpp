@@ -13,10 +13,10 @@ using ean::Symbology;
 namespace {
 
 /// The dark modules as '1', light ones as '0'.
-QString pattern(const ean::Symbol &symbol)
+QString pattern(const BarSymbol &symbol)
 {
-    QString text(symbol.modules(), u'0');
-    for (const ean::Bar &bar : symbol.bars)
+    QString text(symbol.modules, u'0');
+    for (const Bar &bar : symbol.bars)
         for (int i = 0; i < bar.width; ++i)
             text[bar.start + i] = u'1';
     return text;
@@ -136,9 +136,9 @@ TEST(Ean, NewNumbersEndInTheCheckDigitOfAnotherEncoder)
 
 TEST(Ean, GuardBarsStandAtBothSidesAndTheCentre)
 {
-    const auto starts = [](const ean::Symbol &symbol) {
+    const auto starts = [](const BarSymbol &symbol) {
         QList<int> at;
-        for (const ean::Bar &bar : symbol.bars)
+        for (const Bar &bar : symbol.bars)
             if (bar.guard)
                 at += bar.start;
         return at;

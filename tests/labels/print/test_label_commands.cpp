@@ -1,6 +1,6 @@
 #include "labels/print/label_builder.h"
 #include "labels/print/sheet_grid.h"
-#include "labels/print/text_lines.h"
+#include "paper/text_block.h"
 #include "support/golden.h"
 #include "support/print_qt.h"
 
@@ -15,11 +15,11 @@ namespace {
 class FixedMeasure final : public TextMeasure
 {
 public:
-    double width(const LabelFont &font, QStringView text) const override
+    double width(const PaperFont &font, QStringView text) const override
     {
         return static_cast<double>(text.size()) * font.size * 0.2;
     }
-    double lineHeight(const LabelFont &font) const override { return font.size * 0.4; }
+    double lineHeight(const PaperFont &font) const override { return font.size * 0.4; }
 };
 
 TextElement text(LabelBox box, double angle, const QString &alignment, const QString &caption)
@@ -43,7 +43,7 @@ QString sheetText(const PrintJob &job)
     GridWalk walk(job.grid);
     QString text;
     for (const LabelRow &row : job.rows) {
-        const auto commands = builder.label(row);
+        const auto commands = builder.label(row).commands;
         for (int copy = 0; copy < row.count; ++copy) {
             const GridWalk::Place place = walk.next();
             if (place.newPage)
@@ -61,7 +61,7 @@ QString labelText(const PrintJob &job, const LabelRow &row = kRow)
 {
     const FixedMeasure measure;
     QString text;
-    for (const DrawCommand &command : LabelBuilder(job, measure).label(row))
+    for (const DrawCommand &command : LabelBuilder(job, measure).label(row).commands)
         text += toText(command) + u'\n';
     return text;
 }
@@ -145,7 +145,7 @@ TEST(LabelCommands, SymbologyFollowsTheLengthAndElseStays)
     for (const auto &c : cases) {
         LabelRow row = kRow;
         row.barcode = c.barcode;
-        const auto commands = builder.label(row);
+        const auto commands = builder.label(row).commands;
         EXPECT_EQ(commands.empty(), c.drawn.isEmpty()) << c.barcode.toStdString();
         for (const DrawCommand &command : commands)
             EXPECT_TRUE(toText(command).contains(c.drawn)) << c.barcode.toStdString();
@@ -194,5 +194,5 @@ TEST(LabelCommands, LongTextsEndSoon)
                       u"a b c "_s.repeated(20'000))};
     job.texts[1].font.size = std::numeric_limits<double>::quiet_NaN();
     const FixedMeasure measure;
-    EXPECT_LE(LabelBuilder(job, measure).label(kRow).size(), 2000U);
+    EXPECT_LE(LabelBuilder(job, measure).label(kRow).commands.size(), 2000U);
 }

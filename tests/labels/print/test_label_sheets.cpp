@@ -1,5 +1,5 @@
-#include "labels/print/bars_geometry.h"
 #include "labels/print/sheet_pages.h"
+#include "paper/bars.h"
 #include "support/print_qt.h"
 
 #include <QFontMetricsF>
@@ -68,10 +68,10 @@ bool isWhite(const QImage &page, const QRect &area)
 }
 
 /// One line of dots through a symbol as modules; '?' where a module is not of one colour.
-QString readModules(const QImage &page, const ean::Symbol &symbol, const BarsGeometry &at, int y)
+QString readModules(const QImage &page, const BarSymbol &symbol, const BarsGeometry &at, int y)
 {
     QString modules;
-    for (int m = -symbol.quietLeft(); m < symbol.modules() + symbol.quietRight(); ++m) {
+    for (int m = -symbol.quietLeft; m < symbol.modules + symbol.quietRight; ++m) {
         int dark = 0;
         for (int dot = 0; dot < at.module; ++dot)
             dark += qGray(page.pixel(at.x(m) + dot, y)) == 0 ? 1 : 0;
@@ -80,12 +80,12 @@ QString readModules(const QImage &page, const ean::Symbol &symbol, const BarsGeo
     return modules;
 }
 
-QString expectedModules(const ean::Symbol &symbol)
+QString expectedModules(const BarSymbol &symbol)
 {
     QString modules(symbol.totalModules(), u'0');
-    for (const ean::Bar &bar : symbol.bars)
+    for (const Bar &bar : symbol.bars)
         for (int i = 0; i < bar.width; ++i)
-            modules[symbol.quietLeft() + bar.start + i] = u'1';
+            modules[symbol.quietLeft + bar.start + i] = u'1';
     return modules;
 }
 
@@ -124,18 +124,17 @@ TEST(LabelSheets, ModulesAreEqualWholeDotsBetweenWhiteQuietZones)
                 const auto at = fitBars(*symbol, element, {dpi, dpi});
                 ASSERT_TRUE(at);
                 const QRect dots = toDots(element, dpi).toAlignedRect();
-                EXPECT_GE(at->x(-symbol->quietLeft()), dots.left());
-                EXPECT_LE(at->x(symbol->modules() + symbol->quietRight()), dots.right() + 1);
+                EXPECT_GE(at->x(-symbol->quietLeft), dots.left());
+                EXPECT_LE(at->x(symbol->modules + symbol->quietRight), dots.right() + 1);
 
                 const int half = at->top + (at->bottom - at->top) / 2;
                 for (const int y : {at->top, half})
                     EXPECT_EQ(readModules(page, *symbol, *at, y), expectedModules(*symbol));
-                EXPECT_TRUE(isWhite(page, QRect(QPoint(at->x(-symbol->quietLeft()), at->top),
+                EXPECT_TRUE(isWhite(page, QRect(QPoint(at->x(-symbol->quietLeft), at->top),
                                                 QPoint(at->left - 1, half))));
                 EXPECT_TRUE(isWhite(
-                    page,
-                    QRect(QPoint(at->x(symbol->modules()), at->top),
-                          QPoint(at->x(symbol->modules() + symbol->quietRight()) - 1, half))));
+                    page, QRect(QPoint(at->x(symbol->modules), at->top),
+                                QPoint(at->x(symbol->modules + symbol->quietRight) - 1, half))));
             }
         }
     }
@@ -148,17 +147,17 @@ TEST(LabelSheets, GuardBarsReachFiveModulesFurther)
     const QImage page = paintPages(job, dpi).front();
     const auto symbol = *ean::encode(ean::Symbology::ean13, job.rows[0].barcode);
     const BarsGeometry at = *fitBars(symbol, {4, 10, 50, 26}, {dpi, dpi});
-    const auto lowest = [&](const ean::Bar &bar) {
+    const auto lowest = [&](const Bar &bar) {
         int y = at.top;
         while (y < at.bottom && qGray(page.pixel(at.x(bar.start), y)) == 0)
             ++y;
         return y;
     };
     const auto guard = std::find_if(symbol.bars.begin(), symbol.bars.end(),
-                                    [](const ean::Bar &bar) { return bar.guard; });
+                                    [](const Bar &bar) { return bar.guard; });
     const auto plain = std::find_if(symbol.bars.begin(), symbol.bars.end(),
-                                    [](const ean::Bar &bar) { return !bar.guard; });
-    EXPECT_EQ(lowest(*guard) - lowest(*plain), ean::kGuardDepth * at.module);
+                                    [](const Bar &bar) { return !bar.guard; });
+    EXPECT_EQ(lowest(*guard) - lowest(*plain), kGuardDepth * at.module);
 }
 
 TEST(LabelSheets, ABoxTooNarrowForItsModulesDrawsNoBars)
@@ -190,7 +189,7 @@ TEST(LabelSheets, HostileLayoutsEndWithoutHarm)
             *place = before;
         }
         const double wide = static_cast<double>(value);
-        const LabelFont font = std::exchange(job.texts[0].font, {u"x"_s.repeated(300), wide});
+        const PaperFont font = std::exchange(job.texts[0].font, {u"x"_s.repeated(300), wide});
         const double angle = std::exchange(job.texts[0].angle, wide);
         EXPECT_FALSE(paintPages(job, 203).empty());
         job.texts[0].font = font;
@@ -230,7 +229,7 @@ TEST(LabelSheets, TextsAreMeasuredAsTheyAreDrawn)
     const DeviceFonts fonts({600, 600});
     for (const QString &name : {u"Çiğ köfte 1,5 kg"_s, u"IĞDIR KAYISISI"_s, u"25.000,00 TL"_s,
                                 u"AVAYAVTo."_s, u"çay\u0130 \u4e2d\u6587 100 \u20ba"_s}) {
-        const LabelFont font{u"DejaVu Sans"_s, 9, true};
+        const PaperFont font{u"DejaVu Sans"_s, 9, true};
         const double drawn = QFontMetricsF(fonts.find(font).font()).horizontalAdvance(name);
         EXPECT_NEAR(fonts.width(font, name), drawn * kMmPerInch / 600, 0.02) << name.toStdString();
     }

@@ -147,7 +147,7 @@ TEST_F(PrintersTest, LabelsAreVectorBarsAndSearchableText)
         const DeviceFonts fonts({600, 600});
         PictureStore store{QString()};
         QPainter painter(&document->device());
-        LabelPainter labels(painter, fonts, store);
+        CommandPainter labels(painter, fonts, store);
         LabelBuilder builder(job, fonts);
         GridWalk walk(job.grid);
         for (const LabelRow &row : job.rows) {

@@ -2,7 +2,8 @@
 
 #include "common/windows_colour.h"
 #include "labels/layout/property_bag.h"
-#include "labels/layout/turned_text.h"
+#include "paper/millimetres.h"
+#include "paper/turned_text.h"
 
 #include <QPainter>
 
@@ -22,11 +23,10 @@ QFont newFont()
     return QFont(u"Wingdings 2"_s, 8);
 }
 
-LabelFont labelFont(const QFont &font, int dpi)
+PaperFont paperFont(const QFont &font, int dpi)
 {
-    constexpr double pointsPerInch = 72;
     const double points =
-        font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * pointsPerInch / dpi;
+        font.pointSizeF() > 0 ? font.pointSizeF() : font.pixelSize() * kPointsPerInch / dpi;
     return {.name = font.family(),
             .size = points,
             .bold = font.bold(),
@@ -158,7 +158,7 @@ void Barkod::draw()
 {
     const bool outer = std::exchange(m_drawing, true); // a new size must not draw once more
     const int angle = normalisedAngle(static_cast<double>(m_angle));
-    const DeviceFont font(labelFont(m_font, logicalDpiY()), logicalDpiY());
+    const DeviceFont font(paperFont(m_font, logicalDpiY()), logicalDpiY());
     const TurnedBox box = turnedBox(angle, font, m_caption);
     if (m_autoSize)
         resize(box.size + QSize(2 * kMargin, 2 * kMargin));

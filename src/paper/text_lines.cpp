@@ -1,4 +1,4 @@
-#include "labels/print/text_lines.h"
+#include "paper/text_lines.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,13 +34,14 @@ qsizetype firstWord(QStringView text)
     return blank < 0 ? text.size() : blank;
 }
 
-void wrap(QStringView text, qsizetype most, const std::function<bool(QStringView)> &fits,
+/// False when not all of the text went into the lines.
+bool wrap(QStringView text, qsizetype most, const std::function<bool(QStringView)> &fits,
           QStringList &lines)
 {
     while (lines.size() < most) {
         if (fits(text)) {
             lines += text.toString();
-            return;
+            return true;
         }
         qsizetype cut = wholeWords(text, fits);
         if (cut == 0)
@@ -48,26 +49,29 @@ void wrap(QStringView text, qsizetype most, const std::function<bool(QStringView
         lines += text.first(cut).toString();
         text = text.sliced(cut).trimmed();
         if (text.isEmpty())
-            return;
+            return true;
     }
+    return false;
 }
 
 } // namespace
 
-QStringList splitLines(const QString &text, qsizetype most,
-                       const std::function<bool(QStringView)> &fits)
+SplitText splitLines(const QString &text, qsizetype most,
+                     const std::function<bool(QStringView)> &fits)
 {
     QString unified = text;
     unified.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\t', u' ');
 
-    QStringList lines;
+    SplitText split;
     for (const QString &paragraph : unified.split(u'\n')) {
-        if (lines.size() >= most)
-            break;
+        if (split.lines.size() >= most) {
+            split.complete = split.complete && paragraph.isEmpty();
+            continue;
+        }
         if (fits)
-            wrap(paragraph, most, fits, lines);
+            split.complete = wrap(paragraph, most, fits, split.lines) && split.complete;
         else
-            lines += paragraph;
+            split.lines += paragraph;
     }
-    return lines;
+    return split;
 }

@@ -1,4 +1,6 @@
-#include "labels/layout/device_font.h"
+#include "paper/device_font.h"
+
+#include "paper/millimetres.h"
 
 #include <QFontMetricsF>
 #include <QStringList>
@@ -8,12 +10,11 @@
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
-constexpr double kPlainSize = 8;      ///< points, for layouts that name no size
+constexpr double kPlainSize = 8;      ///< points, for fonts that name no size
 constexpr double kLargestSize = 1000; ///< points
 constexpr int kLongestName = 32;      ///< characters of a font name the printer is told
 
-QFont makeFont(const LabelFont &source, double dpiY)
+QFont makeFont(const PaperFont &source, double dpiY)
 {
     QFont font;
     if (!source.name.isEmpty())
@@ -30,13 +31,13 @@ QFont makeFont(const LabelFont &source, double dpiY)
 
 } // namespace
 
-int pixelSize(const LabelFont &font, double dpiY)
+int pixelSize(const PaperFont &font, double dpiY)
 {
     const double points = font.size > 0 ? std::min(font.size, kLargestSize) : kPlainSize;
     return std::max(qRound(points * dpiY / kPointsPerInch), 1);
 }
 
-DeviceFont::DeviceFont(const LabelFont &source, double dpiY)
+DeviceFont::DeviceFont(const PaperFont &source, double dpiY)
     : m_source(source), m_font(makeFont(source, dpiY))
 {
     const QFontMetricsF metrics(m_font);
@@ -57,4 +58,21 @@ double DeviceFont::width(QStringView text) const
         width += m_widths[letter];
     }
     return width;
+}
+
+const DeviceFont &DeviceFonts::find(const PaperFont &font) const
+{
+    const auto known = std::find_if(m_fonts.cbegin(), m_fonts.cend(),
+                                    [&](const DeviceFont &made) { return made.source() == font; });
+    return known != m_fonts.cend() ? *known : m_fonts.emplace_back(font, m_dpi.height());
+}
+
+double DeviceFonts::width(const PaperFont &font, QStringView text) const
+{
+    return find(font).width(text) * kMmPerInch / m_dpi.width();
+}
+
+double DeviceFonts::lineHeight(const PaperFont &font) const
+{
+    return find(font).height() * kMmPerInch / m_dpi.height();
 }

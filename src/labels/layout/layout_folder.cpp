@@ -1,4 +1,4 @@
-#include "labels/print/layout_folder.h"
+#include "labels/layout/layout_folder.h"
 
 #include <QDir>
 

@@ -1,7 +1,6 @@
-#include "labels/print/bars_geometry.h"
+#include "paper/bars.h"
 
-#include "common/millimetres.h"
-#include "labels/print/paper_bounds.h"
+#include "paper/millimetres.h"
 
 #include <cmath>
 
@@ -17,7 +16,7 @@ bool canHoldBars(const QRectF &box)
 
 } // namespace
 
-std::optional<BarsGeometry> fitBars(const ean::Symbol &symbol, const QRectF &box, QSizeF dpi)
+std::optional<BarsGeometry> fitBars(const BarSymbol &symbol, const QRectF &box, QSizeF dpi)
 {
     if (!canHoldBars(box))
         return {};
@@ -34,18 +33,18 @@ std::optional<BarsGeometry> fitBars(const ean::Symbol &symbol, const QRectF &box
     const int spare = width - module * symbol.totalModules();
     BarsGeometry geometry;
     geometry.module = module;
-    geometry.left = qRound(box.left() * perMmX) + spare / 2 + module * symbol.quietLeft();
+    geometry.left = qRound(box.left() * perMmX) + spare / 2 + module * symbol.quietLeft;
     geometry.top = qRound(box.top() * perMmY);
     geometry.bottom = geometry.top + height;
     return geometry;
 }
 
-std::vector<QRect> barRectangles(const ean::Symbol &symbol, const BarsGeometry &geometry,
-                                 int bottom, int guardBottom)
+std::vector<QRect> barRectangles(const BarSymbol &symbol, const BarsGeometry &geometry, int bottom,
+                                 int guardBottom)
 {
     std::vector<QRect> rectangles;
     rectangles.reserve(symbol.bars.size());
-    for (const ean::Bar &bar : symbol.bars) {
+    for (const Bar &bar : symbol.bars) {
         const int end = bar.guard ? guardBottom : bottom;
         rectangles.emplace_back(geometry.x(bar.start), geometry.top, bar.width * geometry.module,
                                 end - geometry.top);

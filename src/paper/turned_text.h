@@ -1,9 +1,12 @@
 #pragma once
 
-#include "labels/layout/device_font.h"
+#include "paper/device_font.h"
 
 #include <QPointF>
+#include <QRectF>
 #include <QSize>
+
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QPainter;
@@ -12,6 +15,14 @@ QT_END_NAMESPACE
 /// The angle as a whole number of degrees from -180 to 180: 90 stays 90, 270 becomes -90, 180
 /// becomes -180. What is no number is 0.
 int normalisedAngle(double degrees);
+
+/// The upright rectangle around `line` turned counter-clockwise about the zero point.
+QRectF turned(const QRectF &line, double angle);
+
+/// The corner of its box at which a turned text starts: 0 or 1 across, 0 or 1 down. Upright text
+/// starts upper left, at 90 degrees lower left, upside-down lower right, at 270 upper right. Other
+/// angles fill no box and have no corner.
+std::optional<QPoint> startCorner(double angle);
 
 /// Draws one line of text in the painter's pen. `dot` is the upper left corner of the line before
 /// it is turned about that point, counter-clockwise by `angle` degrees.

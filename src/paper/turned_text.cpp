@@ -1,4 +1,4 @@
-#include "labels/layout/turned_text.h"
+#include "paper/turned_text.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -12,6 +12,20 @@ int normalisedAngle(double degrees)
         return 0;
     const double half = degrees > 0 ? 180 : degrees < 0 ? -180 : 0;
     return static_cast<int>(std::fmod(std::nearbyint(degrees + half), 360) - half);
+}
+
+QRectF turned(const QRectF &line, double angle)
+{
+    // Which corner of the turned line lies lowest or leftmost depends on the quadrant; the mapped
+    // rectangle knows.
+    return QTransform().rotate(-angle).mapRect(line);
+}
+
+std::optional<QPoint> startCorner(double angle)
+{
+    if (angle != 0 && angle != 90 && angle != 180 && angle != 270)
+        return {};
+    return -turned(QRectF(0, 0, 1, 1), angle).topLeft().toPoint();
 }
 
 void drawTurnedText(QPainter &painter, QPointF dot, double angle, const DeviceFont &font,
@@ -34,11 +48,9 @@ TurnedBox turnedBox(double angle, const DeviceFont &font, const QString &text)
     const QRectF letters =
         QFontMetricsF(font.font()).boundingRect(text).translated(0, font.ascent());
     const QRectF line = QRectF(0, 0, font.width(text), font.height()).united(letters);
-    // Which corner of the turned line lies lowest or leftmost depends on the quadrant; the mapped
-    // rectangle knows.
-    const QRectF turned = QTransform().rotate(-angle).mapRect(line);
-    const QPointF start(std::ceil(-turned.left()), std::ceil(-turned.top()));
-    const QPointF end = turned.bottomRight() + start;
+    const QRectF box = turned(line, angle);
+    const QPointF start(std::ceil(-box.left()), std::ceil(-box.top()));
+    const QPointF end = box.bottomRight() + start;
     return {QSize(static_cast<int>(std::ceil(end.x())), static_cast<int>(std::ceil(end.y()))),
             start.toPoint()};
 }

@@ -1,4 +1,4 @@
-#include "labels/print/picture_store.h"
+#include "paper/picture_store.h"
 #include "support/files.h"
 
 #include <QDir>

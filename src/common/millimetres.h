@@ -1,3 +1,0 @@
-#pragma once
-
-inline constexpr double kMmPerInch = 25.4;

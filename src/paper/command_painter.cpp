@@ -1,0 +1,177 @@
+#include "paper/command_painter.h"
+
+#include "paper/millimetres.h"
+#include "paper/turned_text.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kDigitShare = 0.35; ///< of a symbol's height, at most, goes to its digits
+constexpr int kSmallestDigits = 4;   ///< dots; smaller digits are left out
+
+} // namespace
+
+CommandPainter::CommandPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures)
+    : m_painter(painter), m_fonts(fonts), m_pictures(pictures)
+{
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::LosslessImageRendering);
+}
+
+void CommandPainter::paint(std::span<const DrawCommand> commands, QPointF origin)
+{
+    for (const DrawCommand &command : commands)
+        std::visit([&](const auto &one) { draw(one, origin); }, command.shape);
+}
+
+/// The box in whole dots, empty when it lies on no paper. Its size comes from the box alone: every
+/// label uses the same scaled picture.
+QRect CommandPainter::dotBox(const QRectF &box, QPointF origin) const
+{
+    const QPointF corner = box.topLeft() + origin;
+    const QPointF opposite = box.bottomRight() + origin;
+    if (!onPaper(corner) || !onPaper(opposite))
+        return {};
+    const QPointF size = toDots(opposite - corner, m_fonts.dpi());
+    return {toDots(corner, m_fonts.dpi()).toPoint(), QSize(qRound(size.x()), qRound(size.y()))};
+}
+
+int CommandPainter::dotWidth(double mm) const
+{
+    return std::max(
+        qRound(std::clamp(mm, 0.0, kLongestPaper) * m_fonts.dpi().height() / kMmPerInch), 1);
+}
+
+void CommandPainter::draw(const PictureCommand &picture, QPointF origin)
+{
+    const QRect box = dotBox(picture.box, origin);
+    if (box.isEmpty())
+        return;
+    const QImage &image = m_pictures.find(picture.file, box.size());
+    if (!image.isNull())
+        m_painter.drawImage(box, image);
+}
+
+void CommandPainter::draw(const BarsCommand &bars, QPointF origin)
+{
+    const auto geometry = fitBars(bars.symbol, bars.box.translated(origin), m_fonts.dpi());
+    if (!geometry)
+        return;
+
+    const DigitFont &font = digitFont(bars, *geometry);
+    const int gap = geometry->module;
+    const int guards = kGuardDepth * geometry->module;
+    const int digits = font.digitHeight > 0 ? font.digitHeight + gap : 0;
+    const int beneath = std::min(std::max(digits, guards), (geometry->bottom - geometry->top) / 2);
+    const int bottom = geometry->bottom - beneath;
+
+    const auto rectangles =
+        barRectangles(bars.symbol, *geometry, bottom, std::min(bottom + guards, geometry->bottom));
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(QColor(bars.colour));
+    m_painter.drawRects(rectangles.data(), static_cast<int>(rectangles.size()));
+    if (font.digitHeight > 0)
+        drawDigits(bars, *geometry, font, bottom + gap + font.digitHeight);
+}
+
+const CommandPainter::DigitFont &CommandPainter::digitFont(const BarsCommand &bars,
+                                                           const BarsGeometry &geometry)
+{
+    const int height = geometry.bottom - geometry.top;
+    for (const DigitFont &known : m_digitFonts)
+        if (known.source == bars.font && known.symbology == bars.symbol.name &&
+            known.module == geometry.module && known.height == height)
+            return known;
+
+    // The element's font, made smaller until every group of digits fits beneath its bars.
+    QFont font = m_fonts.find(bars.font).font();
+    const QFontMetricsF wanted(font);
+    double scale = std::min(1.0, height * kDigitShare / wanted.capHeight());
+    for (const DigitGroup &group : bars.symbol.groups) {
+        const double room = (group.width - 1) * geometry.module;
+        const double width =
+            static_cast<double>(group.digits.size()) * wanted.horizontalAdvance(u'0');
+        scale = std::min(scale, room / width);
+    }
+    font.setPixelSize(std::max(static_cast<int>(font.pixelSize() * scale), 1));
+
+    const QFontMetricsF metrics(font);
+    const bool readable = font.pixelSize() >= kSmallestDigits;
+    const int digitHeight = readable ? static_cast<int>(std::ceil(metrics.capHeight())) : 0;
+    return m_digitFonts.emplace_back(DigitFont{bars.font, bars.symbol.name, geometry.module, height,
+                                               font, metrics.horizontalAdvance(u'0'), digitHeight});
+}
+
+void CommandPainter::drawDigits(const BarsCommand &bars, const BarsGeometry &geometry,
+                                const DigitFont &font, int baseline)
+{
+    m_painter.setFont(font.font);
+    m_painter.setPen(QColor(bars.colour));
+    for (const DigitGroup &group : bars.symbol.groups) {
+        const double width = static_cast<double>(group.digits.size()) * font.advance;
+        const double left = geometry.x(group.left) + (group.width * geometry.module - width) / 2;
+        m_painter.drawText(QPointF(std::round(left), baseline), group.digits);
+    }
+}
+
+void CommandPainter::draw(const TextCommand &text, QPointF origin)
+{
+    const QPointF corner = text.at + origin;
+    if (!onPaper(corner))
+        return;
+    const DeviceFont &font = m_fonts.find(text.font);
+    const QPointF at = toDots(corner, m_fonts.dpi());
+    const QPointF dot(std::round(at.x() + text.nudge), std::round(at.y()));
+
+    m_painter.setPen(QColor(text.colour));
+    drawTurnedText(m_painter, dot, text.angle, font, text.text);
+}
+
+void CommandPainter::draw(const LineCommand &line, QPointF origin)
+{
+    const QPointF from = line.from + origin;
+    const QPointF to = line.to + origin;
+    if (!onPaper(from) || !onPaper(to))
+        return;
+    const int width = dotWidth(line.width);
+    const QPoint start = toDots(from, m_fonts.dpi()).toPoint();
+    const QPoint end = toDots(to, m_fonts.dpi()).toPoint();
+    const bool upright = start.x() == end.x();
+    if (upright || start.y() == end.y()) {
+        // Filled, so that it is exactly as many dots wide; half of them lie on each side.
+        const QRect along = QRect(start, end).normalized();
+        const QPoint half = upright ? QPoint(width / 2, 0) : QPoint(0, width / 2);
+        const QSize size = upright ? QSize(width, along.height()) : QSize(along.width(), width);
+        m_painter.fillRect(QRect(along.topLeft() - half, size), QColor(line.colour));
+        return;
+    }
+    m_painter.setPen(QPen(QColor(line.colour), width, Qt::SolidLine, Qt::FlatCap));
+    m_painter.drawLine(start, end);
+}
+
+void CommandPainter::draw(const RectangleCommand &rectangle, QPointF origin)
+{
+    const QRect box = dotBox(rectangle.box, origin);
+    if (box.isEmpty())
+        return;
+    const QColor colour(rectangle.colour);
+    const int line = dotWidth(rectangle.line);
+    if (rectangle.filled || 2 * line >= std::min(box.width(), box.height())) {
+        m_painter.fillRect(box, colour);
+        return;
+    }
+    const int inner = box.height() - 2 * line;
+    m_painter.fillRect(QRect(box.left(), box.top(), box.width(), line), colour);
+    m_painter.fillRect(QRect(box.left(), box.bottom() + 1 - line, box.width(), line), colour);
+    m_painter.fillRect(QRect(box.left(), box.top() + line, line, inner), colour);
+    m_painter.fillRect(QRect(box.right() + 1 - line, box.top() + line, line, inner), colour);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "paper/command_painter.h"
+
+#include <QPainter>
+
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QPagedPaintDevice;
+QT_END_NAMESPACE
+
+/// Dots per inch of a device, across and down.
+QSizeF resolution(const QPaintDevice &device);
+
+/// The pages of a printer or of a PDF file, painted one after another.
+class PagedCanvas
+{
+public:
+    /// `device` is kept by reference. `pictures`: folder of the pictures, "" for none.
+    explicit PagedCanvas(QPagedPaintDevice &device, const QString &pictures = {});
+
+    /// Starts the first page; false when the device refuses. Nothing may be painted before.
+    bool begin();
+    bool newPage();
+    /// Ends the last page; false when the device could not take all of it.
+    bool end();
+
+    /// Draws on the current page, the commands' zero point at `origin` (mm).
+    void paint(std::span<const DrawCommand> commands, QPointF origin);
+
+    const DeviceFonts &fonts() const { return m_fonts; }
+
+private:
+    QPagedPaintDevice &m_device;
+    DeviceFonts m_fonts;
+    PictureStore m_pictures;
+    QPainter m_painter;
+    std::optional<CommandPainter> m_commands;
+};
