@@ -1,4 +1,5 @@
 #include "common/amount.h"
+#include "common/column_widths.h"
 #include "support/print_qt.h"
 
 #include <cmath>
@@ -115,4 +116,15 @@ TEST(Amount, LabelCountsArePositiveWholeNumbers)
     for (const QString &bad :
          {u"0"_s, u"-1"_s, u"2,5"_s, u"abc"_s, u""_s, u"1.000"_s, u"1000000"_s, u"١"_s})
         EXPECT_FALSE(amount::labelCount(bad)) << bad.toStdString();
+}
+
+TEST(ColumnWidths, OnlySensibleWidthsAreTaken)
+{
+    EXPECT_EQ(column_widths::fromText(column_widths::toText({10, 4000, 120}), 3),
+              QList<int>({10, 4000, 120}));
+    EXPECT_EQ(column_widths::fromText(u"10-80,5-120"_s, 3), QList<int>({10, 81, 120}));
+    for (const QString &bad :
+         {u""_s, u"100-100"_s, u"100-100-100-100"_s, u"100-9-100"_s, u"100--100"_s,
+          u"100-4001-100"_s, u"100-99999999999-100"_s, u"-100-100-100"_s, u"a-b-c"_s})
+        EXPECT_TRUE(column_widths::fromText(bad, 3).isEmpty()) << bad.toStdString();
 }

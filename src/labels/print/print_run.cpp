@@ -5,7 +5,6 @@
 #include "labels/print/label_preview.h"
 #include "labels/print/scan_problems.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -14,8 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kSlice = 50; ///< milliseconds between two looks at the user's keys
 
 QSizeF resolution(const QPaintDevice &device)
 {
@@ -68,7 +65,7 @@ bool PrintRun::yazzzz(const PrintRequest &request, const QString &name)
     if (m_running)
         return false;
     m_running = true;
-    m_stopped = false;
+    m_slices.start();
     QString error;
     bool printed = false;
     try {
@@ -92,7 +89,7 @@ bool PrintRun::runDocument(const QString &name, const std::vector<LabelRow> &row
         return false;
 
     paint(job);
-    if (m_stopped) {
+    if (m_slices.stopped()) {
         Q_EMIT statusChanged(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
         return false;
     }
@@ -150,7 +147,6 @@ void PrintRun::paint(const PrintJob &job)
     LabelPainter labelPainter(painter, fonts, pictures);
     LabelBuilder builder(job, fonts);
     GridWalk walk(job.grid);
-    m_sinceEvents.start();
     m_pages = 1;
 
     qint64 label = 0;
@@ -168,21 +164,12 @@ void PrintRun::paint(const PrintJob &job)
             m_pages = place.page;
             labelPainter.paint(commands,
                                {static_cast<double>(place.x), static_cast<double>(place.y)});
-            if (!goOn(++label, labels, place.page))
+            ++label;
+            if (!m_slices.goOn([&] { Q_EMIT progressed(label, labels, place.page); }))
                 return;
         }
     }
     complete = painter.end();
     if (!complete)
         throw PrintError(u"Yazıcı yazdırmayı bitiremedi. Etiketler listede duruyor."_s);
-}
-
-bool PrintRun::goOn(qint64 label, qint64 labels, int page)
-{
-    if (m_sinceEvents.elapsed() >= kSlice) {
-        Q_EMIT progressed(label, labels, page);
-        QCoreApplication::processEvents();
-        m_sinceEvents.restart();
-    }
-    return !m_stopped;
 }
