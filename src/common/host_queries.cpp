@@ -37,7 +37,7 @@ QString pricesOf(const QString &stockCode)
 
 QString allOf(QStringView table)
 {
-    return u"select * from "_s + table;
+    return u"select * from "_s % table;
 }
 
 } // namespace host_queries

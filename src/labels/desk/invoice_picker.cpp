@@ -60,7 +60,8 @@ void InvoicePicker::fatipyukle()
         RecordSet types = m_program.company().execute(host_queries::allOf(u"FATFISTIP"));
         for (; !types.eof(); types.moveNext()) {
             const QString name = types.text(u"FATFTKOD");
-            m_types.push_back({name, name + kCodeMark + types.text(u"FATFTNO").trimmed()});
+            m_types.push_back(
+                {name, name + kCodeMark.toString() + types.text(u"FATFTNO").trimmed()});
         }
     });
 }
