@@ -178,6 +178,12 @@ float single(QStringView text)
     return static_cast<float>(value);
 }
 
+float narrow(double value)
+{
+    constexpr double most = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(value, -most, most));
+}
+
 int integer(QStringView text, int least, int most)
 {
     const double value = std::nearbyint(parse(text).value_or(0.0));

@@ -48,6 +48,9 @@ float single(QStringView text);
 int integer(QStringView text, int least = std::numeric_limits<int>::min(),
             int most = std::numeric_limits<int>::max());
 
+/// Narrows to single precision; what does not fit becomes the greatest value that does.
+float narrow(double value);
+
 /// A positive whole number up to 999.999 (a label count), or nothing.
 std::optional<int> labelCount(QStringView text);
 

@@ -31,5 +31,12 @@ public:
     virtual std::unique_ptr<HostConnection> open(const QString &connectionString) = 0;
 };
 
-/// The server name of the demo shop: the databases are files in the working folder.
+/// The server name of the demo shop, and its databases: files in the working folder.
 inline constexpr QStringView kEmbeddedServer = u"(yerel)";
+inline constexpr QStringView kDemoMaster = u"DEMOANA";
+inline constexpr QStringView kDemoCompany = u"DEMOSIRKET";
+
+inline bool isEmbedded(QStringView server)
+{
+    return server.compare(kEmbeddedServer, Qt::CaseInsensitive) == 0;
+}

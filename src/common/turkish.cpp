@@ -1,5 +1,8 @@
 #include "common/turkish.h"
 
+#include "common/amount.h"
+
+#include <algorithm>
 #include <array>
 
 namespace turkish {
@@ -35,6 +38,13 @@ constexpr std::array<char16_t, 256> makeTable()
 
 constexpr std::array<char16_t, 256> kTable = makeTable();
 
+QStringView withoutTrailingBlanks(QStringView text)
+{
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
 char toByte(char16_t c)
 {
     if (c < kTable.size() && kTable[c] == c)
@@ -59,6 +69,41 @@ QString lower(QStringView text)
     QString result = text.toString();
     result.replace(u'I', u'ı').replace(u'İ', u'i');
     return result.toLower();
+}
+
+char32_t upper(char32_t c)
+{
+    if (c == U'i')
+        return U'İ';
+    return c == U'ı' ? U'I' : QChar::toUpper(c);
+}
+
+char32_t lower(char32_t c)
+{
+    if (c == U'I')
+        return U'ı';
+    return c == U'İ' ? U'i' : QChar::toLower(c);
+}
+
+bool sameCode(QStringView left, QStringView right)
+{
+    left = withoutTrailingBlanks(left);
+    right = withoutTrailingBlanks(right);
+    return left.size() == right.size() &&
+           std::equal(left.begin(), left.end(), right.begin(), [](QChar a, QChar b) {
+               return a == b || upper(char32_t{a.unicode()}) == upper(char32_t{b.unicode()});
+           });
+}
+
+bool truth(QStringView text)
+{
+    const QString word = lower(text.trimmed());
+    return word == u"true" || word == u"doğru" || amount::parse(word).value_or(0) != 0;
+}
+
+QString truthText(bool value)
+{
+    return value ? QStringLiteral("True") : QStringLiteral("False");
 }
 
 QByteArray toCodePage1254(QStringView text)

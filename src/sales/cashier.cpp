@@ -1,8 +1,8 @@
 #include "sales/cashier.h"
 
+#include "common/host_queries.h"
 #include "common/program.h"
 #include "sales/host_fault.h"
-#include "sales/sale_queries.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,7 +20,7 @@ void CashierChoice::load()
 {
     m_entries.clear();
     try {
-        RecordSet rows = m_program.company().execute(queries::cashiers());
+        RecordSet rows = m_program.company().execute(host_queries::allOf(u"PERSONEL"));
         for (; !rows.eof(); rows.moveNext()) {
             QString tag;
             for (const QString &part : {rows.text(u"PERKOD"), rows.text(u"PEROZKOD"), QString()})

@@ -1,9 +1,9 @@
 #include "sales/item_lookup.h"
 
 #include "common/amount.h"
+#include "common/host_queries.h"
 #include "common/program.h"
 #include "sales/pricing.h"
-#include "sales/sale_queries.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -57,14 +57,14 @@ ItemLookup::ItemLookup(Program &program, const SaleSettings &settings)
 LookupResult ItemLookup::listebarkodkontrol(SaleList &list, const QString &code)
 {
     HostConnection &host = m_program.company();
-    const RecordSet barcode = host.execute(queries::barcodeRow(code));
+    const RecordSet barcode = host.execute(host_queries::barcode(code));
     if (barcode.eof())
         return notFound(u"Barkod bulunamadı: %1"_s.arg(code));
     if (const int row = list.find(SaleColumn::barcode, barcode.text(u"STKBARKOD")); row >= 0)
         return merge(list, row);
 
     const QString stockCode = barcode.text(u"STKBARSTKKOD");
-    const RecordSet card = host.execute(queries::stockCard(stockCode));
+    const RecordSet card = host.execute(host_queries::card(stockCode));
     if (card.eof())
         return notFound(u"Barkodun stok kartı yok: %1 (%2)"_s.arg(code, stockCode));
     calseson();
@@ -83,7 +83,7 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
         return merge(list, row);
 
     HostConnection &host = m_program.company();
-    const RecordSet card = host.execute(queries::stockCard(code));
+    const RecordSet card = host.execute(host_queries::card(code));
     if (card.eof())
         return notFound(u"Stok kodu bulunamadı: %1"_s.arg(code));
     calseson();
@@ -92,7 +92,7 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
     line[SaleColumn::stockCode] = card.text(u"STKKOD");
     line[SaleColumn::name] = card.text(u"STKCINSI");
     line[SaleColumn::unit] = card.text(u"STKBIRIM");
-    const RecordSet barcode = host.execute(queries::barcodesOfStock(code));
+    const RecordSet barcode = host.execute(host_queries::barcodesOf(code));
     if (!barcode.eof())
         line[SaleColumn::barcode] = barcode.text(u"STKBARKOD");
     return addPriced(list, std::move(line));
@@ -141,7 +141,7 @@ LookupResult ItemLookup::addPriced(SaleList &list, SaleLine line)
 QString ItemLookup::priceLine(SaleLine &line)
 {
     const QString &stockCode = line[SaleColumn::stockCode];
-    RecordSet price = m_program.company().execute(queries::pricesOfStock(stockCode));
+    RecordSet price = m_program.company().execute(host_queries::pricesOf(stockCode));
     if (!moveToPrice(price, m_settings.fiyatip))
         return u"%1: %2 numaralı fiyat tanımlı değil, satılamaz."_s.arg(line[SaleColumn::name],
                                                                         m_settings.fiyatip);

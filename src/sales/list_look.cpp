@@ -1,6 +1,7 @@
 #include "sales/list_look.h"
 
 #include "common/amount.h"
+#include "common/code_list.h"
 #include "common/windows_colour.h"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ double contrast(const QColor &a, const QColor &b)
 
 ListLook listLook(const SaleSettings &settings)
 {
-    const auto colours = QStringView(settings.listrenk).split(u"<1234>");
+    const auto colours = QStringView(settings.listrenk).split(kCodeMark);
     ListLook look;
     look.row = colourFrom(colours.value(0), Qt::white);
     look.alternate = colourFrom(colours.value(1), look.row);

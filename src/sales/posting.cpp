@@ -1,10 +1,10 @@
 #include "sales/posting.h"
 
 #include "common/amount.h"
+#include "common/host_queries.h"
 #include "common/program.h"
 #include "common/resume_next.h"
 #include "sales/posting_statements.h"
-#include "sales/sale_queries.h"
 
 using namespace Qt::StringLiterals;
 
@@ -91,7 +91,7 @@ public:
         postStock();
         postAccount();
         postInvoice();
-        advance(stock, static_cast<double>(pricing::narrow(stock.number()) + 1.0F));
+        advance(stock, static_cast<double>(amount::narrow(stock.number()) + 1.0F));
         advance(account, account.number() + 1.0);
         advance(invoice, invoice.number() + 1.0);
         return m_result;
@@ -191,7 +191,7 @@ private:
     {
         const QString &code = line[SaleColumn::stockCode];
         step(named(u"Stok bakiyesi"_s, code), [&] {
-            const double balance = read(queries::stockCard(code)).number(u"STKBAKIYE");
+            const double balance = read(host_queries::card(code)).number(u"STKBAKIYE");
             const double pieces = pricing::valueOf(line, SaleColumn::quantity);
             write(ledger::stockBalance(code, balance - pieces));
         });
@@ -260,8 +260,8 @@ private:
             double left = pricing::valueOf(line, SaleColumn::amount);
             for (std::size_t i = 0; i < discount.size(); ++i) {
                 const auto part = static_cast<double>(parts.amount[i]);
-                base[i] = pricing::narrow(static_cast<double>(base[i]) + left);
-                discount[i] = pricing::narrow(static_cast<double>(discount[i]) + part);
+                base[i] = amount::narrow(static_cast<double>(base[i]) + left);
+                discount[i] = amount::narrow(static_cast<double>(discount[i]) + part);
                 left -= part;
             }
         }

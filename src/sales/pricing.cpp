@@ -1,11 +1,9 @@
 #include "sales/pricing.h"
 
 #include "common/amount.h"
+#include "common/discounts.h"
 
 #include <QList>
-
-#include <algorithm>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -15,42 +13,20 @@ namespace {
 
 constexpr QStringView kSeparator = u"<>";
 
-float percentOf(double base, float percent)
-{
-    return narrow(base * (static_cast<double>(percent) / 100.0));
-}
-
 /// One running total: widened for the addition, narrowed when stored.
 void add(float &sum, double value)
 {
-    sum = narrow(static_cast<double>(sum) + value);
+    sum = amount::narrow(static_cast<double>(sum) + value);
 }
 
 } // namespace
 
-float narrow(double value)
-{
-    constexpr double most = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(value, -most, most));
-}
-
-Discounts cascade(double lineAmount, const std::array<float, 3> &percent)
-{
-    Discounts result{percent, {}};
-    double left = lineAmount;
-    for (std::size_t i = 0; i < percent.size(); ++i) {
-        result.amount[i] = percentOf(left, percent[i]);
-        left -= static_cast<double>(result.amount[i]);
-    }
-    return result;
-}
-
-QString discountTag(const Discounts &discounts)
+QString discountTag(const Discounts &parts)
 {
     QString tag;
-    for (const float percent : discounts.percent)
+    for (const float percent : parts.percent)
         tag.append(kSeparator).append(amount::plain(percent));
-    for (const float part : discounts.amount)
+    for (const float part : parts.amount)
         tag.append(kSeparator).append(amount::plain(part));
     return tag;
 }
@@ -62,12 +38,12 @@ Discounts discountsOf(QStringView tag)
         const auto at = static_cast<qsizetype>(i);
         return at < elements.size() ? amount::single(elements.at(at)) : 0.0F;
     };
-    Discounts discounts;
-    for (std::size_t i = 0; i < discounts.percent.size(); ++i) {
-        discounts.percent[i] = element(1 + i);
-        discounts.amount[i] = element(4 + i);
+    Discounts parts;
+    for (std::size_t i = 0; i < parts.percent.size(); ++i) {
+        parts.percent[i] = element(1 + i);
+        parts.amount[i] = element(4 + i);
     }
-    return discounts;
+    return parts;
 }
 
 double valueOf(const SaleLine &line, SaleColumn column)
@@ -82,9 +58,10 @@ void recompute(SaleLine &line, double quantity)
         valueOf(line, SaleColumn::quantity) * valueOf(line, SaleColumn::price);
     line[SaleColumn::amount] = amount::money(lineAmount);
 
-    const Discounts discounts = cascade(lineAmount, discountsOf(line.tag).percent);
-    line.tag = discountTag(discounts);
-    const auto discount = static_cast<double>(discounts.total());
+    Discounts parts = discountsOf(line.tag);
+    parts.amount = discounts::ofLine(lineAmount, parts.percent);
+    line.tag = discountTag(parts);
+    const auto discount = static_cast<double>(parts.total());
     line[SaleColumn::discount] = amount::money(discount);
     line[SaleColumn::net] = amount::money(lineAmount - discount);
 }

@@ -9,7 +9,7 @@
 /// books have always been, so that totals of long lists agree with them to the last cent.
 namespace pricing {
 
-/// Three discounts, each on what the one before it left.
+/// The discounts of a line, per cent and amount; see discounts::ofLine().
 struct Discounts
 {
     std::array<float, 3> percent{};
@@ -19,10 +19,8 @@ struct Discounts
     float total() const { return amount[0] + amount[1] + amount[2]; }
 };
 
-Discounts cascade(double lineAmount, const std::array<float, 3> &percent);
-
 /// "<>p1<>p2<>p3<>d1<>d2<>d3"; unreadable elements read as 0.
-QString discountTag(const Discounts &discounts);
+QString discountTag(const Discounts &parts);
 Discounts discountsOf(QStringView tag);
 
 /// Writes the quantity and everything that follows from it: line amount, tag, discount and net.
@@ -30,9 +28,6 @@ void recompute(SaleLine &line, double quantity);
 
 /// A cell as a number; unreadable text counts as 0.
 double valueOf(const SaleLine &line, SaleColumn column);
-
-/// Narrows to single precision; what does not fit becomes the greatest value that does.
-float narrow(double value);
 
 /// Display text of a sum kept in single precision: at most seven significant digits survive.
 QString totalText(float sum);

@@ -1,6 +1,7 @@
 #include "sales/receipt_layout.h"
 
 #include "common/amount.h"
+#include "common/turkish.h"
 
 #include <QStringBuilder>
 
@@ -18,12 +19,6 @@ constexpr double kLargestPoints = 72.0;
 constexpr double kPlainPaper = 80.0; ///< mm
 constexpr double kNarrowestPaper = 20.0;
 constexpr double kWidestPaper = 500.0;
-
-bool isTrue(QStringView flag)
-{
-    return flag.compare(u"true", Qt::CaseInsensitive) == 0 || flag == u"Doğru" || flag == u"1" ||
-           flag == u"-1";
-}
 
 QString cleanLine(QString piece)
 {
@@ -43,14 +38,14 @@ ReceiptStyle styleOf(QStringView options)
     style.font = field(1).toString();
     if (const auto points = amount::parse(field(2)))
         style.points = std::clamp(*points, kSmallestPoints, kLargestPoints);
-    style.bold = isTrue(field(3));
+    style.bold = turkish::truth(field(3));
     return style;
 }
 
 QString optionString(const ReceiptStyle &style)
 {
     return style.carried % kFieldSeparator % style.font % kFieldSeparator %
-           amount::points(style.points) % kFieldSeparator % (style.bold ? u"True"_s : u"False"_s);
+           amount::points(style.points) % kFieldSeparator % turkish::truthText(style.bold);
 }
 
 QStringList printedLines(const QString &text)

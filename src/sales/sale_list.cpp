@@ -1,5 +1,7 @@
 #include "sales/sale_list.h"
 
+#include "common/turkish.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -19,27 +21,6 @@ QVariant alignment(int column)
     if (which == SaleColumn::vatRate || which == SaleColumn::unit)
         across = Qt::AlignHCenter;
     return QVariant::fromValue(across | Qt::AlignVCenter);
-}
-
-QChar upper(QChar c)
-{
-    if (c == u'i')
-        return u'İ';
-    return c == u'ı' ? QChar(u'I') : c.toUpper();
-}
-
-QStringView withoutTrailingBlanks(QStringView text)
-{
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text;
-}
-
-bool sameCode(QStringView left, QStringView right)
-{
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(),
-                      [](QChar a, QChar b) { return a == b || upper(a) == upper(b); });
 }
 
 } // namespace
@@ -116,9 +97,8 @@ void SaleList::clear()
 
 int SaleList::find(SaleColumn column, QStringView code) const
 {
-    const QStringView wanted = withoutTrailingBlanks(code);
     for (int row = 0; row < size(); ++row)
-        if (sameCode(withoutTrailingBlanks(line(row)[column]), wanted))
+        if (turkish::sameCode(line(row)[column], code))
             return row;
     return -1;
 }

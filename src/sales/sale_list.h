@@ -33,8 +33,7 @@ public:
     void remove(int row);
     void clear();
 
-    /// First row whose cell holds that code, or −1. Codes compare as the host compares them:
-    /// without regard to Turkish upper and lower case or trailing blanks.
+    /// First row whose cell holds that code, as turkish::sameCode() compares, or −1.
     int find(SaleColumn column, QStringView code) const;
 
 private:

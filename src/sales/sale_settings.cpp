@@ -1,6 +1,6 @@
 #include "sales/sale_settings.h"
 
-#include "common/amount.h"
+#include "common/column_widths.h"
 #include "common/program.h"
 #include "common/resume_next.h"
 #include "sales/sale_line.h"
@@ -8,9 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kLeastWidth = 10;
-constexpr int kMostWidth = 2000;
 
 struct Field
 {
@@ -65,24 +62,14 @@ SaleSettings oku(Program &program)
 
 QList<int> olcuyukle(Program &program)
 {
-    QList<int> widths;
-    const QString stored = settings::value(program, u"olcu", u"olcu");
-    for (const QStringView part : QStringView(stored).split(u'-')) {
-        const double width = amount::parse(part).value_or(0.0);
-        if (width < kLeastWidth || width > kMostWidth)
-            return {};
-        widths += qRound(width);
-    }
-    return widths.size() == kSaleColumns ? widths : QList<int>();
+    return column_widths::fromText(settings::value(program, u"olcu", u"olcu"), kSaleColumns);
 }
 
 bool olcukaydet(Program &program, const QList<int> &widths)
 {
-    QStringList texts;
-    for (const int width : widths)
-        texts += QString::number(width);
     return resumeNext([&] {
         OpenDatabase db(program.db, program.path(settings::kFile));
-        db.execute(u"Update olcu set olcu = '"_s + texts.join(u'-') + u"' Where id ='1'"_s);
+        db.execute(u"Update olcu set olcu = '"_s + column_widths::toText(widths) +
+                   u"' Where id ='1'"_s);
     });
 }

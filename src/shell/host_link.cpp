@@ -1,6 +1,7 @@
 #include "shell/host_link.h"
 
 #include "common/connection_string.h"
+#include "common/host_queries.h"
 #include "common/resume_next.h"
 #include "common/settings_database.h"
 
@@ -89,13 +90,13 @@ void HostLink::reopenCompany()
 
 void HostLink::tellConnecting()
 {
-    if (m_server.server.compare(kEmbeddedServer, Qt::CaseInsensitive) != 0)
+    if (!isEmbedded(m_server.server))
         Q_EMIT connecting(m_server.server); // the embedded databases open in no time
 }
 
 void HostLink::loadVatClasses()
 {
-    RecordSet classes = m_program.anabag->execute(u"select * from KDVKISIM"_s);
+    RecordSet classes = m_program.anabag->execute(host_queries::allOf(u"KDVKISIM"));
     std::size_t counter = 0;
     for (; !classes.eof(); classes.moveNext()) {
         ++counter;

@@ -1,5 +1,6 @@
 #include "shell/settings_session.h"
 
+#include "common/host_queries.h"
 #include "common/resume_next.h"
 #include "common/settings_database.h"
 #include "common/turkish.h"
@@ -180,9 +181,9 @@ void SettingsSession::sqloku()
     };
     for (const auto &query : queries)
         resumeNext([&] {
-            query.list = CodeList::read(
-                m_program.company().execute(u"select * from "_s + query.table.toString()),
-                query.display, query.key);
+            query.list =
+                CodeList::read(m_program.company().execute(host_queries::allOf(query.table)),
+                               query.display, query.key);
         });
     oku1();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "common/code_list.h"
 #include "common/program.h"
-#include "shell/code_list.h"
 
 #include <QObject>
 

@@ -1,118 +1,55 @@
 #include "common/amount.h"
+#include "common/column_widths.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
-#include <cmath>
+#include <QHash>
+
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
-TEST(Amount, MoneyIsGroupedRoundedAndTurkish)
+TEST(Amount, NumbersAndTheirTexts)
 {
-    const struct
-    {
-        double value;
-        QString text;
-    } cases[] = {
-        {0, u"0,00"_s},
-        {1.5, u"1,50"_s},
-        {25000, u"25.000,00"_s},
-        {1234567.891, u"1.234.567,89"_s},
-        {999.995, u"1.000,00"_s},
-        {1.005, u"1,01"_s},
-        {0.005, u"0,01"_s},
-        {-0.004, u"0,00"_s},
-        {-1234.5, u"-1.234,50"_s},
-        {1e15, u"1.000.000.000.000.000,00"_s},
-        {std::nan(""), QString()},
-        {HUGE_VAL, QString()},
+    const auto read = [](const auto &number) {
+        return number ? QString::number(*number, 'g', 15) : u"none"_s;
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(amount::money(c.value), c.text) << c.value;
-}
-
-TEST(Amount, MoneyOfASingleGoesByItsSevenDigits)
-{
-    const struct
-    {
-        float value;
-        QString text;
-    } cases[] = {
-        {0.0F, u"0,00"_s},
-        {2.1F - 0.105F, u"2,00"_s}, // widened it reads 1.9949999
-        {9.9F - 2.475F, u"7,43"_s},
-        {149.9F - 7.495F, u"142,41"_s},
-        {-1.995F, u"-2,00"_s},
-        {123456.78F, u"123.456,80"_s},
-        {12345678.91F, u"12.345.680,00"_s},
-        {-1e10F, u"-10.000.000.000,00"_s},
-        {1e-10F, u"0,00"_s},
-        {std::nanf(""), QString()},
-        {HUGE_VALF, QString()},
+    using Rule = std::function<QString(const Case &)>;
+    const auto ofDouble = [](QString (*text)(double)) -> Rule {
+        return [text](const Case &c) { return text(c.number(1)); };
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(amount::money(c.value), c.text) << c.value;
-}
-
-TEST(Amount, LengthsAndSizesKeepTheirDecimals)
-{
-    EXPECT_EQ(amount::length(210.0), u"210,0"_s);
-    EXPECT_EQ(amount::length(1234.56), u"1234,6"_s);
-    EXPECT_EQ(amount::length(-0.04), u"0,0"_s);
-    EXPECT_EQ(amount::length(0.35F), u"0,4"_s); // widened it reads 0.3499999
-    EXPECT_EQ(amount::whole(0), u"0"_s);
-    EXPECT_EQ(amount::whole(1234567), u"1.234.567"_s);
-    EXPECT_EQ(amount::points(8.25), u"8,25"_s);
-    EXPECT_EQ(amount::points(10), u"10"_s);
-    EXPECT_EQ(amount::points(9.75006), u"9,7501"_s);
-}
-
-TEST(Amount, SinglePrecisionTextHasSevenDigits)
-{
-    EXPECT_EQ(amount::plain(123456.78F), u"123456,8"_s);
-    EXPECT_EQ(amount::plain(0.1F), u"0,1"_s);
-    EXPECT_EQ(amount::plain(12345678.0F), u"1,234568E+07"_s);
-    EXPECT_EQ(amount::plain(12.5), u"12,5"_s);
-    EXPECT_EQ(amount::plain(0.1 + 0.2), u"0,3"_s);
-}
-
-TEST(Amount, ParsesWhatUsersType)
-{
-    const struct
-    {
-        QString text;
-        double value;
-    } cases[] = {
-        {u"1.234,50"_s, 1234.5}, {u"1234,5"_s, 1234.5},
-        {u" -12 "_s, -12.0},     {u"1.5"_s, 15.0}, // a point groups, it never starts decimals
-        {u",5"_s, 0.5},          {u"1,234568E+07"_s, 12345680.0},
+    const auto ofSingle = [](QString (*text)(float)) -> Rule {
+        return [text](const Case &c) { return text(static_cast<float>(c.number(1))); };
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(amount::parse(c.text), c.value) << c.text.toStdString();
+    const QHash<QString, Rule> rules = {
+        {u"money"_s, ofDouble(amount::money)},
+        {u"single money"_s, ofSingle(amount::money)},
+        {u"length"_s, ofDouble(amount::length)},
+        {u"single length"_s, ofSingle(amount::length)},
+        {u"points"_s, ofDouble(amount::points)},
+        {u"plain"_s, ofDouble(amount::plain)},
+        {u"single plain"_s, ofSingle(amount::plain)},
+        {u"whole"_s, [](const Case &c) { return amount::whole(c.value(1).toLongLong()); }},
+        {u"parse"_s, [&](const Case &c) { return read(amount::parse(c.value(1))); }},
+        {u"single"_s, [](const Case &c) { return QString::number(amount::single(c.value(1))); }},
+        {u"integer"_s,
+         [](const Case &c) { return QString::number(amount::integer(c.value(1), -4, 100)); }},
+        {u"any integer"_s,
+         [](const Case &c) { return QString::number(amount::integer(c.value(1))); }},
+        {u"labels"_s, [&](const Case &c) { return read(amount::labelCount(c.value(1))); }},
+    };
+    for (const Case &c : cases(u"amounts"_s))
+        EXPECT_EQ(rules[c.value(0)](c), c.value(2)) << c;
+}
+
+TEST(ColumnWidths, OnlySensibleWidthsAreTaken)
+{
+    EXPECT_EQ(column_widths::fromText(column_widths::toText({10, 4000, 120}), 3),
+              QList<int>({10, 4000, 120}));
+    EXPECT_EQ(column_widths::fromText(u"10-80,5-120"_s, 3), QList<int>({10, 81, 120}));
     for (const QString &bad :
-         {u""_s, u"-"_s, u"12a"_s, u"1,2,3"_s, u"1,2.3"_s, u"nan"_s, u"inf"_s, u"1E999"_s, u"١٢"_s})
-        EXPECT_FALSE(amount::parse(bad)) << bad.toStdString();
-    EXPECT_EQ(amount::single(u"1E39"), 0.0F);
-    EXPECT_EQ(amount::single(u"abc"), 0.0F);
-}
-
-TEST(Amount, WholeNumbersAreRoundedAndKeptInTheirRange)
-{
-    const struct
-    {
-        QString text;
-        int value;
-    } cases[] = {{u"9"_s, 9},     {u"9,5"_s, 10}, {u"8,5"_s, 8}, {u"-4"_s, -4},        {u"-5"_s, 0},
-                 {u"100"_s, 100}, {u"101"_s, 0},  {u"x"_s, 0},   {u"99999999999"_s, 0}};
-    for (const auto &c : cases)
-        EXPECT_EQ(amount::integer(c.text, -4, 100), c.value) << c.text.toStdString();
-    EXPECT_EQ(amount::integer(u"-2147483640"), -2147483640);
-    EXPECT_EQ(amount::integer(u"2147483648"), 0);
-}
-
-TEST(Amount, LabelCountsArePositiveWholeNumbers)
-{
-    EXPECT_EQ(amount::labelCount(u" 24 "), 24);
-    for (const QString &bad :
-         {u"0"_s, u"-1"_s, u"2,5"_s, u"abc"_s, u""_s, u"1.000"_s, u"1000000"_s, u"١"_s})
-        EXPECT_FALSE(amount::labelCount(bad)) << bad.toStdString();
+         {u""_s, u"100-100"_s, u"100-100-100-100"_s, u"100-9-100"_s, u"100--100"_s,
+          u"100-4001-100"_s, u"100-99999999999-100"_s, u"-100-100-100"_s, u"a-b-c"_s})
+        EXPECT_TRUE(column_widths::fromText(bad, 3).isEmpty()) << bad.toStdString();
 }

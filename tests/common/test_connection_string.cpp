@@ -1,5 +1,6 @@
 #include "common/connection_string.h"
 #include "common/host_error.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -52,26 +53,13 @@ TEST(ConnectionString, ReadsBackWhatItSays)
 
 TEST(ServerName, SplitsHostInstanceAndPort)
 {
-    const struct
-    {
-        QString name;
-        ServerAddress expected;
-    } cases[] = {
-        {u"KASA1"_s, {u"KASA1"_s, {}, 0}},
-        {u" 192.168.1.5 "_s, {u"192.168.1.5"_s, {}, 0}},
-        {u"KASA1\\SQL2"_s, {u"KASA1"_s, u"SQL2"_s, 0}},
-        {u"KASA1,1500"_s, {u"KASA1"_s, {}, 1500}},
-        {u"KASA1\\SQL2 , 1500"_s, {u"KASA1"_s, u"SQL2"_s, 1500}},
-        {u"tcp:KASA1,1500"_s, {u"KASA1"_s, {}, 1500}},
-        {u".\\SQLEXPRESS"_s, {u"localhost"_s, u"SQLEXPRESS"_s, 0}},
-        {u"(LOCAL)"_s, {u"localhost"_s, {}, 0}},
-        {u"KASA1,"_s, {u"KASA1"_s, {}, 0}},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(parseServerName(c.name), c.expected) << c.name.toStdString();
-    for (const QString &bad :
-         {QString(), u"\\SQL2"_s, u",1433"_s, u"KASA1,x"_s, u"KASA1,0"_s, u"KASA1,70000"_s})
-        EXPECT_THROW(parseServerName(bad), HostError) << bad.toStdString();
+    for (const Case &c : cases(u"server_names"_s)) {
+        const ServerAddress expected{c.value(1), c.value(2), c.value(3).toInt()};
+        if (expected.host.isEmpty())
+            EXPECT_THROW(parseServerName(c.value(0)), HostError) << c;
+        else
+            EXPECT_EQ(parseServerName(c.value(0)), expected) << c;
+    }
 }
 
 } // namespace

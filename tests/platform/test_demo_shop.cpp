@@ -3,6 +3,7 @@
 #include "platform/host/embedded_engine.h"
 #include "platform/host/embedded_file.h"
 #include "platform/scratch.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QDir>
@@ -32,42 +33,13 @@ TEST(DemoText, NamesFileAndLineOfAFault)
     const QByteArray schema = "tablo STKKART\n  STKKOD metin(4) anahtar\n  STKSIRA tam\n"
                               "  STKFIYAT para\n  STKTARIH tarih\n";
     const QByteArray names = "STKKOD|STKSIRA|STKFIYAT|STKTARIH\n";
-    struct Case
-    {
-        QByteArray schema;
-        QByteArray rows;
-        std::string expected; // how the message starts
-    };
-    const std::vector<Case> cases = {
-        {schema, "", ""},
-        {schema, "# boş\r\n\r\nSTKKOD|STKSIRA\r\nS 1|-5\r\n", ""},
-        {schema, names + "S1||1.249,90|\n|1|2|bugün\nS3|1|2|bugün-30", ""},
-        {"# yorum\n\nSTKKOD metin(4)\n", "", "sema.txt, satır 3"},
-        {"tablo stkkart\n", "", "sema.txt, satır 1"},
-        {"tablo A B\n", "", "sema.txt, satır 1"},
-        {"tablo A\n  X metin\n", "", "sema.txt, satır 2"},
-        {"tablo A\n  X metin(0)\n", "", "sema.txt, satır 2"},
-        {"tablo A\n  X yazı\n", "", "sema.txt, satır 2"},
-        {"tablo A\n  X tam kilit\n", "", "sema.txt, satır 2"},
-        {"tablo A\n  X tam\n  X tam\n", "", "sema.txt, satır 3"},
-        {"tablo A\n  X tam\n  dizin Y\n", "", "sema.txt, satır 3"},
-        {schema, "STKKOD|YOK\n", "STKKART.txt, satır 1"},
-        {schema, "STKKOD|STKKOD\n", "STKKART.txt, satır 1"},
-        {schema, names + "S1|1|2\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1|2|bugün|\n", "STKKART.txt, satır 2"},
-        {schema, names + "#\n\nS0005|1|2|bugün\n", "STKKART.txt, satır 4"},
-        {schema, names + "S1|bir|2|bugün\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1,5|2|bugün\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|9999999999|2|bugün\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1|2,x|bugün\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1|2|31.02.2026\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1|2|yarın\n", "STKKART.txt, satır 2"},
-        {schema, names + "S1|1|2|bugün+1\n", "STKKART.txt, satır 2"},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(faultOf(c.schema, c.rows).substr(0, c.expected.empty() ? 99 : c.expected.size()),
-                  c.expected)
-            << c.schema.toStdString() << c.rows.toStdString();
+    for (const Case &c : cases(u"demo_faults"_s)) {
+        const auto text = [&](qsizetype field) {
+            return c.value(field).toUtf8().replace("<schema>", schema).replace("<names>", names);
+        };
+        const std::string fault = faultOf(text(0), text(1));
+        EXPECT_EQ(fault.substr(0, c.value(2).isEmpty() ? 99 : c.utf8(2).size()), c.utf8(2)) << c;
+    }
 }
 
 TEST(DemoText, NamesTheRowThatBreaksARule)

@@ -2,6 +2,7 @@
 #include "platform/host/embedded_engine.h"
 #include "platform/host/embedded_file.h"
 #include "platform/scratch.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <chrono>
@@ -40,33 +41,8 @@ protected:
 
 TEST_F(EmbeddedEngineTest, FindsRowsAsATurkishServerDoes)
 {
-    struct Case
-    {
-        QString condition;
-        QStringList expected;
-    };
-    const std::vector<Case> cases = {
-        {u"STKKOD='s002'"_s, {u"S002"_s}},
-        {u"STKKOD='S002  '"_s, {u"S002"_s}},
-        {u"STKCINSI='içli köfte'"_s, {u"S001"_s}},
-        {u"STKCINSI='ıçlı köfte'"_s, {}},
-        {u"STKCINSI LIKE '%SÜT%'"_s, {u"S002"_s}},
-        {u"STKCINSI LIKE '%İÇLİ%'"_s, {u"S001"_s}},
-        {u"STKCINSI LIKE '%''rize''%'"_s, {u"S003"_s}},
-        {u"STKCINSI LIKE '%%'"_s, {u"S001"_s, u"S002"_s, u"S003"_s}},
-        {u"STKBIRIM2=''"_s, {u"S001"_s, u"S002"_s}}, // a blank is as good as nothing
-        {u"STKSIRA='2'"_s, {u"S002"_s}},
-        {u"STKBAKIYE='12.50'"_s, {u"S001"_s}},
-        {u"STKFIYAT>'100'"_s, {u"S001"_s}}, // as numbers, not as text
-        {u"STKSYFTARIHI between '01.11.2026' and '30.11.2026'"_s, {u"S001"_s, u"S002"_s}},
-        {u"STKSYFTARIHI between '1.11.2026' and '17.11.2026'"_s, {u"S002"_s}},
-        {u"STKSYFTARIHI='24.12.2025'"_s, {u"S003"_s}},
-        {u"STKSYFTARIHI<'01.01.2026'AND STKKOD='S003'"_s, {u"S003"_s}},
-        {u"1=1 order by STKCINSI"_s, {u"S003"_s, u"S002"_s, u"S001"_s}},
-        {u"1=1 order by STKSYFTARIHI"_s, {u"S003"_s, u"S002"_s, u"S001"_s}},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(codes(c.condition), c.expected) << c.condition.toStdString();
+    for (const Case &c : cases(u"host_conditions"_s))
+        EXPECT_EQ(codes(c.value(0)).join(u' '), c.value(1)) << c;
 }
 
 TEST_F(EmbeddedEngineTest, GivesValuesOfTheColumnsType)
@@ -110,41 +86,11 @@ TEST_F(EmbeddedEngineTest, BringsWrittenTextIntoTheColumnsType)
 
 TEST_F(EmbeddedEngineTest, RefusesWhatTheServerRefuses)
 {
-    struct Case
-    {
-        QString statement;
-        int expected;
-    };
-    const QString insert = u"INSERT INTO STKKART (STKKOD,%1) values ('Y1',%2)"_s;
-    const QString update = u"UPDATE STKKART SET %1=%2 where STKKOD='S001'"_s;
-    const std::vector<Case> cases = {
-        {u"select * from STKKART where STKCINSI LIKE '%6'lı%'"_s, HostError::kStatement},
-        {u"select * from STKKART where STKCINSI = '"_s, HostError::kStatement},
-        {u"select * from STKKART where STKCINSI = \"süt\""_s, HostError::kStatement},
-        {u"select * from YOK"_s, HostError::kStatement},
-        {u"select YOK from STKKART"_s, HostError::kStatement},
-        {u"selekt * from STKKART"_s, HostError::kStatement},
-        {u"select * from STKKART\0"_s + QChar(u'\0'), HostError::kStatement},
-        {u"Set DateFormat mdy"_s, HostError::kStatement},
-        {u"ATTACH DATABASE 'x.yerel' AS x"_s, HostError::kStatement},
-        {u"INSERT INTO STKKART (STKKOD) values ('S001')"_s, HostError::kDuplicate},
-        {u"INSERT INTO STKKART (STKKOD) values ('s001 ')"_s, HostError::kDuplicate},
-        {u"INSERT INTO STKKART (STKCINSI) values ('kodsuz')"_s, HostError::kDuplicate},
-        {insert.arg(u"STKSIRA"_s, u"'iki'"_s), HostError::kStatement},
-        {insert.arg(u"STKSIRA"_s, u"'2.5'"_s), HostError::kStatement},
-        {insert.arg(u"STKSIRA"_s, u"'3000000000'"_s), HostError::kStatement},
-        {insert.arg(u"STKBAKIYE"_s, u"'12,5'"_s), HostError::kStatement},
-        {insert.arg(u"STKBAKIYE"_s, u"'1e999'"_s), HostError::kStatement},
-        {insert.arg(u"STKFIYAT"_s, u"'bedava'"_s), HostError::kStatement},
-        {insert.arg(u"STKSYFTARIHI"_s, u"'31.02.2026'"_s), HostError::kStatement},
-        {insert.arg(u"STKSYFSAATI"_s, u"'12:00:00.0'"_s), HostError::kStatement}, // too long
-        {update.arg(u"STKFIYAT"_s, u"'x'"_s), HostError::kStatement},
-        {update.arg(u"STKSYFTARIHI"_s, u"'yarın'"_s), HostError::kStatement},
-        {update.arg(u"STKKOD"_s, u"'S002'"_s), HostError::kDuplicate},
-    };
     const QStringList before = texts(host->execute(u"select * from STKKART"_s), u"STKFIYAT");
-    for (const Case &c : cases)
-        EXPECT_EQ(errorOfStatement(c.statement), c.expected) << c.statement.toStdString();
+    for (const Case &c : cases(u"host_refusals"_s))
+        EXPECT_EQ(errorOfStatement(c.value(0)),
+                  c.value(1) == u"duplicate" ? HostError::kDuplicate : HostError::kStatement)
+            << c;
     EXPECT_EQ(texts(host->execute(u"select * from STKKART"_s), u"STKFIYAT"), before);
     EXPECT_EQ(host->state(), 1);
 }

@@ -1,6 +1,7 @@
 #include "common/ini_text.h"
 #include "common/turkish.h"
 #include "platform/machine/profile_key_file.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 #include "support/wine.h"
 
@@ -22,13 +23,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Bytes of a literal, NUL bytes included.
-template <std::size_t n>
-QByteArray raw(const char (&text)[n])
-{
-    return {text, static_cast<qsizetype>(n - 1)};
-}
 
 class KeyFiles : public testing::Test
 {
@@ -58,118 +52,6 @@ protected:
     ProfileKeyFile keys;
 };
 
-struct ReadCase
-{
-    const char *rule;
-    QByteArray file;
-    QString section;
-    QString key;
-    QString value;
-    bool underWine = true; ///< false where Wine does not do as Windows does
-};
-
-const ReadCase kReadCases[] = {
-    {"plain", "[s]\r\nk=v\r\n", u"s"_s, u"k"_s, u"v"_s},
-    {"no section", "[s]\r\nk=v\r\n", u"t"_s, u"k"_s, u""_s},
-    {"no key", "[s]\r\nk=v\r\n", u"s"_s, u"l"_s, u""_s},
-    {"empty value", "[s]\r\nk=\r\n", u"s"_s, u"k"_s, u""_s},
-    {"empty file", "", u"s"_s, u"k"_s, u""_s},
-    {"blanks around key and value", "[s]\r\n \tk \t=\t v w \t\r\n", u"s"_s, u"k"_s, u"v w"_s},
-    {"blanks around the heading", "  [ s ]  \r\nk=v\r\n", u"s"_s, u"k"_s, u"v"_s},
-    {"blanks around the names asked for", "[s]\r\nk=v\r\n", u" s "_s, u" k "_s, u"v"_s},
-    {"text behind the heading", "[s] rest ]\r\nk=v\r\n", u"s"_s, u"k"_s, u"v"_s, false},
-    {"old end-of-file mark", "[s]\r\nk=v\x1A", u"s"_s, u"k"_s, u"v"_s},
-    {"double quotes", "[s]\r\nk= \" v \" \r\n", u"s"_s, u"k"_s, u" v "_s},
-    {"single quotes", "[s]\r\nk=' v '\r\n", u"s"_s, u"k"_s, u" v "_s},
-    {"only one pair of quotes", "[s]\r\nk=\"\"v\"\"\r\n", u"s"_s, u"k"_s, u"\"v\""_s},
-    {"unequal quotes stay", "[s]\r\nk=\"v'\r\n", u"s"_s, u"k"_s, u"\"v'"_s},
-    {"one quote stays", "[s]\r\nk=\"\r\n", u"s"_s, u"k"_s, u"\""_s},
-    {"quotes around nothing", "[s]\r\nk=\"\"\r\n", u"s"_s, u"k"_s, u""_s},
-    {"inner quotes stay", "[s]\r\nk=15\" ekran\r\n", u"s"_s, u"k"_s, u"15\" ekran"_s},
-    {"names without regard to case", "[SeC]\r\nKeY=v\r\n", u"sEc"_s, u"kEy"_s, u"v"_s},
-    {"Turkish names without regard to case", "[\xD0\xDE\xD6\xC7]\r\n\xDC\xDE=v\r\n", u"ğşöç"_s,
-     u"üş"_s, u"v"_s, false},
-    {"i and I are one letter", "[TIT]\r\nI=v\r\n", u"tit"_s, u"i"_s, u"v"_s},
-    {"dotless i is a letter of its own", "[s]\r\n\xFD=v\r\n", u"s"_s, u"I"_s, u""_s},
-    {"dotless and dotted i are two letters", "[s]\r\n\xFD=v\r\n", u"s"_s, u"İ"_s, u""_s},
-    {"dotted I is a letter of its own", "[s]\r\n\xDD=v\r\n", u"s"_s, u"i"_s, u""_s},
-    {"first key wins", "[s]\r\nk=1\r\nK=2\r\n", u"s"_s, u"k"_s, u"1"_s},
-    {"first section wins", "[s]\r\nk=1\r\n[t]\r\n[S]\r\nk=2\r\nl=3\r\n", u"s"_s, u"k"_s, u"1"_s},
-    {"later section of the name is not read", "[s]\r\nk=1\r\n[S]\r\nl=3\r\n", u"s"_s, u"l"_s,
-     u""_s},
-    {"comment line", "[s]\r\n;k=1\r\n ; k=2\r\nk=3\r\n", u"s"_s, u"k"_s, u"3"_s},
-    {"a comment is no key", "[s]\r\n;k=1\r\n", u"s"_s, u";k"_s, u""_s},
-    {"no comment behind a value", "[s]\r\nk=v ; w\r\n", u"s"_s, u"k"_s, u"v ; w"_s},
-    {"number sign is no comment", "[s]\r\n#k=v\r\n", u"s"_s, u"#k"_s, u"v"_s},
-    {"unknown line", "[s]\r\nnonsense\r\nk=v\r\n", u"s"_s, u"k"_s, u"v"_s},
-    {"a line without = has no value", "[s]\r\nk\r\n", u"s"_s, u"k"_s, u""_s},
-    {"= inside the value", "[s]\r\nk=a=b = c\r\n", u"s"_s, u"k"_s, u"a=b = c"_s},
-    {"heading without bracket", "[s]\r\nk=1\r\n[t\r\nl=2\r\n", u"s"_s, u"l"_s, u"2"_s},
-    {"heading without bracket opens nothing", "[t\r\nl=2\r\n", u"t"_s, u"l"_s, u""_s},
-    {"key above the first section", "k=v\r\n[s]\r\n", u"s"_s, u"k"_s, u""_s},
-    {"key above the first section has none", "k=v\r\n[s]\r\n", u""_s, u"k"_s, u""_s},
-    {"section without a name", "[]\r\nk=v\r\n", u""_s, u"k"_s, u""_s},
-    {"no final line end", "[s]\r\nk=v", u"s"_s, u"k"_s, u"v"_s},
-    {"LF only", "[s]\nk=v\nl=w\n", u"s"_s, u"l"_s, u"w"_s},
-    {"CR only", "[s]\rk=v\rl=w\r", u"s"_s, u"l"_s, u"w"_s},
-    {"mixed line ends", "[s]\r\r\nk=v\n\rl=w\n", u"s"_s, u"l"_s, u"w"_s},
-    {"NUL ends a value", raw("[s]\r\nk=v\0w\r\nl=x\r\n"), u"s"_s, u"k"_s, u"v"_s},
-    {"NUL does not end the file", raw("\0\0[t]\r\n[s]\r\nk=v\0w\r\nl=x\r\n"), u"s"_s, u"l"_s,
-     u"x"_s},
-    {"byte order mark hides the first heading", "\xEF\xBB\xBF[s]\r\nk=v\r\n", u"s"_s, u"k"_s, u""_s,
-     false},
-    {"byte order mark before an empty line", "\xEF\xBB\xBF\r\n[s]\r\nk=v\r\n", u"s"_s, u"k"_s,
-     u"v"_s},
-    {"Turkish code page", "[s]\r\nk=\xDE\xFD\xF0\xDD \x80\r\n", u"s"_s, u"k"_s, u"Şığİ €"_s},
-    {"254 bytes", "[s]\r\nk=" + QByteArray(253, 'a') + "bc\r\n", u"s"_s, u"k"_s,
-     QString(253, u'a') + u'b'},
-    {"254 bytes within quotes", "[s]\r\nk=\"" + QByteArray(254, 'a') + "\"\r\n", u"s"_s, u"k"_s,
-     QString(254, u'a')},
-};
-
-struct WriteCase
-{
-    const char *rule;
-    QByteArray before;
-    QString section;
-    QString key;
-    QString value;
-    QByteArray after;
-};
-
-const WriteCase kWriteCases[] = {
-    {"empty file", "", u"s"_s, u"k"_s, u"v"_s, "[s]\r\nk=v\r\n"},
-    {"replaced in place", "[s]\r\na=1\r\nk=old\r\nb=2\r\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\r\na=1\r\nk=v\r\nb=2\r\n"},
-    {"the file's spelling stays", "[Sec]\r\nKey = old\r\n", u"sEC"_s, u"kEY"_s, u"v"_s,
-     "[Sec]\r\nKey=v\r\n"},
-    {"first key is replaced", "[s]\r\nk=1\r\nk=2\r\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\r\nk=v\r\nk=2\r\n"},
-    {"first section is written", "[s]\r\n[t]\r\n[s]\r\nk=2\r\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\r\nk=v\r\n[t]\r\n[s]\r\nk=2\r\n"},
-    {"new key at the section's end", "[s]\r\na=1\r\n[t]\r\nb=2\r\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\r\na=1\r\nk=v\r\n[t]\r\nb=2\r\n"},
-    {"before the blank lines there", "[s]\r\na=1\r\n\r\n \r\n[t]\r\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\r\na=1\r\nk=v\r\n\r\n \r\n[t]\r\n"},
-    {"new section at the file's end", "\r\n[s]\r\na=1\r\n", u"t"_s, u"k"_s, u"v"_s,
-     "\r\n[s]\r\na=1\r\n[t]\r\nk=v\r\n"},
-    {"comments and unknown lines stay", "; top\r\n[s]\r\n; c\r\nwhat\r\n[u\r\nk=1\r\n;end\r\n",
-     u"s"_s, u"k"_s, u"v"_s, "; top\r\n[s]\r\n; c\r\nwhat\r\n[u\r\nk=v\r\n;end\r\n"},
-    {"no final line end, new key", "[s]\r\na=1", u"s"_s, u"k"_s, u"v"_s, "[s]\r\na=1\r\nk=v\r\n"},
-    {"no final line end, new section", "[s]\r\na=1", u"t"_s, u"k"_s, u"v"_s,
-     "[s]\r\na=1\r\n[t]\r\nk=v\r\n"},
-    {"no final line end, replaced", "[s]\r\nk=1", u"s"_s, u"k"_s, u"v"_s, "[s]\r\nk=v\r\n"},
-    {"LF file keeps its other line ends", "[s]\na=1\n[t]\n", u"s"_s, u"k"_s, u"v"_s,
-     "[s]\na=1\nk=v\r\n[t]\n"},
-    {"line end inside a value", "[s]\r\n", u"s"_s, u"k"_s, u"a\r\n[t]\nb"_s,
-     "[s]\r\nk=a  [t] b\r\n"},
-    {"blanks and quotes as they are", "[s]\r\n", u"s"_s, u"k"_s, u" \"v\" "_s,
-     "[s]\r\nk= \"v\" \r\n"},
-    {"Turkish code page", "", u"Şube"_s, u"ağırlık"_s, u"İğne 漢"_s,
-     "[\xDEube]\r\na\xF0\xFDrl\xFDk=\xDD\xF0ne ?\r\n"},
-    {"empty value stays a key", "[s]\r\nk=v\r\n", u"s"_s, u"k"_s, u""_s, "[s]\r\nk=\r\n"},
-};
-
 /// What a file says, without what Wine leaves out of every file it writes: blank lines, blanks
 /// before a value, and line ends other than its own.
 std::string comparable(QByteArray bytes)
@@ -188,40 +70,36 @@ std::string comparable(QByteArray bytes)
 
 TEST_F(KeyFiles, AreReadByTheRulesOfProfileFiles)
 {
-    for (const ReadCase &c : kReadCases) {
-        if (!c.underWine && runsUnderWine())
+    for (const Case &c : cases(u"key_file_reads"_s)) { // rule, file, section, key, value, remark
+        if (!c.value(5).isEmpty() && runsUnderWine())
             continue;
-        const QString file = put(c.file);
-        EXPECT_EQ(keys.read(c.section, c.key, file), c.value) << c.rule;
+        const QString file = put(turkish::toCodePage1254(c.value(1)));
+        EXPECT_EQ(keys.read(c.value(2), c.value(3), file), c.value(4)) << c;
     }
+    for (const QByteArray &longest : {QByteArray(254, 'a') + 'b', '"' + QByteArray(254, 'a') + '"'})
+        EXPECT_EQ(keys.read(u"s"_s, u"k"_s, put("[s]\r\nk=" + longest)), QString(254, u'a'));
 }
 
 TEST_F(KeyFiles, AreWrittenByTheRulesOfProfileFiles)
 {
-    for (const WriteCase &c : kWriteCases) {
-        const QString file = put(c.before);
-        EXPECT_TRUE(keys.write(c.section, c.key, c.value, file)) << c.rule;
-        EXPECT_EQ(comparable(get()), comparable(c.after)) << c.rule;
+    for (const Case &c : cases(u"key_file_writes"_s)) { // rule, before, section, key, value, after
+        const QString file = put(turkish::toCodePage1254(c.value(1)));
+        EXPECT_TRUE(keys.write(c.value(2), c.value(3), c.value(4), file)) << c;
+        EXPECT_EQ(comparable(get()), comparable(turkish::toCodePage1254(c.value(5)))) << c;
     }
     EXPECT_EQ(filesThere(), QStringList{u"deneme.zev"_s});
 }
 
-TEST_F(KeyFiles, FolderNamesOfAnyLanguageDo)
-{
-    QDir(folder.path()).mkdir(u"Şükrü 漢字"_s);
-    const QString file = put("[s]\r\na=1\r\n", u"Şükrü 漢字/deneme.zev"_s);
-    EXPECT_TRUE(keys.write(u"s"_s, u"k"_s, u"ğ"_s, file));
-    EXPECT_EQ(keys.read(u"S"_s, u"K"_s, file), u"ğ"_s);
-    EXPECT_EQ(keys.read(u"s"_s, u"a"_s, file), u"1"_s);
-}
-
 TEST_F(KeyFiles, WritingCreatesTheFileButNoFolder)
 {
-    EXPECT_TRUE(keys.write(u"s"_s, u"k"_s, u"v"_s, path(u"yeni.zev"_s)));
-    EXPECT_EQ(keys.read(u"s"_s, u"k"_s, path(u"yeni.zev"_s)), u"v"_s);
-    EXPECT_FALSE(keys.write(u"s"_s, u"k"_s, u"v"_s, path(u"yok/yeni.zev"_s)));
-    EXPECT_FALSE(keys.write(u"s"_s, u"k"_s, u"v"_s, QString()));
-    EXPECT_EQ(keys.read(u"s"_s, u"k"_s, QString()), QString());
+    QDir(folder.path()).mkdir(u"Şükrü 漢字"_s);
+    const QString file = path(u"Şükrü 漢字/yeni.zev"_s);
+    EXPECT_TRUE(keys.write(u"s"_s, u"k"_s, u"ğ"_s, file));
+    EXPECT_EQ(keys.read(u"S"_s, u"K"_s, file), u"ğ"_s);
+    for (const QString &nowhere : {path(u"yok/yeni.zev"_s), QString()}) {
+        EXPECT_FALSE(keys.write(u"s"_s, u"k"_s, u"v"_s, nowhere));
+        EXPECT_EQ(keys.read(u"s"_s, u"k"_s, nowhere), QString());
+    }
 }
 
 TEST_F(KeyFiles, RewritingLeavesNothingOfTheOldFile)
@@ -238,8 +116,8 @@ TEST_F(KeyFiles, RewritingLeavesNothingOfTheOldFile)
 
 TEST_F(KeyFiles, ChangesOfOtherProgramsShowAtOnce)
 {
-    const QString file = put("[s]\r\nk=0\r\n");
-    for (int i = 1; i < 50; ++i) {
+    const QString file = path();
+    for (int i = 1; i < 30; ++i) {
         put("[s]\r\nk=" + QByteArray::number(i % 10) + "\r\n");
         EXPECT_EQ(keys.read(u"s"_s, u"k"_s, file), QString::number(i % 10));
         if (i % 10 == 0)
@@ -247,11 +125,12 @@ TEST_F(KeyFiles, ChangesOfOtherProgramsShowAtOnce)
     }
     QFile::remove(file);
     EXPECT_EQ(keys.read(u"s"_s, u"k"_s, file), QString());
-    for (int i = 0; i < 20; ++i)
-        put("[s]\r\nk=" + QByteArray::number(i) + "\r\n", QString::number(i));
-    for (int i = 0; i < 40; ++i)
-        EXPECT_EQ(keys.read(u"s"_s, u"k"_s, path(QString::number(i % 20))),
-                  QString::number(i % 20));
+    for (int i = 0; i < 40; ++i) { // more files than are remembered
+        const QString name = QString::number(i % 20);
+        if (i < 20)
+            put("[s]\r\nk=" + name.toLatin1() + "\r\n", name);
+        EXPECT_EQ(keys.read(u"s"_s, u"k"_s, path(name)), name);
+    }
 }
 
 TEST_F(KeyFiles, DamagedFilesGiveEmptyValuesAndKeepTheirBytes)

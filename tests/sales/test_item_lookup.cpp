@@ -56,7 +56,7 @@ TEST_F(Lookup, ATypedStockCodeTakesItsFirstBarcode)
                            u"select * from STKBARKOD where STKBARSTKKOD='S2'"_s,
                            u"select * from STKFIYAT where STKFIYSTKKOD='S2'"_s}));
     list.clear();
-    shop.host.answers.remove(queries::barcodesOfStock(u"S2"_s));
+    shop.host.answers.remove(host_queries::barcodesOf(u"S2"_s));
     type(u"S2"_s);
     EXPECT_EQ(list.line(0)[SaleColumn::barcode], QString());
 }
@@ -81,7 +81,7 @@ TEST_F(Lookup, UnknownCodesAddNothingAndAreHeard)
     EXPECT_EQ(scan(u"111"_s).outcome, Outcome::notFound);
     EXPECT_EQ(type(u"YOK"_s).outcome, Outcome::notFound);
     EXPECT_EQ(scan(QString(500, u'7')).outcome, Outcome::notFound);
-    shop.host.answers.remove(queries::stockCard(u"S2"_s));
+    shop.host.answers.remove(host_queries::card(u"S2"_s));
     EXPECT_EQ(scan(u"869002"_s).outcome, Outcome::notFound);
     EXPECT_TRUE(list.isEmpty());
     EXPECT_EQ(shop.sounds.played, QStringList(4, kOff));

@@ -291,7 +291,7 @@ TEST_F(LedgerPosting, ALostConnectionIsReportedAndNothingIsPostedWhenNothingWasW
 TEST_F(LedgerPosting, HostileValuesInTheLedgerAreCountedNotWrittenOver)
 {
     counter(ledger::kAccountCounter, u"C"_s, u"abc"_s);
-    shop.host.answers[queries::stockCard(u"S1"_s)] = TillShop::row({u"STKBAKIYE"_s}, {u"çok"_s});
+    shop.host.answers[host_queries::card(u"S1"_s)] = TillShop::row({u"STKBAKIYE"_s}, {u"çok"_s});
     shop.host.answers.remove(u"select * from CARKART where CARKOD='C100'"_s);
     const PostingResult result = post({saleLine(u"1"_s, u"S1"_s, u""_s, 1, {}, u"yok"_s)});
     EXPECT_EQ(result.failed, 3);

@@ -27,7 +27,7 @@ struct TillForm : testing::Test
             const QString code = QString::number(869000 + i);
             shop.add({code, u"S%1"_s.arg(i), u"Ürün %1"_s.arg(i), 10.0 + i});
         }
-        shop.host.answers[queries::cashiers()] =
+        shop.host.answers[host_queries::allOf(u"PERSONEL")] =
             RecordSet({u"PERKOD"_s, u"PERADSOYAD"_s, u"PEROZKOD"_s},
                       {{u"P1"_s, u"Ayşe"_s, u"1907"_s}, {u"P2"_s, u"Ali"_s, u"2580"_s}});
         form.show();

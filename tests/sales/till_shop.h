@@ -1,7 +1,7 @@
 #pragma once
 
+#include "common/host_queries.h"
 #include "fakes/fake_ports.h"
-#include "sales/sale_queries.h"
 #include "support/print_qt.h"
 
 /// One stock of the test shop; fields are what the host would return.
@@ -54,13 +54,13 @@ struct TillShop : FakeMachine
         const RecordSet barcode = row({QStringLiteral("STKBARKOD"), QStringLiteral("STKBARSTKKOD"),
                                        QStringLiteral("STKBARBIRIMNO")},
                                       {item.barcode, item.stockCode, 2});
-        host.answers[queries::barcodeRow(item.barcode)] = barcode;
-        host.answers[queries::barcodesOfStock(item.stockCode)] = barcode;
-        host.answers[queries::stockCard(item.stockCode)] =
+        host.answers[host_queries::barcode(item.barcode)] = barcode;
+        host.answers[host_queries::barcodesOf(item.stockCode)] = barcode;
+        host.answers[host_queries::card(item.stockCode)] =
             row({QStringLiteral("STKKOD"), QStringLiteral("STKCINSI"), QStringLiteral("STKBIRIM"),
                  QStringLiteral("STKBAKIYE")},
                 {item.stockCode, item.name, QStringLiteral("ADET"), 100.0});
-        host.answers[queries::pricesOfStock(item.stockCode)] =
+        host.answers[host_queries::pricesOf(item.stockCode)] =
             RecordSet({QStringLiteral("STKFIYNO"), QStringLiteral("STKFIYTUTAR"),
                        QStringLiteral("STKFIYISKYUZ1"), QStringLiteral("STKFIYISKYUZ2"),
                        QStringLiteral("STKFIYISKYUZ3"), QStringLiteral("STKFIYKDVNO")},

@@ -1,6 +1,8 @@
 #include "labels/desk/invoice_picker.h"
 
 #include "common/amount.h"
+#include "common/code_list.h"
+#include "common/host_queries.h"
 #include "common/program.h"
 #include "labels/desk/invoice_queries.h"
 
@@ -8,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kSeparator = QStringLiteral("<1234>");
 constexpr QStringView kTrackingFile = u"fattakip.zev";
 const QString kTrackingSection = QStringLiteral("fat");
 
@@ -30,7 +31,7 @@ QString countText(QStringView what, qsizetype count)
 
 QString InvoiceType::number() const
 {
-    return code.section(kSeparator, 1);
+    return code.section(kCodeMark.toString(), 1);
 }
 
 InvoicePicker::InvoicePicker(Program &program, QObject *parent)
@@ -56,10 +57,11 @@ void InvoicePicker::fatipyukle()
 {
     m_types.clear();
     m_program.handle([this] {
-        RecordSet types = m_program.company().execute(invoice_queries::types());
+        RecordSet types = m_program.company().execute(host_queries::allOf(u"FATFISTIP"));
         for (; !types.eof(); types.moveNext()) {
             const QString name = types.text(u"FATFTKOD");
-            m_types.push_back({name, name + kSeparator + types.text(u"FATFTNO").trimmed()});
+            m_types.push_back(
+                {name, name + kCodeMark.toString() + types.text(u"FATFTNO").trimmed()});
         }
     });
 }

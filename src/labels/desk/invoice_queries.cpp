@@ -1,17 +1,14 @@
 #include "labels/desk/invoice_queries.h"
 
+#include "common/host_queries.h"
+
 using namespace Qt::StringLiterals;
 
 namespace invoice_queries {
 
-QString types()
-{
-    return u"select * from FATFISTIP"_s;
-}
-
 QString all()
 {
-    return u"select * from FATFIS"_s;
+    return host_queries::allOf(u"FATFIS");
 }
 
 QString lines(const QString &reference)

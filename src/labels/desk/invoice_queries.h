@@ -5,8 +5,6 @@
 /// Statements of the invoice form on the company database. Values are put in as typed.
 namespace invoice_queries {
 
-QString types();
-
 /// Every invoice; the form picks among them.
 QString all();
 

@@ -1,10 +1,10 @@
 #include "labels/desk/label_desk.h"
 
 #include "common/amount.h"
+#include "common/column_widths.h"
 #include "common/program.h"
 #include "common/resume_next.h"
 #include "common/settings_database.h"
-#include "labels/desk/column_widths.h"
 #include "labels/desk/stock_queries.h"
 
 using namespace Qt::StringLiterals;

@@ -9,8 +9,7 @@ using namespace Qt::StringLiterals;
 LongTask::Run::Run(LongTask &task, const QString &text) : outcome(task.m_failed), m_task(task)
 {
     task.m_running = true;
-    task.m_stopped = false;
-    task.m_sinceEvents.start();
+    task.m_slices.start();
     Q_EMIT task.busyChanged(true);
     Q_EMIT task.statusChanged(text);
 }
@@ -28,11 +27,8 @@ LongTask::LongTask(QString failed, QObject *parent) : QObject(parent), m_failed(
 
 bool LongTask::goOn(const QString &text, qsizetype done, qsizetype total)
 {
-    if (m_sinceEvents.elapsed() >= kEventInterval) {
+    return m_slices.goOn([&] {
         Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
                           static_cast<int>(done), static_cast<int>(total));
-        QCoreApplication::processEvents();
-        m_sinceEvents.restart();
-    }
-    return !m_stopped;
+    });
 }

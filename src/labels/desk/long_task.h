@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "common/time_slices.h"
+
 #include <QObject>
 
 /// Something long that the user watches and may stop. Between its steps the windows live on, so
@@ -30,10 +31,9 @@ public:
     explicit LongTask(QString failed, QObject *parent = nullptr);
 
     bool isRunning() const { return m_running; }
-    void stop() { m_stopped = true; }
+    void stop() { m_slices.stop(); }
 
-    /// Call between two steps. Every 50 ms, often enough for the eye and seldom enough to cost
-    /// nothing, tells the progress and handles events. False: the user wants it to stop.
+    /// Call between two steps; tells the progress now and then. False: the user wants it to stop.
     /// `total` is not 0.
     bool goOn(const QString &text, qsizetype done, qsizetype total);
 
@@ -46,12 +46,9 @@ Q_SIGNALS:
     void ended();
 
 private:
-    static constexpr qint64 kEventInterval = 50;
-
     QString m_failed;
     bool m_running = false;
-    bool m_stopped = false;
-    QElapsedTimer m_sinceEvents;
+    TimeSlices m_slices;
 };
 
 /// Lets a room tell what its task, or a room within it, tells.

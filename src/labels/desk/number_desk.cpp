@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "common/host_error.h"
+#include "common/host_queries.h"
 #include "common/program.h"
 #include "labels/desk/number_generation.h"
 #include "labels/desk/stock_queries.h"
@@ -190,7 +191,7 @@ NumberDesk::Outcome NumberDesk::findNumbers(Numbering &numbering)
 
 bool NumberDesk::isFree(const QString &barcode)
 {
-    return m_program.company().execute(stock_queries::barcode(barcode)).eof();
+    return m_program.company().execute(host_queries::barcode(barcode)).eof();
 }
 
 void NumberDesk::give(const Numbering &numbering)

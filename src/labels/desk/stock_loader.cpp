@@ -1,8 +1,8 @@
 #include "labels/desk/stock_loader.h"
 
 #include "common/amount.h"
+#include "common/host_queries.h"
 #include "common/program.h"
-#include "labels/desk/stock_queries.h"
 
 #include <utility>
 
@@ -92,7 +92,7 @@ bool StockLoader::append(StockSearch &search, const InvoiceLine &line)
 {
     const int before = m_list.size();
     const QString count = QString::number(labelsFor(line.quantity));
-    if (!search.append(stock_queries::card(line.stockCode), m_units, count))
+    if (!search.append(host_queries::card(line.stockCode), m_units, count))
         return false;
     if (m_list.size() == before)
         ++m_unknownLines;

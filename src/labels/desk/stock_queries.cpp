@@ -1,5 +1,7 @@
 #include "labels/desk/stock_queries.h"
 
+#include "common/host_queries.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -8,7 +10,7 @@ namespace stock_queries {
 
 QString all()
 {
-    return u"select * from STKKART"_s;
+    return host_queries::allOf(u"STKKART");
 }
 
 QString byName(const QString &text)
@@ -21,27 +23,12 @@ QString byCode(const QString &text)
     return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
 }
 
-QString card(const QString &stockCode)
-{
-    return u"select * from STKKART where STKKOD='"_s + stockCode + u"'"_s;
-}
-
 QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
                 const QString &toTime)
 {
     return u"select * from STKKART where (STKSYFTARIHI between '"_s + fromDate + u"' and '"_s +
            toDate + u"') and (STKSYFSAATI>='"_s + fromTime + u"' and STKSYFSAATI<='"_s + toTime +
            u"')"_s;
-}
-
-QString barcode(const QString &barcode)
-{
-    return u"select * from STKBARKOD where STKBARKOD='"_s + barcode + u"'"_s;
-}
-
-QString barcodesOf(const QString &stockCode)
-{
-    return u"select * from STKBARKOD where STKBARSTKKOD='"_s + stockCode + u"'"_s;
 }
 
 QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
@@ -51,11 +38,6 @@ QString insertBarcode(const QString &barcode, const QString &stockCode, const QS
     return u"INSERT INTO STKBARKOD (STKBARKOD,STKBARSTKKOD,STKBARBRMNO,STKBARTIP,STKBARFIYTIP,"
            "STKBARITEMNO) values ('"_s +
            values.join(u"','"_s) + u"')"_s;
-}
-
-QString pricesOf(const QString &stockCode)
-{
-    return u"select * from STKFIYAT where STKFIYSTKKOD='"_s + stockCode + u"'"_s;
 }
 
 } // namespace stock_queries

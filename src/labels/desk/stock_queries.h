@@ -2,33 +2,21 @@
 
 #include <QString>
 
-/// Statements of the label form on the company database. Values are put in as typed: a quote in a
-/// search text breaks the statement and the host says so.
+/// Statements of the label form alone on the company database. Values are put in as typed: a quote
+/// in a search text breaks the statement and the host says so.
 namespace stock_queries {
 
 QString all();
 QString byName(const QString &text);
 QString byCode(const QString &text);
 
-/// The stock card of exactly this code.
-QString card(const QString &stockCode);
-
 /// The stocks whose card was changed on one of these days ("dd.MM.yyyy", both included) between two
 /// times of the day (texts, both included).
 QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
                 const QString &toTime);
 
-/// The owners of a barcode.
-QString barcode(const QString &barcode);
-
-/// The barcodes of all units of a stock.
-QString barcodesOf(const QString &stockCode);
-
 /// Adds a barcode to a unit. `type`: numbering::barcodeType(); `priceNumber`: of the unit's label.
 QString insertBarcode(const QString &barcode, const QString &stockCode, const QString &unitNumber,
                       const QString &type, const QString &priceNumber);
-
-/// The prices of a stock under all price numbers.
-QString pricesOf(const QString &stockCode);
 
 } // namespace stock_queries

@@ -1,7 +1,7 @@
 #include "labels/desk/stock_search.h"
 
+#include "common/host_queries.h"
 #include "common/program.h"
-#include "labels/desk/stock_queries.h"
 
 using namespace Qt::StringLiterals;
 
@@ -76,7 +76,7 @@ bool StockSearch::byBarcode(const QString &barcode)
 {
     QString stockCode;
     QString unitNumber;
-    RecordSet owners = m_program.company().execute(stock_queries::barcode(barcode));
+    RecordSet owners = m_program.company().execute(host_queries::barcode(barcode));
     for (; !owners.eof(); owners.moveNext()) {
         stockCode = owners.text(u"STKBARSTKKOD");
         unitNumber = owners.text(u"STKBARBRMNO").trimmed();
@@ -84,7 +84,7 @@ bool StockSearch::byBarcode(const QString &barcode)
     // The row of a second unit bears the first unit's name here: whoever scans a barcode knows the
     // stock by its ordinary unit.
     const QStringView ending = unitNumber == u"1" ? kFirstUnit : kSecondUnit;
-    return show(m_program.company().execute(stock_queries::card(stockCode)),
+    return show(m_program.company().execute(host_queries::card(stockCode)),
                 [&](const RecordSet &card, std::vector<StockRow> &rows) {
                     rows.push_back(
                         unitRow(card, card.text(u"STKBIRIM"), ending, unitNumber, kOneLabel));
@@ -130,7 +130,7 @@ bool StockSearch::barcodePass()
     return pass(SearchStage::barcodes, [this](int row) {
         const StockRow &stock = m_list.at(row);
         const QString barcode = unitBarcode(
-            m_program.company().execute(stock_queries::barcodesOf(stock.code)), stock.tag);
+            m_program.company().execute(host_queries::barcodesOf(stock.code)), stock.tag);
         if (!barcode.isEmpty())
             m_list.setBarcode(row, barcode);
         m_list.barcodeRead(row);
@@ -142,7 +142,7 @@ bool StockSearch::pricePass(const PriceNumbers &numbers)
     return pass(SearchStage::prices, [this, &numbers](int row) {
         const StockRow &stock = m_list.at(row);
         m_list.setPrice(row,
-                        labelPrice(m_program.company().execute(stock_queries::pricesOf(stock.code)),
+                        labelPrice(m_program.company().execute(host_queries::pricesOf(stock.code)),
                                    numbers.wanted(stock.tag)));
     });
 }

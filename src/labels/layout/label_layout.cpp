@@ -20,18 +20,6 @@ double bounded(double value, double most)
     return std::fabs(value) <= most ? value : 0;
 }
 
-/// Layouts hold the words True and False; other programs have left numbers and Turkish words.
-bool truth(QStringView text)
-{
-    const QString word = turkish::lower(text.trimmed());
-    return word == u"true" || word == u"doğru" || amount::parse(word).value_or(0) != 0;
-}
-
-QString truthText(bool value)
-{
-    return value ? u"True"_s : u"False"_s;
-}
-
 /// A picture is only ever taken from the picture folder, whatever path a file names.
 QString bareName(const QString &path)
 {
@@ -53,7 +41,7 @@ public:
         return std::fabs(value) <= kLongestLength ? value : 0;
     }
     int number(const QString &key) const { return amount::integer(text(key)); }
-    bool flag(const QString &key) const { return truth(text(key)); }
+    bool flag(const QString &key) const { return turkish::truth(text(key)); }
 
     double points(const QString &key) const
     {
@@ -99,7 +87,7 @@ public:
         // An empty width would end the list of elements, so an endless one is written as 0,0.
         put(key, amount::length(std::isfinite(mm) ? mm : 0.0F));
     }
-    void putFlag(const QString &key, bool value) { put(key, truthText(value)); }
+    void putFlag(const QString &key, bool value) { put(key, turkish::truthText(value)); }
     void putNumber(const QString &key, int value) { put(key, QString::number(value)); }
 
     template <typename Element>

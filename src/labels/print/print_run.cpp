@@ -6,18 +6,11 @@
 #include "labels/print/scan_problems.h"
 #include "paper/paged_canvas.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPagedPaintDevice>
 #include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int kSlice = 50; ///< milliseconds between two looks at the user's keys
-
-} // namespace
 
 PrintRun::PrintRun(Program &program, QObject *parent)
     : QObject(parent), m_program(program), m_layouts(program)
@@ -63,7 +56,7 @@ bool PrintRun::yazzzz(const PrintRequest &request, const QString &name)
     if (m_running)
         return false;
     m_running = true;
-    m_stopped = false;
+    m_slices.start();
     QString error;
     bool printed = false;
     try {
@@ -87,7 +80,7 @@ bool PrintRun::runDocument(const QString &name, const std::vector<LabelRow> &row
         return false;
 
     paint(job);
-    if (m_stopped) {
+    if (m_slices.stopped()) {
         Q_EMIT statusChanged(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
         return false;
     }
@@ -141,7 +134,6 @@ void PrintRun::paint(const PrintJob &job)
     Q_EMIT started(labels);
     LabelBuilder builder(job, canvas.fonts());
     GridWalk walk(job.grid);
-    m_sinceEvents.start();
     m_pages = 1;
 
     qint64 label = 0;
@@ -159,21 +151,12 @@ void PrintRun::paint(const PrintJob &job)
             m_pages = place.page;
             canvas.paint(built.commands,
                          {static_cast<double>(place.x), static_cast<double>(place.y)});
-            if (!goOn(++label, labels, place.page))
+            ++label;
+            if (!m_slices.goOn([&] { Q_EMIT progressed(label, labels, place.page); }))
                 return;
         }
     }
     complete = canvas.end();
     if (!complete)
         throw PrintError(u"Yazıcı yazdırmayı bitiremedi. Etiketler listede duruyor."_s);
-}
-
-bool PrintRun::goOn(qint64 label, qint64 labels, int page)
-{
-    if (m_sinceEvents.elapsed() >= kSlice) {
-        Q_EMIT progressed(label, labels, page);
-        QCoreApplication::processEvents();
-        m_sinceEvents.restart();
-    }
-    return !m_stopped;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "common/program.h"
+#include "common/time_slices.h"
 #include "labels/layout/layout_folder.h"
 #include "labels/print/print_job.h"
 #include "labels/print/print_request.h"
 
-#include <QElapsedTimer>
 #include <QImage>
 #include <QObject>
 
@@ -40,7 +40,7 @@ public Q_SLOTS:
     bool yazzzz(const PrintRequest &request, const QString &layout);
 
     /// Ends the run before the next label; nothing of it is printed.
-    void stop() { m_stopped = true; }
+    void stop() { m_slices.stop(); }
 
 Q_SIGNALS:
     void layoutWanted(const PrintRequest &request);
@@ -60,13 +60,11 @@ private:
     bool runDocument(const QString &name, const std::vector<LabelRow> &rows);
     bool confirmProblems(const PrintJob &job);
     void paint(const PrintJob &job);
-    bool goOn(qint64 label, qint64 labels, int page);
 
     Program &m_program;
     LayoutFolder m_layouts;
     bool m_running = false;
-    bool m_stopped = false;
     std::unique_ptr<PrintDocument> m_document;
-    QElapsedTimer m_sinceEvents;
+    TimeSlices m_slices;
     int m_pages = 0;
 };

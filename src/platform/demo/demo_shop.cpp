@@ -1,5 +1,6 @@
 #include "platform/demo/demo_shop.h"
 
+#include "common/host_connection.h"
 #include "common/host_error.h"
 #include "platform/host/embedded_file.h"
 

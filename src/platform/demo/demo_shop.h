@@ -7,10 +7,6 @@
 /// (company database).
 inline constexpr QStringView kDemoText = u":/demo";
 
-/// Names of the databases made of it.
-inline constexpr QStringView kDemoMaster = u"DEMOANA";
-inline constexpr QStringView kDemoCompany = u"DEMOSIRKET";
-
 /// Makes the embedded databases of the demo shop in the folder, those that are missing there. Each
 /// is written beside its place and then renamed: it is there whole or not at all. `today`: the day
 /// from which its dates are counted back. Returns whether any was made. Throws HostError, and

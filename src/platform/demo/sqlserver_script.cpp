@@ -1,3 +1,4 @@
+#include "common/host_connection.h"
 #include "platform/demo/demo_shop.h"
 #include "platform/demo/demo_text.h"
 

@@ -17,7 +17,7 @@ EngineConnector::~EngineConnector() = default;
 std::unique_ptr<HostConnection> EngineConnector::open(const QString &connectionString)
 {
     const ConnectionSettings settings = parseConnectionString(connectionString);
-    if (settings.server.compare(kEmbeddedServer, Qt::CaseInsensitive) == 0)
+    if (isEmbedded(settings.server))
         return std::make_unique<EmbeddedEngine>(m_directory, settings.database);
     const QString file = m_directory + u"/baglanti.zev"_s;
     const OdbcOverride override{m_keys.read(u"odbc"_s, u"surucu"_s, file),

@@ -1,5 +1,7 @@
 #include "platform/host/turkish_order.h"
 
+#include "common/turkish.h"
+
 #include <QString>
 
 #include <array>
@@ -21,16 +23,9 @@ constexpr Weight place(Weight letter, Weight accent = 0)
     return letter << 8 | accent;
 }
 
-char32_t lower(char32_t c)
-{
-    if (c == U'I')
-        return U'ı';
-    return c == U'İ' ? U'i' : QChar::toLower(c);
-}
-
 Weight compute(char32_t c)
 {
-    const char32_t small = lower(c);
+    const char32_t small = turkish::lower(c);
     if (small <= 0xFFFF) {
         const std::size_t at = kAlphabet.find(static_cast<char16_t>(small));
         if (at != std::u16string_view::npos)

@@ -1,4 +1,3 @@
-#include "labels/desk/column_widths.h"
 #include "labels/desk/print_queue.h"
 #include "labels/desk/stock_list.h"
 #include "support/print_qt.h"
@@ -81,14 +80,4 @@ TEST(StockList, ChangesAreAnnouncedTogether)
     list.clear();
     list.announceChanges(); // nothing is left to announce
     EXPECT_EQ(changes.count(), 1);
-}
-
-TEST(ColumnWidths, OnlySensibleWidthsAreTaken)
-{
-    EXPECT_EQ(column_widths::fromText(column_widths::toText({10, 4000, 120}), 3),
-              QList<int>({10, 4000, 120}));
-    for (const QString &bad : {u""_s, u"100-100"_s, u"100-100-100-100"_s, u"100-9-100"_s,
-                               u"100--100"_s, u"100-4001-100"_s, u"100-99999999999-100"_s,
-                               u"100-1e2-100"_s, u"-100-100-100"_s, u"a-b-c"_s})
-        EXPECT_TRUE(column_widths::fromText(bad, 3).isEmpty()) << bad.toStdString();
 }

@@ -142,16 +142,6 @@ TEST(LabelLayoutFile, TextsAreAnchoredWhereTheyStart)
     }
 }
 
-TEST(LabelLayoutFile, BooleansAreReadInEveryForm)
-{
-    for (const QString &yes : {u"True"_s, u"TRUE"_s, u"true"_s, u"-1"_s, u"1"_s, u" 2 "_s, u"0,5"_s,
-                               u"Doğru"_s, u"DOĞRU"_s})
-        EXPECT_TRUE(onlyText("fb=" + turkish::toCodePage1254(yes)).font.bold) << yes.toStdString();
-    for (const char *no :
-         {"False", "FALSE", "0", "", "0,0", "yes", "Trueish", "nan", "Yanl\xFD\xFE"})
-        EXPECT_FALSE(onlyText(QByteArray("fb=") + no).font.bold) << no;
-}
-
 TEST(LabelLayoutFile, DamagedNumbersReadAsZero)
 {
     const TextElement bad = onlyText("y=1E30\r\nfsize=-3\r\nclr=99999999999\r\nhz=doksan\r\n"

@@ -1,4 +1,4 @@
-#include "shell/code_list.h"
+#include "common/code_list.h"
 
 CodeList CodeList::read(RecordSet records, QStringView display, QStringView key)
 {

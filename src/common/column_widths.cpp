@@ -1,8 +1,17 @@
-#include "labels/desk/column_widths.h"
+#include "common/column_widths.h"
+
+#include "common/amount.h"
 
 #include <QStringList>
 
 namespace column_widths {
+
+namespace {
+
+constexpr double kLeast = 10;
+constexpr double kMost = 4000;
+
+} // namespace
 
 QString toText(const QList<int> &widths)
 {
@@ -16,11 +25,10 @@ QList<int> fromText(const QString &text, int columns)
 {
     QList<int> widths;
     for (const QString &part : text.split(u'-')) {
-        bool ok = false;
-        const int width = part.toInt(&ok);
-        if (!ok || width < 10 || width > 4000)
+        const double width = amount::parse(part).value_or(0.0);
+        if (width < kLeast || width > kMost)
             return {};
-        widths += width;
+        widths += qRound(width);
     }
     return widths.size() == columns ? widths : QList<int>();
 }

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+/// Statements on the company database that several rooms read the host with. Values are pasted as
+/// they are; other programs of the shop rely on the exact texts.
+namespace host_queries {
+
+/// The stock card of exactly this code.
+QString card(const QString &stockCode);
+
+/// The owners of a barcode.
+QString barcode(const QString &barcode);
+
+/// The barcodes of all units of a stock.
+QString barcodesOf(const QString &stockCode);
+
+/// The prices of a stock under all price numbers.
+QString pricesOf(const QString &stockCode);
+
+/// All records of a table: slip and invoice types, warehouses, accounts, personnel.
+QString allOf(QStringView table);
+
+} // namespace host_queries
