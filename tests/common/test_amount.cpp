@@ -20,6 +20,9 @@ TEST(Amount, MoneyIsGroupedRoundedAndTurkish)
         {999.995, u"1.000,00"_s},
         {1.005, u"1,01"_s},
         {0.005, u"0,01"_s},
+        {1.5 * 5.39, u"8,09"_s}, // as a binary number a little less than 8.085
+        {0.35 * 12.9, u"4,52"_s},
+        {1e-17, u"0,00"_s},
         {-0.004, u"0,00"_s},
         {-1234.5, u"-1.234,50"_s},
         {1e15, u"1.000.000.000.000.000,00"_s},
