@@ -14,16 +14,25 @@ namespace {
 
 constexpr int kMostLabels = 999'999;
 
-/// Decimal digits of |value| rounded half away from zero to `decimals` places. The rounding works
-/// on the shortest decimal text of the value, so that 1.005 gives 1,01 as a cashier expects.
+/// The decimal number a double stands for: its 15 significant digits without an exponent. What lies
+/// behind them is the error of binary arithmetic: 1.5 * 5.39 is 8.084999999999999.
+QString decimalNumber(double magnitude)
+{
+    constexpr int behindFirst = std::numeric_limits<double>::digits10 - 1;
+    const QString text = QString::number(magnitude, 'e', behindFirst); // d.dd…de±XX
+    const int exponent = text.mid(behindFirst + 3).toInt();
+    QString digits = text.first(1) + text.mid(2, behindFirst);
+    if (exponent < 0)
+        return u"0."_s + QString(-exponent - 1, u'0') + digits;
+    digits = digits.leftJustified(exponent + 1, u'0');
+    return digits.insert(exponent + 1, u'.');
+}
+
+/// Decimal digits of |value| rounded half away from zero to `decimals` places.
 QString fixedDigits(double magnitude, int decimals)
 {
-    QString text = QString::number(magnitude, 'f', QLocale::FloatingPointShortest);
-    qsizetype point = text.indexOf(u'.');
-    if (point < 0) {
-        point = text.size();
-        text += u'.';
-    }
+    QString text = decimalNumber(magnitude);
+    const qsizetype point = text.indexOf(u'.');
     const qsizetype wanted = point + 1 + decimals;
     if (text.size() <= wanted)
         return text.leftJustified(wanted, u'0');

@@ -10,7 +10,8 @@
 namespace amount {
 
 /// Money and quantities on screen, format "###,###0.00": 1234.5 → "1.234,50", 0 → "0,00". Rounds
-/// half away from zero on the decimal digits of the shortest text of the value. Not finite → "".
+/// half away from zero on the decimal number that the value stands for, its 15 significant digits:
+/// 1.5 * 5.39 → "8,09". Not finite → "".
 QString money(double value);
 
 /// The same of a single: its own seven significant digits, as plain() shows them, are rounded and

@@ -2,6 +2,7 @@
 
 #include "common/record_set.h"
 
+#include <functional>
 #include <memory>
 
 /// One open connection to a database of the host accounting system. Used from the user-interface
@@ -29,6 +30,10 @@ public:
     /// `connectionString`: as connectionString() builds it. Gives up after 5 seconds. Throws
     /// HostError (kConnectionLost) when it does not open.
     virtual std::unique_ptr<HostConnection> open(const QString &connectionString) = 0;
+
+    /// Called a few times a second, on the thread that waits, while a server takes its time: for a
+    /// line on the screen. May be empty.
+    std::function<void()> waiting;
 };
 
 /// The server name of the demo shop, and its databases: files in the working folder.

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// One message box of the program, ready to show.
 struct Message
 {
@@ -33,4 +35,7 @@ public:
 
     /// The system's plain box with "Evet" and "Hayır".
     virtual bool confirm(const QString &text) = 0;
+
+    /// Called before the program's message box comes up. May be empty.
+    std::function<void()> beforeBox;
 };

@@ -93,8 +93,7 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
     line[SaleColumn::name] = card.text(u"STKCINSI");
     line[SaleColumn::unit] = card.text(u"STKBIRIM");
     const RecordSet barcode = host.execute(host_queries::barcodesOf(code));
-    if (!barcode.eof())
-        line[SaleColumn::barcode] = barcode.text(u"STKBARKOD");
+    line[SaleColumn::barcode] = barcode.eof() ? code : barcode.text(u"STKBARKOD");
     return addPriced(list, std::move(line));
 }
 
@@ -137,7 +136,8 @@ LookupResult ItemLookup::addPriced(SaleList &list, SaleLine line)
 }
 
 /// Prices a line of quantity 1; returns why it cannot be sold, "" when it can. An item without a
-/// price is refused: at 0,00 it would leave the shop unpaid.
+/// price is refused: at 0,00 it would leave the shop unpaid. A price below 0 is one: deposits are
+/// given back this way.
 QString ItemLookup::priceLine(SaleLine &line)
 {
     const QString &stockCode = line[SaleColumn::stockCode];
@@ -146,7 +146,7 @@ QString ItemLookup::priceLine(SaleLine &line)
         return u"%1: %2 numaralı fiyat tanımlı değil, satılamaz."_s.arg(line[SaleColumn::name],
                                                                         m_settings.fiyatip);
     const auto unitPrice = amount::parse(price.text(u"STKFIYTUTAR"));
-    if (!unitPrice || *unitPrice < 0.0)
+    if (!unitPrice)
         return u"%1: fiyatı geçersiz (\"%2\"), satılamaz."_s.arg(line[SaleColumn::name],
                                                                  price.text(u"STKFIYTUTAR"));
     line[SaleColumn::price] = amount::money(*unitPrice);

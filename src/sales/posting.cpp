@@ -69,20 +69,42 @@ ledger::Header headerOf(const SaleSettings &settings, const Sale &sale)
     return h;
 }
 
+/// A document counter as the posting found it.
+struct DrawnCounter
+{
+    ledger::Counter counter;
+    QString name;  ///< "Fatura"
+    QString bears; ///< the documents that bear its number
+    bool readable = false;
+    qlonglong value = 0;
+    QString documentNumber = {};
+
+    double number() const { return static_cast<double>(value); }
+};
+
 /// One posting under way.
 class Posting
 {
 public:
-    Posting(Program &program, const SaleSettings &settings, const Sale &sale)
-        : m_program(program), m_sale(withoutGrouping(sale)), m_header(headerOf(settings, m_sale)),
+    Posting(Program &program, const SaleSettings &settings, const Sale &sale,
+            PostingProgress &progress)
+        : m_program(program), m_progress(progress), m_sale(withoutGrouping(sale)),
+          m_header(headerOf(settings, m_sale)),
           m_grand(amount::parse(m_sale.totals.grand).value_or(0.0))
-    {}
+    {
+        constexpr int ofEverySale = 20;
+        constexpr int ofEveryLine = 7;
+        m_progress = {0, ofEverySale + ofEveryLine * static_cast<int>(m_sale.lines.size())};
+    }
 
     PostingResult run()
     {
-        const DrawnCounter stock = drawCounter(ledger::kStockCounter);
-        const DrawnCounter account = drawCounter(ledger::kAccountCounter);
-        const DrawnCounter invoice = drawCounter(ledger::kInvoiceCounter);
+        DrawnCounter stock{ledger::kStockCounter, u"Stok fişi"_s, u"stok fişi"_s};
+        DrawnCounter account{ledger::kAccountCounter, u"Cari fişi"_s, u"cari fişi"_s};
+        DrawnCounter invoice{ledger::kInvoiceCounter, u"Fatura"_s,
+                             u"fatura, fatura toplamları ve cari hareketi"_s};
+        for (DrawnCounter *counter : {&stock, &account, &invoice})
+            draw(*counter);
         m_header.accountNumber = account.documentNumber;
         m_header.stockCounter = QString::number(stock.value);
         m_header.invoiceNumber = invoice.documentNumber;
@@ -98,47 +120,56 @@ public:
     }
 
 private:
-    struct DrawnCounter
-    {
-        ledger::Counter counter;
-        bool readable = false;
-        qlonglong value = 0;
-        QString documentNumber;
-
-        double number() const { return static_cast<double>(value); }
-    };
-
     RecordSet read(const QString &statement) { return m_program.openCompany().execute(statement); }
 
     void write(const QString &statement)
     {
-        m_program.openCompany().execute(statement);
+        HostConnection &host = m_program.openCompany();
+        m_sent = true;
+        host.execute(statement);
         ++m_result.written;
     }
 
-    /// One step of the posting: when it fails, the cashier is told which document lacks it and the
-    /// next step goes on. A value that could not be read is never written back as if it were 0.
-    template <typename Step>
-    bool step(const QString &document, Step &&body)
+    /// One step of the posting; the next goes on when it fails, and `missing` notes what the ledger
+    /// lacks then. A value that could not be read is never written back as if it were 0.
+    template <typename Step, typename Missing>
+    void step(Step &&body, Missing &&missing)
     {
-        return resumeNext([&] {
+        ++m_progress.step;
+        m_sent = false;
+        resumeNext([&] {
             try {
                 body();
             } catch (const HostError &error) {
-                ++m_result.failed;
                 m_result.connectionLost |= error.connectionLost();
-                if (!m_result.documents.contains(document))
-                    m_result.documents += document;
+                missing(error);
                 throw;
             }
         });
     }
 
-    DrawnCounter drawCounter(const ledger::Counter &counter)
+    /// A write whose answer was lost may have been done.
+    bool uncertain(const HostError &error)
     {
-        DrawnCounter drawn{counter, false, 0, {}};
-        step(u"Evrak numaraları"_s, [&] {
-            const RecordSet row = read(ledger::counterRow(counter));
+        const bool lost = m_sent && error.connectionLost();
+        m_result.uncertain += lost ? 1 : 0;
+        return lost;
+    }
+
+    /// A step that writes one record.
+    template <typename Step>
+    void record(const QString &name, Step &&body)
+    {
+        step(body, [&](const HostError &error) {
+            m_result.records += uncertain(error) ? u"%1: yazılmamış olabilir"_s.arg(name)
+                                                 : u"%1: yazılamadı (%2)"_s.arg(name, error.text());
+        });
+    }
+
+    void draw(DrawnCounter &drawn)
+    {
+        const auto readRow = [&] {
+            const RecordSet row = read(ledger::counterRow(drawn.counter));
             if (row.eof()) {
                 m_program.warn(u"Evrakno Hatası..."_s);
             } else {
@@ -147,50 +178,77 @@ private:
                     row.text(u"EVRONTAKI") + QString::number(drawn.value).rightJustified(6, u'0');
             }
             drawn.readable = true;
+        };
+        step(readRow, [&](const HostError &error) {
+            m_result.counters += u"%1 sayacı okunamadı ve ilerletilmedi: %2 numarasız (%3)"_s.arg(
+                drawn.name, drawn.bears, error.text());
         });
-        return drawn;
     }
 
     /// A counter that could not be read is left alone: advancing it from nothing would hand out
     /// old numbers again.
     void advance(const DrawnCounter &drawn, double next)
     {
-        if (!drawn.readable)
-            return;
-        step(u"Evrak numaraları"_s,
-             [&] { write(ledger::advanceCounter(drawn.counter, QString::number(next, 'f', 0))); });
+        const auto writeNext = [&] {
+            if (drawn.readable)
+                write(ledger::advanceCounter(drawn.counter, QString::number(next, 'f', 0)));
+        };
+        step(writeNext, [&](const HostError &error) {
+            const QString text =
+                uncertain(error)
+                    ? u"%1 sayacı ilerletilmemiş olabilir: %2 numarası yeniden verilebilir"_s
+                    : u"%1 sayacı ilerletilemedi: %2 numarası sonraki satışa yeniden verilir"_s;
+            m_result.counters += text.arg(drawn.name, drawn.documentNumber);
+        });
     }
 
-    void drawReference(const QString &document, QStringView column, QStringView table,
-                       QString &reference)
+    /// The next reference number of a table. A read that ran out of time is tried once more; when
+    /// that fails too the number stays empty, and what needs it is not sent.
+    void drawReference(QStringView column, QStringView table, QString &reference)
     {
-        step(document, [&] {
-            const RecordSet highest = read(ledger::highestReference(column, table));
+        const auto readHighest = [&] {
+            const QString statement = ledger::highestReference(column, table);
+            RecordSet highest;
+            if (!resumeNext([&] { highest = read(statement); }))
+                highest = read(statement);
             const double last = highest.eof() ? 0.0 : highest.number(u"TOTAL");
             reference = QString::number(last + 1.0, 'f', 0);
-        });
+        };
+        step(readHighest, [](const HostError &) {});
+    }
+
+    /// Throws when a reference number is missing: with 0 in its place the rows of a document would
+    /// belong to any other that lost its number.
+    static void need(const QString &reference)
+    {
+        if (reference.isEmpty())
+            throw HostError(HostError::kNoRow, u"kayıt numarası okunamadı, gönderilmedi"_s);
     }
 
     void postStock()
     {
-        const QString document = named(u"Stok fişi"_s, m_header.stockNumber);
-        drawReference(document, u"STKFISREFNO", u"STKFIS", m_header.stockReference);
-        step(document, [&] { write(ledger::stockSlip(m_header)); });
+        drawReference(u"STKFISREFNO", u"STKFIS", m_header.stockReference);
+        record(named(u"Stok fişi"_s, m_header.stockNumber), [&] {
+            need(m_header.stockReference);
+            write(ledger::stockSlip(m_header));
+        });
         int number = 0;
         for (const SaleLine &line : m_sale.lines) {
             lowerBalance(line);
             for (const MonthFigure &figure : kStockMonth)
                 addToStockMonth(line, figure);
             const ledger::Line figures(line, ++number);
-            step(named(u"Stok hareketi"_s, figures.stockCode),
-                 [&] { write(ledger::stockMovement(m_header, figures)); });
+            record(lineName(u"Stok hareketi"_s, figures), [&] {
+                need(m_header.stockReference);
+                write(ledger::stockMovement(m_header, figures));
+            });
         }
     }
 
     void lowerBalance(const SaleLine &line)
     {
         const QString &code = line[SaleColumn::stockCode];
-        step(named(u"Stok bakiyesi"_s, code), [&] {
+        record(u"Stok bakiyesi %1 (%2 düşülecek)"_s.arg(code, line[SaleColumn::quantity]), [&] {
             const double balance = read(host_queries::card(code)).number(u"STKBAKIYE");
             const double pieces = pricing::valueOf(line, SaleColumn::quantity);
             write(ledger::stockBalance(code, balance - pieces));
@@ -201,54 +259,71 @@ private:
     {
         const QString &code = line[SaleColumn::stockCode];
         const double value = pricing::valueOf(line, figure.column);
-        step(named(u"Aylık stok değerleri"_s, code), [&] {
-            const RecordSet month = read(ledger::stockMonth(m_header, code, figure.kind));
-            write(month.eof() ? ledger::insertStockMonth(m_header, code, figure.kind, value)
-                              : ledger::updateStockMonth(m_header, code, figure.kind,
-                                                         month.number(u"STKALACAK") + value));
-        });
+        record(u"Aylık stok değeri %1, tür %2 (%3 eklenecek)"_s.arg(code, figure.kind,
+                                                                    line[figure.column]),
+               [&] {
+                   const RecordSet month = read(ledger::stockMonth(m_header, code, figure.kind));
+                   write(month.eof()
+                             ? ledger::insertStockMonth(m_header, code, figure.kind, value)
+                             : ledger::updateStockMonth(m_header, code, figure.kind,
+                                                        month.number(u"STKALACAK") + value));
+               });
     }
 
     void postAccount()
     {
-        const QString document = named(u"Cari fişi"_s, m_header.accountNumber);
-        drawReference(document, u"CARFISREFNO", u"CARFIS", m_header.accountReference);
-        step(document, [&] { write(ledger::accountSlip(m_header)); });
+        drawReference(u"CARFISREFNO", u"CARFIS", m_header.accountReference);
+        record(named(u"Cari fişi"_s, m_header.accountNumber), [&] {
+            need(m_header.accountReference);
+            write(ledger::accountSlip(m_header));
+        });
         for (const QStringView kind : kAccountMonth)
             addToAccountMonth(kind);
-        step(named(u"Cari bakiyesi"_s, m_header.customerCode), [&] {
-            const RecordSet row = read(ledger::account(m_header));
-            write(ledger::accountBalance(m_header, row.number(u"CARBORCTOP") + m_grand,
-                                         row.number(u"CARBAKIYE") + m_grand));
-        });
+        record(u"Cari bakiyesi %1 (%2 eklenecek)"_s.arg(m_header.customerCode, m_sale.totals.grand),
+               [&] {
+                   const RecordSet row = read(ledger::account(m_header));
+                   write(ledger::accountBalance(m_header, row.number(u"CARBORCTOP") + m_grand,
+                                                row.number(u"CARBAKIYE") + m_grand));
+               });
     }
 
     void addToAccountMonth(QStringView kind)
     {
-        step(named(u"Aylık cari değerleri"_s, m_header.customerCode), [&] {
-            const RecordSet month = read(ledger::accountMonth(m_header, kind));
-            write(month.eof() ? ledger::insertAccountMonth(m_header, kind, m_grand)
-                              : ledger::updateAccountMonth(m_header, kind,
-                                                           month.number(u"carborc") + m_grand));
-        });
+        record(u"Aylık cari değeri %1, tür %2 (%3 eklenecek)"_s.arg(m_header.customerCode, kind,
+                                                                    m_sale.totals.grand),
+               [&] {
+                   const RecordSet month = read(ledger::accountMonth(m_header, kind));
+                   write(month.eof() ? ledger::insertAccountMonth(m_header, kind, m_grand)
+                                     : ledger::updateAccountMonth(
+                                           m_header, kind, month.number(u"carborc") + m_grand));
+               });
     }
 
     void postInvoice()
     {
-        const QString document = named(u"Fatura"_s, m_header.invoiceNumber);
-        drawReference(document, u"FATFISREFNO", u"FATFIS", m_header.invoiceReference);
-        step(document, [&] { write(ledger::invoice(m_header)); });
+        drawReference(u"FATFISREFNO", u"FATFIS", m_header.invoiceReference);
+        record(named(u"Fatura"_s, m_header.invoiceNumber), [&] {
+            need(m_header.invoiceReference);
+            need(m_header.stockReference); // the invoice names its stock slip
+            write(ledger::invoice(m_header));
+        });
         int number = 0;
         for (const SaleLine &line : m_sale.lines) {
             const ledger::Line figures(line, ++number);
-            step(named(u"Fatura satırı"_s, figures.stockCode),
-                 [&] { write(ledger::invoiceLine(m_header, figures)); });
+            record(lineName(u"Fatura satırı"_s, figures), [&] {
+                need(m_header.invoiceReference);
+                write(ledger::invoiceLine(m_header, figures));
+            });
         }
         for (const ledger::Summary &row : summaries())
-            step(named(u"Fatura toplamları"_s, m_header.invoiceNumber),
-                 [&] { write(ledger::invoiceSummary(m_header, row)); });
-        step(named(u"Cari hareketi"_s, m_header.accountNumber),
-             [&] { write(ledger::accountMovement(m_header)); });
+            record(named(u"Fatura toplamı"_s, m_header.invoiceNumber) + u", "_s + row.heading, [&] {
+                need(m_header.invoiceReference);
+                write(ledger::invoiceSummary(m_header, row));
+            });
+        record(named(u"Cari hareketi"_s, m_header.accountNumber), [&] {
+            need(m_header.accountReference);
+            write(ledger::accountMovement(m_header));
+        });
     }
 
     std::vector<ledger::Summary> summaries() const
@@ -281,18 +356,26 @@ private:
         return number.isEmpty() ? document : document + u' ' + number;
     }
 
+    static QString lineName(const QString &document, const ledger::Line &line)
+    {
+        return u"%1 %2, %3. satır"_s.arg(document, line.stockCode, line.number);
+    }
+
     Program &m_program;
+    PostingProgress &m_progress;
     Sale m_sale;
     ledger::Header m_header;
     double m_grand;
     PostingResult m_result;
+    bool m_sent = false; ///< the write of this step has left for the server
 };
 
 } // namespace
 
-PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale)
+PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale,
+                           PostingProgress &progress)
 {
     resumeNext(
         [&] { program.company(); }); // brings a lost connection back before the first statement
-    return Posting(program, settings, sale).run();
+    return Posting(program, settings, sale, progress).run();
 }

@@ -46,9 +46,9 @@ struct Header
     QString invoiceNumber;
     QString stockCounter; ///< the stock counter as it was read
 
-    QString stockReference = QStringLiteral("0"); ///< "0": could not be drawn
-    QString accountReference = QStringLiteral("0");
-    QString invoiceReference = QStringLiteral("0");
+    QString stockReference; ///< empty: could not be drawn
+    QString accountReference;
+    QString invoiceReference;
 };
 
 /// One sale line with the figures the ledger wants beside those of the screen.

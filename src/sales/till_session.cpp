@@ -6,6 +6,9 @@
 #include "sales/quantity.h"
 #include "sales/receipt_printing.h"
 #include "sales/receipt_store.h"
+#include "sales/text_receipt.h"
+
+#include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +22,14 @@ bool isList(int number)
     return number >= 0 && number < kSaleLists;
 }
 
+/// A text without anything but digits that is too long for cash: somebody scanned into its box.
+bool isScan(QStringView cash)
+{
+    const auto value = amount::parse(cash);
+    return value && *value > quantity::kMostCash &&
+           std::all_of(cash.begin(), cash.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
 /// What is to be given to the customer, or still to be taken.
 QString changeRemark(const QString &change)
 {
@@ -28,6 +39,34 @@ QString changeRemark(const QString &change)
 }
 
 } // namespace
+
+class TillSession::Work
+{
+public:
+    /// `doing`: what a server that takes its time is waited for.
+    Work(TillSession &till, std::function<QString()> doing) : m_till(till)
+    {
+        ++m_till.m_works;
+        m_waiting = std::exchange(m_till.m_program.host.waiting, [&till, doing = std::move(doing)] {
+            Q_EMIT till.waiting(u"Sunucu bekleniyor: "_s + doing());
+        });
+        m_beforeBox =
+            std::exchange(m_till.m_program.prompt.beforeBox, [&till] { Q_EMIT till.boxComes(); });
+    }
+    ~Work()
+    {
+        --m_till.m_works;
+        m_till.m_program.host.waiting = std::move(m_waiting);
+        m_till.m_program.prompt.beforeBox = std::move(m_beforeBox);
+    }
+    Work(const Work &) = delete;
+    Work &operator=(const Work &) = delete;
+
+private:
+    TillSession &m_till;
+    std::function<void()> m_waiting;
+    std::function<void()> m_beforeBox;
+};
 
 TillSession::TillSession(Program &program, QObject *parent)
     : QObject(parent), m_program(program), m_lookup(program, m_settings)
@@ -51,38 +90,48 @@ void TillSession::enterCode(const QString &code)
 {
     if (code.isEmpty())
         return;
-    // The list under posting must not change; what is scanned meanwhile belongs to the next sale.
-    if (m_posting) {
-        m_heldCodes += code;
-        Q_EMIT entryCleared();
-        return;
-    }
+    const Work work(*this, [&code] { return code; });
+    enter(code);
+}
+
+void TillSession::enter(const QString &code)
+{
+    forgetPosted(m_active);
     const bool byBarcode = m_mode == EntryMode::barcode;
     for (int number = 0; number < kSaleLists; ++number)
         if (!byBarcode || number == m_active)
             resetCash(number);
 
+    m_refusedCode.clear();
     SaleList &lines = active().lines;
     try {
         const LookupResult result = byBarcode ? m_lookup.listebarkodkontrol(lines, code)
                                               : m_lookup.listestokkodkontrol(lines, code);
         Q_EMIT entryCleared();
         const bool sold = result.row >= 0;
-        Q_EMIT noticed(result.remark, !sold || !result.remark.isEmpty());
+        const bool fine = sold && result.remark.isEmpty();
+        Q_EMIT noticed(result.remark, fine ? Notice::done : Notice::fault);
         if (sold) {
             makeCurrent(m_active, result.row);
             hesapla(m_active);
         }
     } catch (const HostError &error) {
         m_lookup.calsesoff();
-        Q_EMIT noticed(u"Aranamadı: %1 (%2)"_s.arg(code, error.text()), true);
+        Q_EMIT noticed(u"Aranamadı: %1 (%2)"_s.arg(code, error.text()), Notice::fault);
         if (!error.connectionLost()) {
             Q_EMIT entryCleared();
             return;
         }
+        m_refusedCode = code;
         Q_EMIT entryRefused();
         tellConnectionLost(m_program);
     }
+}
+
+void TillSession::tellNotEntered(const QStringList &texts)
+{
+    m_lookup.calsesoff();
+    Q_EMIT noticed(u"Girilmedi, yeniden girin: "_s + texts.join(u", "_s), Notice::fault);
 }
 
 void TillSession::toggleEntryMode()
@@ -123,6 +172,7 @@ void TillSession::sil()
 {
     const int number = m_active;
     const int row = active().currentRow;
+    const Work work(*this, [] { return QString(); });
     if (row < 0 || !m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
         return;
     at(number).lines.remove(row);
@@ -195,6 +245,7 @@ void TillSession::setCash(int number, const QString &text)
 {
     if (!isList(number))
         return;
+    forgetPosted(number);
     ListState &state = at(number);
     state.cash = text;
     state.cashGiven = true;
@@ -202,25 +253,33 @@ void TillSession::setCash(int number, const QString &text)
     Q_EMIT cashChanged(number);
 }
 
-bool TillSession::acceptCash(int number)
+TillSession::CashEntry TillSession::acceptCash(int number)
 {
     ListState &state = at(number);
-    if (state.cash.trimmed().isEmpty()) {
+    const QString typed = state.cash.trimmed();
+    if (typed.isEmpty()) {
         resetCash(number);
-        return true;
+        return CashEntry::taken;
     }
-    const auto given = quantity::parseCash(state.cash);
+    if (isScan(typed)) {
+        setCash(number, u"0,00"_s);
+        enterCode(typed);
+        return CashEntry::scan;
+    }
+    const auto given = quantity::parseCash(typed);
     if (!given) {
-        m_lookup.calsesoff(); // perhaps a scan, and nobody looks
+        m_lookup.calsesoff(); // nobody looks
         Q_EMIT noticed(
             u"Alınan para okunamadı: \"%1\". En çok %2; ondalık ayırıcı virgüldür."_s.arg(
                 state.cash, amount::money(quantity::kMostCash)),
-            true);
-        return false;
+            Notice::fault);
+        return CashEntry::refused;
     }
-    setCash(number, amount::money(*given));
-    Q_EMIT noticed({}, false);
-    return true;
+    if (state.postedTotal.isEmpty()) { // else Enter in an untouched box
+        setCash(number, amount::money(*given));
+        Q_EMIT noticed({}, Notice::done);
+    }
+    return CashEntry::taken;
 }
 
 void TillSession::resetCash(int number)
@@ -228,6 +287,17 @@ void TillSession::resetCash(int number)
     ListState &state = at(number);
     if (state.cash != u"0,00")
         setCash(number, u"0,00"_s);
+}
+
+/// The customer has gone: the change of the posted sale leaves the screen.
+void TillSession::forgetPosted(int number)
+{
+    ListState &state = at(number);
+    if (state.postedTotal.isEmpty())
+        return;
+    state.postedTotal.clear();
+    state.change = u"0,00"_s;
+    Q_EMIT cashChanged(number);
 }
 
 // ---- posting and receipt
@@ -253,46 +323,72 @@ Sale TillSession::capture(int number) const
             m_cashier.code,      m_cashier.name, m_program.clock.now()};
 }
 
-void TillSession::post()
+void TillSession::post(const QString &unentered)
 {
     // A second F2 may arrive while a message of the first one is on screen.
-    if (m_posting)
+    if (atWork())
         return;
-    m_posting = true;
-    m_program.handle([this] { postList(m_active); });
-    m_posting = false;
-    for (const QString &code : std::exchange(m_heldCodes, {}))
-        enterCode(code);
+    PostingProgress progress;
+    const Work work(
+        *this, [&progress] { return u"kayıt %1 / %2"_s.arg(progress.step).arg(progress.steps); });
+    m_program.handle([&] {
+        if (mayPost(unentered))
+            postList(m_active, progress);
+    });
 }
 
-void TillSession::postList(int number)
+/// Nothing that was typed or scanned may be passed over when a sale is closed.
+bool TillSession::mayPost(const QString &unentered)
 {
+    if (!unentered.isEmpty()) {
+        m_lookup.calsesoff();
+        Q_EMIT noticed(
+            u"Satış kaydedilmedi: \"%1\" girilmedi. Enter ile girin ya da Esc ile silin."_s.arg(
+                unentered),
+            Notice::fault);
+        Q_EMIT entryRefused();
+        return false;
+    }
     if (!yaziciseciver(m_program, m_settings.yazici1)) {
         m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                        "Deneyiniz..."_s);
-        return;
+        return false;
     }
-    if (at(number).lines.isEmpty()) {
-        Q_EMIT noticed(u"%1 listesi boş, kaydedilecek satış yok."_s.arg(caption(number)), true);
-        return;
+    if (active().lines.isEmpty()) {
+        tellEmpty(m_active);
+        return false;
     }
+    const CashEntry cash = acceptCash(m_active);
+    if (cash == CashEntry::refused)
+        Q_EMIT cashRefused();
+    return cash == CashEntry::taken;
+}
+
+/// An impatient second F2 hears again what was saved.
+void TillSession::tellEmpty(int number)
+{
+    const ListState &state = at(number);
+    if (state.postedTotal.isEmpty())
+        Q_EMIT noticed(u"%1 listesi boş, kaydedilecek satış yok."_s.arg(caption(number)),
+                       Notice::fault);
+    else
+        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(state.postedTotal) +
+                           changeRemark(state.change),
+                       Notice::done);
+}
+
+void TillSession::postList(int number, PostingProgress &progress)
+{
     const Sale sale = capture(number);
-    const PostingResult result = faturakaydet(m_program, m_settings, sale);
+    const PostingResult result = faturakaydet(m_program, m_settings, sale, progress);
     if (result.posted()) {
         clearList(number);
+        showPosted(number, sale);
         at(number).lastReceipt = nextReceipt(sale);
-        // The change is handed out after the list was cleared.
-        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(sale.totals.grand) + changeRemark(sale.change),
-                       false);
         if (m_settings.printsReceipt())
             print(*at(number).lastReceipt);
-    } else {
-        Q_EMIT noticed(u"Satış kaydedilemedi; %1 listesi duruyor."_s.arg(caption(number)), true);
     }
-    if (result.connectionLost)
-        tellConnectionLost(m_program);
-    if (result.failed > 0)
-        tellFailures(result);
+    tellOutcome(number, sale, result);
 }
 
 void TillSession::clearList(int number)
@@ -302,6 +398,14 @@ void TillSession::clearList(int number)
     hesapla(number);
     setCash(number, u"0,00"_s);
     at(number).cashGiven = false;
+}
+
+/// The change is handed out after the list was cleared.
+void TillSession::showPosted(int number, const Sale &sale)
+{
+    at(number).postedTotal = sale.totals.grand;
+    at(number).change = sale.change;
+    Q_EMIT cashChanged(number);
 }
 
 Receipt TillSession::nextReceipt(Sale sale)
@@ -326,29 +430,58 @@ void TillSession::print(const Receipt &receipt)
 void TillSession::reprint()
 {
     if (!active().lastReceipt) {
-        Q_EMIT noticed(u"%1 listesinin yazdırılacak fişi yok."_s.arg(caption(m_active)), true);
+        Q_EMIT noticed(u"%1 listesinin yazdırılacak fişi yok."_s.arg(caption(m_active)),
+                       Notice::fault);
         return;
     }
+    const Work work(*this, [] { return QString(); });
     m_program.handle([this] { print(*active().lastReceipt); });
 }
 
-void TillSession::tellFailures(const PostingResult &result)
+void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult &result)
 {
-    const QString text =
-        result.posted()
-            ? u"Satış kaydedildi, ancak %1 kayıt yazılamadı. Muhasebede tamamlanması gerekenler:"_s
-            : u"Satış kaydedilemedi, hiçbir kayıt yazılamadı (%1 hata):"_s;
-    constexpr qsizetype most = 12;
-    QStringList documents = result.documents.mid(0, most);
-    if (result.documents.size() > most)
-        documents += u"… ve %1 belge daha"_s.arg(result.documents.size() - most);
-    m_program.warn(text.arg(result.failed) + u'\n' + documents.join(u'\n'));
+    if (!result.posted())
+        Q_EMIT noticed(u"Satış kaydedilemedi; %1 listesi duruyor."_s.arg(caption(number)),
+                       Notice::fault);
+    else if (result.missing() > 0)
+        Q_EMIT noticed(u"Satış eksik kaydedildi: %1"_s.arg(sale.totals.grand) +
+                           changeRemark(sale.change),
+                       Notice::warning);
+    else
+        tellEmpty(number);
+    if (result.connectionLost)
+        tellConnectionLost(m_program);
+    // A server that was never reached has nothing to be completed.
+    const bool untouched = !result.posted() && result.connectionLost && result.uncertain == 0;
+    if (result.missing() == 0 || untouched)
+        return;
+    Q_EMIT boxComes();
+    Q_EMIT postedIncompletely(reportOf(result, sale));
+}
+
+void TillSession::printReport(const PostingReport &report)
+{
+    try {
+        printReceipt(m_program, m_settings.yazici1, drawText(m_layout, report.text));
+    } catch (const PrintError &error) {
+        m_program.warn(u"Yazdırılamadı: %1"_s.arg(error.text()));
+    }
+}
+
+void TillSession::saveReport(const PostingReport &report, const QString &path)
+{
+    QSaveFile file(path);
+    const QByteArray text = QByteArrayLiteral("\xEF\xBB\xBF") + report.text.toUtf8();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(text) != text.size() ||
+        !file.commit())
+        m_program.warn(u"Dosya yazılamadı: %1\n%2"_s.arg(path, file.errorString()));
 }
 
 // ---- opening and closing
 
 bool TillSession::mayClose()
 {
+    const Work work(*this, [] { return QString(); });
     QString lists;
     for (int number = 0; number < kSaleLists; ++number)
         if (!at(number).lines.isEmpty())
@@ -361,8 +494,10 @@ bool TillSession::mayClose()
 void TillSession::discard()
 {
     setCashier({});
-    for (int number = 0; number < kSaleLists; ++number)
+    for (int number = 0; number < kSaleLists; ++number) {
         clearList(number);
+        forgetPosted(number);
+    }
 }
 
 QList<int> TillSession::columnWidths() const

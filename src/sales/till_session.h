@@ -2,7 +2,8 @@
 
 #include "sales/cashier.h"
 #include "sales/item_lookup.h"
-#include "sales/posting.h"
+#include "sales/notice.h"
+#include "sales/posting_report.h"
 #include "sales/receipt_commands.h"
 #include "sales/sale_list.h"
 
@@ -60,8 +61,32 @@ public:
     QString miktargir(const QString &typed);
     QString miktarekle(const QString &typed);
 
-    /// Takes the cash typed for a list. False: not an amount, the cashier was told.
-    bool acceptCash(int number);
+    /// What Enter or F2 found in a list's cash box.
+    enum class CashEntry
+    {
+        taken,
+        scan,   ///< a code that had been scanned into it: entered as one, the cash is 0,00 again
+        refused ///< not an amount, the cashier was told
+    };
+    CashEntry acceptCash(int number);
+
+    /// Grand total of the sale that was just posted from a list; its change stands beside it until
+    /// the next code or cash. Empty: none.
+    const QString &postedTotal(int number) const { return at(number).postedTotal; }
+
+    /// True while a key or button is being worked on. A message box that opens meanwhile was caused
+    /// by the till, and keys that arrive belong behind it.
+    bool atWork() const { return m_works > 0; }
+
+    /// The code that the lost server left in the entry box; empty: none.
+    const QString &refusedCode() const { return m_refusedCode; }
+
+    /// Tells what was typed behind a box but could not be entered.
+    void tellNotEntered(const QStringList &texts);
+
+    /// Prints a report on the receipt printer, or saves it; a fault is told.
+    void printReport(const PostingReport &report);
+    void saveReport(const PostingReport &report, const QString &path);
 
     /// What the cashier dialog works with; connect its chosen() to setCashier().
     std::unique_ptr<CashierChoice> cashierChoice() const;
@@ -84,7 +109,9 @@ public Q_SLOTS:
     void sil();                                    ///< deletes the current line of the active list
     void setCash(int number, const QString &text); ///< the cash box was edited
     void setCashier(const Cashier &cashier);
-    void post();    ///< posts the active list and prints its receipt
+    /// Posts the active list and prints its receipt. `unentered`: what stands in the entry box; a
+    /// code that nobody entered keeps the sale from being posted.
+    void post(const QString &unentered = {});
     void reprint(); ///< prints the last receipt of the active list again
 
 Q_SIGNALS:
@@ -96,7 +123,11 @@ Q_SIGNALS:
     void entryModeChanged();
     void entryCleared(); ///< the entry box is to be emptied
     void entryRefused(); ///< the text stays, selected: the next scan replaces it
-    void noticed(const QString &text, bool fault); ///< one line for the cashier
+    void cashRefused();  ///< the cash box of the active list holds no amount
+    void noticed(const QString &text, Notice kind); ///< one line for the cashier
+    void waiting(const QString &text);              ///< the server keeps the till waiting
+    void boxComes();                                ///< a box of the till's own is about to open
+    void postedIncompletely(const PostingReport &report);
     void cashierChanged();
 
 private:
@@ -106,6 +137,7 @@ private:
         pricing::Totals totals;
         QString cash = QStringLiteral("0,00");
         QString change = QStringLiteral("0,00");
+        QString postedTotal;
         bool cashGiven = false; ///< the cash box was changed during this sale
         int currentRow = -1;
         std::optional<Receipt> lastReceipt;
@@ -115,18 +147,26 @@ private:
     ListState &at(int number) { return m_lists.at(static_cast<std::size_t>(number)); }
     ListState &active() { return at(m_active); }
 
+    /// Marks the till as working, and tells of a server that takes its time.
+    class Work;
+
+    void enter(const QString &code);
     void hesapla(int number);
     void resetCash(int number);
+    void forgetPosted(int number);
     void makeCurrent(int number, int row);
     void changeQuantity(double quantity);
     QString refusedQuantity(const QString &typed) const;
 
     Sale capture(int number) const;
-    void postList(int number);
+    bool mayPost(const QString &unentered);
+    void postList(int number, PostingProgress &progress);
+    void showPosted(int number, const Sale &sale);
+    void tellEmpty(int number);
     void clearList(int number);
     Receipt nextReceipt(Sale sale);
     void print(const Receipt &receipt);
-    void tellFailures(const PostingResult &result);
+    void tellOutcome(int number, const Sale &sale, const PostingResult &result);
 
     Program &m_program;
     SaleSettings m_settings;
@@ -136,6 +176,6 @@ private:
     int m_active = 0;
     EntryMode m_mode = EntryMode::barcode;
     Cashier m_cashier;
-    bool m_posting = false;
-    QStringList m_heldCodes; ///< entered while a sale was being posted
+    int m_works = 0; ///< handlers under way; more than one while a box of the first is open
+    QString m_refusedCode;
 };

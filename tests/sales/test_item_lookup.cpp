@@ -58,7 +58,7 @@ TEST_F(Lookup, ATypedStockCodeTakesItsFirstBarcode)
     list.clear();
     shop.host.answers.remove(host_queries::barcodesOf(u"S2"_s));
     type(u"S2"_s);
-    EXPECT_EQ(list.line(0)[SaleColumn::barcode], QString());
+    EXPECT_EQ(list.line(0)[SaleColumn::barcode], u"S2"_s); // the code as it was entered
 }
 
 TEST_F(Lookup, TheSameCodeAgainAddsOneToItsFirstLine)
@@ -125,7 +125,7 @@ TEST_F(Lookup, TheVatClassIsAPositionInTheTable)
 
 TEST_F(Lookup, AnItemWithoutAPriceIsNotSold)
 {
-    for (const QVariant &price : {QVariant(), QVariant(u""_s), QVariant(u"on"_s), QVariant(-1.0)}) {
+    for (const QVariant &price : {QVariant(), QVariant(u""_s), QVariant(u"on"_s)}) {
         shop.add({u"869003"_s, u"S3"_s, u"Tuz"_s, price});
         EXPECT_EQ(scan(u"869003"_s).outcome, Outcome::unpriced);
     }
@@ -136,10 +136,14 @@ TEST_F(Lookup, AnItemWithoutAPriceIsNotSold)
     EXPECT_TRUE(list.isEmpty());
 }
 
-TEST_F(Lookup, AFreeItemIsSoldAndAFullDiscountIsRemarked)
+TEST_F(Lookup, FreeItemsAndDepositsAreSoldAndAFullDiscountIsRemarked)
 {
     shop.add({u"1"_s, u"P"_s, u"Poşet"_s, 0.0});
     EXPECT_EQ(scan(u"1"_s).remark, QString());
+    shop.add({u"3"_s, u"D"_s, u"Depozito"_s, -7.5});
+    EXPECT_EQ(scan(u"3"_s).remark, QString());
+    for (const SaleColumn filled : {SaleColumn::price, SaleColumn::amount, SaleColumn::net})
+        EXPECT_EQ(list.line(1)[filled], u"-7,50"_s);
     shop.add({u"2"_s, u"Q"_s, u"Deneme"_s, 10.0, {100, 0, 0}});
     const LookupResult result = scan(u"2"_s);
     EXPECT_EQ(result.outcome, Outcome::added);

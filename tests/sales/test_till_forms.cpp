@@ -4,6 +4,7 @@
 #include "support/keyboard.h"
 
 #include <QDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -110,7 +111,9 @@ TEST_F(TillForm, AWholeSaleIsDoneByKeys)
     shop.prompt.answers = {};
     key(Qt::Key_F2);
     EXPECT_EQ(label(u"gentop1"_s), u"0,00"_s);
-    EXPECT_EQ(label(u"prust1"_s), u"0,00"_s);
+    EXPECT_EQ(label(u"prust1"_s), u"970,00"_s);
+    const auto *panel = control<QLabel>(u"prust1"_s).parentWidget();
+    EXPECT_EQ(panel->findChild<QLabel *>(u"changeLabel"_s)->text(), u"PARA ÜSTÜ   (satış 30,00)"_s);
     ASSERT_EQ(shop.printed().size(), 1U);
     EXPECT_TRUE(shop.printed()[0].texts.contains(u"*970,00"_s));
 }
@@ -172,23 +175,148 @@ TEST_F(TillForm, AnUnknownCodeIsSeen)
     EXPECT_EQ(label(u"notice"_s), QString());
 }
 
-TEST_F(TillForm, ScansUnderAMessageBoxAreKept)
+/// Keys as the window system brings them while the program does not look.
+void typeAhead(QWidget &window, const QString &text)
 {
-    QDialog box(&form);
-    new QLineEdit(&box);
-    inDialog([&] {
-        scan(u"869001"_s);
-        scan(u"869002"_s);
-        type(u"8690"_s); // the rest comes after the box has closed
-        EXPECT_TRUE(box.isVisible());
-        EXPECT_TRUE(session.list(0).isEmpty());
-        box.accept();
+    const auto send = [&](Qt::Key key, const QString &letter) {
+        qt_handleKeyEvent(window.windowHandle(), QEvent::KeyPress, key, Qt::NoModifier, letter);
+        qt_handleKeyEvent(window.windowHandle(), QEvent::KeyRelease, key, Qt::NoModifier, letter);
+    };
+    for (const QChar c : text)
+        c == u'\r' ? send(Qt::Key_Return, u"\r"_s) : send(QTest::asciiToKey(c.toLatin1()), c);
+}
+
+/// The server is away for a while: a scan waits for it, others follow, a box comes up.
+struct FrozenTill : TillForm
+{
+    FrozenTill()
+    {
+        shop.program.prompt.beforeBox = nullptr;
+        shop.prompt.onShow = [this] {
+            if (shop.program.prompt.beforeBox)
+                shop.program.prompt.beforeBox();
+            form.activateWindow();
+            QDialog box(&form);
+            new QLineEdit(&box);
+            inDialog([&] {
+                if (atBox)
+                    atBox();
+                box.accept();
+            });
+            box.exec();
+        };
+    }
+
+    /// Lets so many look-ups run out of time; `meanwhile` happens during the first.
+    void freeze(int times, const std::function<void()> &meanwhile)
+    {
+        shop.host.failOn = [=, this, left = times](const QString &) mutable -> std::optional<int> {
+            if (left == 0)
+                return {};
+            if (left-- == times)
+                meanwhile();
+            return HostError::kConnectionLost;
+        };
+    }
+
+    QStringList codes(int list)
+    {
+        QStringList all;
+        for (const SaleLine &line : session.list(list).lines())
+            all += line[SaleColumn::barcode];
+        return all;
+    }
+
+    std::function<void()> atBox;
+};
+
+TEST_F(FrozenTill, WhatWasTypedMeanwhileIsEnteredBehindTheBox)
+{
+    freeze(1, [this] { typeAhead(form, u"869002\r869003\r86"_s); });
+    atBox = [] { scan(u"9004"_s); };
+    scan(u"869001"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 4; }));
+    EXPECT_EQ(codes(0), QStringList({u"869001"_s, u"869002"_s, u"869003"_s, u"869004"_s}));
+    EXPECT_EQ(entry().text(), QString());
+}
+
+TEST_F(FrozenTill, WhatCannotBeEnteredIsShown)
+{
+    freeze(2, [this] {
+        typeAhead(form, u"869002\r"_s);
+        qt_handleKeyEvent(form.windowHandle(), QEvent::KeyPress, Qt::Key_Delete, {});
     });
-    box.exec();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 2; }));
-    EXPECT_EQ(entry().text(), u"8690"_s);
-    scan(u"03"_s);
-    EXPECT_EQ(session.list(0).size(), 3);
+    scan(u"869001"_s);
+    const QString expected = u"Girilmedi, yeniden girin: 869001, 869002, Del"_s;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return label(u"notice"_s) == expected; }))
+        << label(u"notice"_s).toStdString();
+    EXPECT_TRUE(session.list(0).isEmpty());
+    EXPECT_EQ(entry().selectedText(), u"869001"_s); // the next scan replaces it
+}
+
+TEST_F(FrozenTill, KeysGoWhereTheyWereTyped)
+{
+    scan(u"869001"_s);
+    shop.host.answers.remove(u"select * from EVRAKNO where EVRNOMODUL='1'AND EVRSIRANO='2'"_s);
+    atBox = [] { scan(u"869002"_s); };
+    key(Qt::Key_F2); // asks about a missing counter in the middle of the posting
+    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 1; }));
+    EXPECT_EQ(codes(0), QStringList{u"869002"_s});
+    EXPECT_EQ(shop.sent(u"INSERT INTO FATHAR"_s).size(), 1);
+
+    // A dialog of another room over the open till keeps its keys.
+    QDialog settings;
+    auto *box = new QLineEdit(&settings);
+    inDialog([&] {
+        scan(u"sifre"_s);
+        EXPECT_EQ(box->text(), u"sifre"_s);
+        settings.accept();
+    });
+    settings.exec();
+    EXPECT_EQ(session.list(0).size(), 1);
+}
+
+TEST_F(TillForm, F2SpeaksUpForAnUnenteredCodeAndEscapeTakesItAway)
+{
+    scan(u"869001"_s);
+    type(u"8690"_s);
+    key(Qt::Key_F2);
+    EXPECT_EQ(session.list(0).size(), 1);
+    EXPECT_EQ(entry().selectedText(), u"8690"_s);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(entry().text(), QString());
+    key(Qt::Key_F6);
+    scan(u"8692848009608"_s); // unknown, and no cash either
+    EXPECT_EQ(label(u"notice"_s), u"Barkod bulunamadı: 8692848009608"_s);
+    key(Qt::Key_F2);
+    EXPECT_TRUE(session.list(0).isEmpty());
+    EXPECT_EQ(session.postedTotal(0), u"11,00"_s);
+}
+
+/// Every figure can be read whole, at any width and with any widths saved before.
+TEST_F(TillForm, ColumnsNeverCutAFigure)
+{
+    shop.add({u"1"_s, u"PAHALI"_s, u"Pahalı ürün"_s, 1234567.89, {10, 0, 0}});
+    scan(u"1"_s);
+    QTableView &list = control<QTableView>(u"l1"_s);
+    const QAbstractItemView &view = list;
+    for (const int width : {1920, 1366, 911, 640}) {
+        form.setWindowState(Qt::WindowNoState);
+        form.resize(width, 600);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return form.width() <= std::max(width, form.minimumWidth()); }));
+        if (width == 1920) // by the user, whose wish stands
+            list.horizontalHeader()->resizeSection(1, 300);
+        for (const SaleColumn column :
+             {SaleColumn::vatRate, SaleColumn::price, SaleColumn::quantity, SaleColumn::amount,
+              SaleColumn::discount, SaleColumn::net}) {
+            const int at = static_cast<int>(column) - 1;
+            EXPECT_FALSE(list.isColumnHidden(at)) << width;
+            EXPECT_GE(list.columnWidth(at), view.sizeHintForColumn(at)) << width << ' ' << at;
+        }
+    }
+    EXPECT_FALSE(list.isColumnHidden(1));
+    EXPECT_EQ(list.columnWidth(1), 300);
 }
 
 TEST_F(TillForm, TheCashierIsChosenFromTheListOrByCode)

@@ -35,6 +35,8 @@ struct TillShop : FakeMachine
         printers.list = QStringList{QStringLiteral("Lazer"), QStringLiteral("PDF")};
         program.kdvtab[1] = {QString(), QStringLiteral("10"), QStringLiteral("18")};
         program.kdvtab[2] = {QString(), QStringLiteral("20"), QStringLiteral("8")};
+        host.answers[QStringLiteral("select * from CARKART where CARKOD='C100'")] =
+            row({QStringLiteral("CARBORCTOP"), QStringLiteral("CARBAKIYE")}, {0.0, 0.0});
         program.kdvtab[100] = {QString(), QStringLiteral("99"), QStringLiteral("1")};
     }
 

@@ -1,5 +1,6 @@
 #include "platform/host/bounded_calls.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <exception>
 #include <memory>
@@ -55,12 +56,20 @@ bool BoundedCalls::run(std::chrono::milliseconds patience, std::function<void(Li
 {
     const auto call = std::make_shared<Call>();
     start([call, body = std::move(body)] { work(*call, body); });
+    constexpr std::chrono::milliseconds moment(300);
     std::unique_lock lock(call->mutex);
     while (!call->done) {
+        const auto now = std::chrono::steady_clock::now();
         const auto deadline = call->life.last() + patience;
-        if (std::chrono::steady_clock::now() >= deadline)
+        if (now >= deadline)
             return false;
-        call->changed.wait_until(lock, deadline);
+        if (call->changed.wait_until(lock, std::min(deadline, now + moment)) ==
+                std::cv_status::timeout &&
+            waiting) {
+            lock.unlock();
+            waiting();
+            lock.lock();
+        }
     }
     if (call->error)
         std::rethrow_exception(call->error);

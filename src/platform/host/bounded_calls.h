@@ -34,6 +34,10 @@ public:
             std::chrono::steady_clock::now();
     };
 
+    /// Called on the waiting thread, several times a second, while run() waits longer than a
+    /// moment.
+    std::function<void()> waiting;
+
     /// Waits until `call` returns or has shown no life for `patience`; false then: the call goes on
     /// alone and must own all it touches. What it throws is thrown here.
     bool run(std::chrono::milliseconds patience, std::function<void(Life &)> call);

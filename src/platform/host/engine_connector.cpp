@@ -10,9 +10,17 @@ EngineConnector::EngineConnector(const QString &directory, KeyFile &keys,
                                  std::chrono::milliseconds patience)
     : m_directory(directory), m_keys(keys), m_patience(patience),
       m_calls(std::make_shared<BoundedCalls>())
-{}
+{
+    m_calls->waiting = [this] {
+        if (waiting)
+            waiting();
+    };
+}
 
-EngineConnector::~EngineConnector() = default;
+EngineConnector::~EngineConnector()
+{
+    m_calls->waiting = nullptr; // connections may outlive their connector
+}
 
 std::unique_ptr<HostConnection> EngineConnector::open(const QString &connectionString)
 {

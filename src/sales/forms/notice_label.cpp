@@ -3,21 +3,34 @@
 namespace {
 
 const QColor kFaultColour(0xB0, 0x10, 0x10);
+const QColor kWarningColour(0x9A, 0x4B, 0x00);
 const QColor kUsualColour(0x0B, 0x6E, 0x6E);
-const QColor kOtherColour(0x9A, 0x4B, 0x00);
 
 constexpr qsizetype kMostCharacters = 160; // not a whole code of 500 characters
 constexpr double kLargePoints = 17;
 constexpr double kSmallPoints = 12;
 
+const QColor &colourOf(Notice kind)
+{
+    switch (kind) {
+    case Notice::fault:
+        return kFaultColour;
+    case Notice::warning:
+        return kWarningColour;
+    case Notice::done:
+        break;
+    }
+    return kUsualColour;
+}
+
 } // namespace
 
-void NoticeLabel::tell(const QString &text, bool fault)
+void NoticeLabel::tell(const QString &text, Notice kind)
 {
     setFont(fitting(text));
     setText(text.size() > kMostCharacters ? text.first(kMostCharacters) + u'…' : text);
     setAutoFillBackground(!text.isEmpty());
-    paintGround(fault ? kFaultColour : kUsualColour);
+    paintGround(colourOf(kind));
 }
 
 /// The largest type in which the text stands on one line, else the smallest.
@@ -34,7 +47,7 @@ QFont NoticeLabel::fitting(const QString &text) const
 void NoticeLabel::showMode(const QString &text, bool usual)
 {
     setText(text);
-    paintGround(usual ? kUsualColour : kOtherColour);
+    paintGround(usual ? kUsualColour : kWarningColour);
 }
 
 void NoticeLabel::paintGround(const QColor &colour)

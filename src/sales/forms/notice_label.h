@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sales/notice.h"
+
 #include <QLabel>
 
 /// White text on a coloured ground, to be seen from a step away.
@@ -11,7 +13,7 @@ public:
     using QLabel::QLabel;
 
     /// One line for the cashier, as large as it fits; "" takes the ground away too.
-    void tell(const QString &text, bool fault);
+    void tell(const QString &text, Notice kind);
 
     /// Which box Enter feeds: the ground changes with it.
     void showMode(const QString &text, bool usual);

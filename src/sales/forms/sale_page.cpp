@@ -1,25 +1,13 @@
 #include "sales/forms/sale_page.h"
 
 #include "sales/forms/amount_validator.h"
+#include "sales/forms/sale_columns.h"
 #include "sales/till_session.h"
 #include "ui_sale_page.h"
-
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Width of each column before the shop changed it, in digits of the list's font.
-constexpr std::array<double, kSaleColumns> kPlainDigits = {13.5, 8, 18, 5, 6, 9, 6, 9.5, 7.5, 9.5};
-constexpr int kCellPadding = 8; ///< pixels beside a cell's text
-constexpr int kNameColumn = static_cast<int>(SaleColumn::name) - 1;
-constexpr int kLeastName = 260; ///< pixels
-
-/// What a narrow window does without, first to go first.
-constexpr std::array kDispensable = {SaleColumn::stockCode, SaleColumn::unit,
-                                     SaleColumn::barcode,   SaleColumn::vatRate,
-                                     SaleColumn::discount,  SaleColumn::amount};
 
 /// Type sizes of the totals panel in points: figures, cash box, large figures.
 struct PanelSizes
@@ -49,8 +37,7 @@ SalePage::SalePage(TillSession &session, int number, QWidget *parent)
     m_ui->setupUi(this);
     m_ui->l->setModel(&session.list(number));
     m_ui->nkit->setValidator(new AmountValidator(this));
-    m_ui->l->viewport()->installEventFilter(this);
-    m_ui->l->horizontalHeader()->setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+    m_columns = new SaleColumns(*m_ui->l);
     nameControls(number == 0 ? u"1"_s : u"1%1"_s.arg(number == 1 ? 1 : 3));
 
     const auto forThis = [this](auto &&show) {
@@ -108,45 +95,17 @@ void SalePage::setLook(const ListLook &look)
     m_ui->l->setFont(look.font);
     m_ui->l->verticalHeader()->setDefaultSectionSize(QFontMetrics(look.font).height() +
                                                      kRowPadding);
+    m_columns->fontChanged();
 }
 
 QList<int> SalePage::columnWidths() const
 {
-    QList<int> widths = m_widths;
-    for (int column = 0; column < widths.size(); ++column)
-        if (!m_ui->l->isColumnHidden(column))
-            widths[column] = m_ui->l->columnWidth(column);
-    return widths;
+    return m_columns->widths();
 }
 
 void SalePage::setColumnWidths(const QList<int> &widths)
 {
-    m_widths = widths;
-    if (m_widths.isEmpty())
-        for (const double digits : kPlainDigits)
-            m_widths +=
-                qRound(digits * m_ui->l->fontMetrics().horizontalAdvance(u'0')) + kCellPadding;
-    for (int column = 0; column < kSaleColumns; ++column)
-        m_ui->l->setColumnWidth(column, m_widths.at(column));
-    fitColumns();
-}
-
-/// The name takes what the other columns leave; when that is too little, columns go until it fits.
-void SalePage::fitColumns()
-{
-    m_widths = columnWidths();
-    if (m_widths.isEmpty())
-        return;
-    int needed = std::accumulate(m_widths.cbegin(), m_widths.cend(), 0) - m_widths.at(kNameColumn) +
-                 kLeastName;
-    for (const SaleColumn dispensable : kDispensable) {
-        const int column = static_cast<int>(dispensable) - 1;
-        const bool hide = needed > m_ui->l->viewport()->width();
-        if (hide)
-            needed -= m_widths.at(column);
-        if (hide != m_ui->l->isColumnHidden(column))
-            m_ui->l->setColumnHidden(column, hide);
-    }
+    m_columns->setWidths(widths);
 }
 
 void SalePage::resizeEvent(QResizeEvent *event)
@@ -158,13 +117,6 @@ void SalePage::resizeEvent(QResizeEvent *event)
     setPoints(*m_ui->nkit, sizes.cash);
     setPoints(*m_ui->gentop, sizes.large);
     setPoints(*m_ui->prust, sizes.large);
-}
-
-bool SalePage::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::Resize)
-        fitColumns();
-    return QWidget::eventFilter(watched, event);
 }
 
 void SalePage::showTotals()
@@ -182,6 +134,10 @@ void SalePage::showCash()
     if (m_ui->nkit->text() != cash)
         m_ui->nkit->setText(cash);
     m_ui->prust->setText(m_session.change(m_number));
+    // The customer's change stands until the next one is served, with the total it belongs to.
+    const QString &posted = m_session.postedTotal(m_number);
+    m_ui->changeLabel->setText(posted.isEmpty() ? u"PARA ÜSTÜ"_s
+                                                : u"PARA ÜSTÜ   (satış %1)"_s.arg(posted));
 }
 
 void SalePage::showCurrentRow(int row)

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class SaleColumns;
 class TillSession;
 
 QT_BEGIN_NAMESPACE
@@ -31,11 +32,9 @@ public:
     QLineEdit &cashBox() const;
 
     void setLook(const ListLook &look);
-    /// Pixels, also of columns that a narrow window leaves out. No widths: the plain ones.
+    /// As SaleColumns has them.
     QList<int> columnWidths() const;
     void setColumnWidths(const QList<int> &widths);
-
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void clicked(); ///< the list was clicked
@@ -44,7 +43,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void fitColumns();
     void nameControls(const QString &suffix);
     void showTotals();
     void showCash();
@@ -52,6 +50,6 @@ private:
 
     TillSession &m_session;
     int m_number;
-    QList<int> m_widths;
+    SaleColumns *m_columns;
     std::unique_ptr<Ui::SalePage> m_ui;
 };

@@ -1,72 +1,105 @@
 #include "sales/forms/scan_keeper.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QKeyEvent>
-#include <QTimer>
+#include <QPointer>
 #include <QWidget>
 
+#include <chrono>
 #include <utility>
 
 namespace {
 
-constexpr const char *kOwnsKeys = "ownsKeys";
+constexpr std::chrono::milliseconds kPause{60}; ///< a scanner's keys come faster
+constexpr std::chrono::milliseconds kLongestPause{1000};
 
-/// The message box that is open, or null.
-QWidget *openBox(const QWidget &window)
+bool isEnter(int key)
 {
-    QWidget *modal = QApplication::activeModalWidget();
-    const bool watched =
-        modal && modal != &window && window.isVisible() && !modal->property(kOwnsKeys).toBool();
-    return watched ? modal : nullptr;
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool isPrintable(const QString &text)
+{
+    return text.size() == 1 && text.at(0).isPrint();
+}
+
+/// Whether a widget stands in a box right over the window. A box over that box, where a file is
+/// named, wants its keys.
+bool isInBoxOver(const QWidget &window, const QWidget &widget)
+{
+    const QWidget *box = QApplication::activeModalWidget();
+    return box && widget.window() == box &&
+           (!box->parentWidget() || box->parentWidget()->window() == &window);
 }
 
 } // namespace
 
-ScanKeeper::ScanKeeper(QWidget &window) : QObject(&window), m_window(window)
+ScanKeeper::ScanKeeper(QWidget &window, std::function<bool()> atWork)
+    : QObject(&window), m_window(window), m_atWork(std::move(atWork))
 {
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(kPause);
     qApp->installEventFilter(this);
-}
-
-void ScanKeeper::ownsKeys(QWidget &dialog)
-{
-    dialog.setProperty(kOwnsKeys, true);
 }
 
 bool ScanKeeper::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress) {
-        const QWidget *box = openBox(m_window);
+    switch (event->type()) {
+    case QEvent::KeyPress: {
         const auto *target = qobject_cast<QWidget *>(watched);
-        if (box && target && target->window() == box)
-            return keep(static_cast<const QKeyEvent &>(*event));
-    } else if (event->type() == QEvent::Hide && !(m_codes.isEmpty() && m_partial.isEmpty())) {
-        QTimer::singleShot(0, this, &ScanKeeper::deliver);
-    }
-    return false;
-}
-
-bool ScanKeeper::keep(const QKeyEvent &event)
-{
-    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (enter && !m_partial.isEmpty()) {
-        m_codes += std::exchange(m_partial, {});
+        if (!target || !m_atWork())
+            return false;
+        const auto &key = static_cast<const QKeyEvent &>(*event);
+        const bool ofBox = isInBoxOver(m_window, *target) && keepsOfBox(key);
+        if (!ofBox && target->window() != &m_window)
+            return false;
+        if (m_pause.isActive())
+            m_pause.start();
+        m_keys.push_back({key.key(), key.modifiers(), key.text()});
         return true;
     }
-    // Blank presses a button; letters with Alt are shortcuts.
-    const QString text = event.text();
-    const bool printable = text.size() == 1 && text.at(0).isPrint() && text.at(0) != u' ';
-    if (enter || !printable || (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier)))
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: { // the box is about to open
+        const auto *target = qobject_cast<QWidget *>(watched);
+        return target && target->window() == &m_window && m_atWork();
+    }
+    case QEvent::Hide:
+        if (!m_keys.empty())
+            QTimer::singleShot(0, this, &ScanKeeper::deliver);
         return false;
-    m_partial += text;
-    return true;
+    default:
+        return false;
+    }
+}
+
+void ScanKeeper::letKeysArrive()
+{
+    if (!m_window.isVisible())
+        return;
+    QEventLoop loop;
+    connect(&m_pause, &QTimer::timeout, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kLongestPause, &loop, &QEventLoop::quit);
+    m_pause.start();
+    const QPointer<ScanKeeper> there(this); // the program may be ended meanwhile
+    loop.exec();
+    if (there)
+        m_pause.stop();
+}
+
+/// Of the keys of a box, a scanner's are kept: letters and digits, and the Enter behind them. The
+/// blank presses a button; letters with Alt are shortcuts.
+bool ScanKeeper::keepsOfBox(const QKeyEvent &event) const
+{
+    if (isEnter(event.key()))
+        return !m_keys.empty() && isPrintable(m_keys.back().text);
+    return isPrintable(event.text()) && event.text() != u" " &&
+           !(event.modifiers() & (Qt::AltModifier | Qt::ControlModifier));
 }
 
 void ScanKeeper::deliver()
 {
-    if (openBox(m_window)) {
-        QTimer::singleShot(50, this, &ScanKeeper::deliver);
-        return;
-    }
-    if (!m_codes.isEmpty() || !m_partial.isEmpty())
-        Q_EMIT kept(std::exchange(m_codes, {}), std::exchange(m_partial, {}));
+    // A box of the same work that opens next brings the keys out when it closes.
+    if (!m_keys.empty() && !m_atWork())
+        Q_EMIT kept(std::exchange(m_keys, {}));
 }

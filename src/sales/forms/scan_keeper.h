@@ -1,37 +1,51 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QKeyEvent;
 class QWidget;
 QT_END_NAMESPACE
 
-/// Keeps what a scanner types while a message box is open: without it the digits would be lost and
-/// the Enter behind them would answer the question. The codes come out when the box has closed.
+/// A key that came while the till could not take it.
+struct HeldKey
+{
+    int key = 0;
+    Qt::KeyboardModifiers modifiers;
+    QString text;
+};
+
+/// Keeps the keys that reach a window while it works and a box it opened stands over it: without it
+/// they would be lost, and the Enter behind a scan would answer the box. They come out, in their
+/// order, when the box has closed and the work is done.
 class ScanKeeper final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Boxes opened over `window` are watched, except dialogs marked with ownsKeys().
-    explicit ScanKeeper(QWidget &window);
+    /// `atWork`: whether the window is in the middle of something; keys at other times are nobody's
+    /// business here.
+    ScanKeeper(QWidget &window, std::function<bool()> atWork);
 
-    /// Marks a dialog that wants the keys itself.
-    static void ownsKeys(QWidget &dialog);
+    /// Call before a box opens: takes in what was typed before it could be seen. The toolkit drops
+    /// keys for a window beneath a modal box. Comes back when no key has come for a moment.
+    void letKeysArrive();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// Codes that Enter ended, and the beginning of one that was still being typed.
-    void kept(const QStringList &codes, const QString &beginning);
+    void kept(const std::vector<HeldKey> &keys);
 
 private:
-    bool keep(const QKeyEvent &event);
+    bool keepsOfBox(const QKeyEvent &event) const;
     void deliver();
 
     QWidget &m_window;
-    QString m_partial;
-    QStringList m_codes;
+    std::function<bool()> m_atWork;
+    std::vector<HeldKey> m_keys;
+    QTimer m_pause; ///< runs out when no key has come for a moment
 };

@@ -28,7 +28,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
         each->setColumnWidths(widths);
     showList(session.activeList());
     showMode();
-    m_ui->notice->tell({}, false);
+    m_ui->notice->tell({}, Notice::done);
     focusEntry();
 }
 
@@ -60,7 +60,7 @@ void stfatura::connectButtons()
             focusEntry();
         });
     };
-    act(m_ui->button1, [this] { m_session.post(); });
+    connect(m_ui->button1, &QPushButton::clicked, this, &stfatura::closeSale);
     act(m_ui->button2, [this] { askQuantity(m_session, false, this); });
     act(m_ui->button3, [this] { askQuantity(m_session, true, this); });
     act(m_ui->button4, [this] { m_session.toggleEntryMode(); });
@@ -83,14 +83,19 @@ void stfatura::connectSession()
             [this] { m_ui->statusbar->showCashier(m_session.cashier()); });
     connect(&m_session, &TillSession::totalsChanged, this,
             [this](int number) { m_ui->tb1->mark(number, !m_session.list(number).isEmpty()); });
-    auto *keeper = new ScanKeeper(*this);
-    connect(keeper, &ScanKeeper::kept, this,
-            [this](const QStringList &codes, const QString &beginning) {
-                for (const QString &code : codes)
-                    m_session.enterCode(code);
-                m_ui->srvadi->setText(beginning + m_ui->srvadi->text());
-                focusEntry();
-            });
+    connect(&m_session, &TillSession::cashRefused, this, &stfatura::focusCash);
+    connect(&m_session, &TillSession::waiting, this, [this](const QString &text) {
+        m_ui->notice->tell(text, Notice::warning);
+        repaint(); // nothing else draws while the server is waited for
+    });
+    connect(&m_session, &TillSession::postedIncompletely, this,
+            [this](const PostingReport &report) { showReport(m_session, report, this); });
+    auto *keeper = new ScanKeeper(*this, [this] { return m_session.atWork(); });
+    connect(&m_session, &TillSession::boxComes, keeper, &ScanKeeper::letKeysArrive);
+    connect(keeper, &ScanKeeper::kept, this, [this](const std::vector<HeldKey> &keys) {
+        focusEntry();
+        enterKept(m_session, *m_ui->srvadi, keys);
+    });
 }
 
 bool stfatura::eventFilter(QObject *watched, QEvent *event)
@@ -109,12 +114,13 @@ bool stfatura::formKey(const QKeyEvent &event)
     switch (event.key()) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
+        break;
     case Qt::Key_Escape:
-        focusEntry();
+        m_ui->srvadi->clear();
         break;
     case Qt::Key_F2:
-        m_session.post();
-        break;
+        closeSale();
+        return true;
     case Qt::Key_F3:
     case Qt::Key_F4:
         askQuantity(m_session, event.key() == Qt::Key_F4, this);
@@ -161,10 +167,16 @@ bool stfatura::enterPressed(QObject *box)
 
 void stfatura::acceptCash()
 {
-    if (m_session.acceptCash(m_session.activeList()))
-        focusEntry();
+    if (m_session.acceptCash(m_session.activeList()) == TillSession::CashEntry::refused)
+        focusCash();
     else
-        page().cashBox().selectAll();
+        focusEntry();
+}
+
+void stfatura::closeSale()
+{
+    focusEntry();
+    m_session.post(m_ui->srvadi->text());
 }
 
 void stfatura::focusEntry()

@@ -44,6 +44,7 @@ private:
     bool formKey(const QKeyEvent &event);
     bool enterPressed(QObject *box);
     void acceptCash();
+    void closeSale();
     void focusEntry();
     void focusCash();
 

@@ -2,10 +2,73 @@
 
 #include "sales/forms/PER.h"
 #include "sales/forms/miktr.h"
+#include "sales/forms/posting_report_box.h"
 #include "sales/forms/scan_keeper.h"
 #include "sales/till_session.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScopeGuard>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+/// Keys that may be pressed late. Posting and deleting want to be pressed by somebody who has read
+/// the box; a dialog that opens late would take keys meant for the till.
+bool mayComeLate(const HeldKey &held)
+{
+    switch (held.key) {
+    case Qt::Key_Backspace:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_F5:
+    case Qt::Key_F6:
+    case Qt::Key_F7:
+    case Qt::Key_F8:
+    case Qt::Key_F9:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return true;
+    default:
+        return isEnter(held.key) || !held.text.isEmpty();
+    }
+}
+
+void press(QWidget &window, const HeldKey &held)
+{
+    QWidget *target = window.focusWidget() ? window.focusWidget() : &window;
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, held.key, held.modifiers, held.text);
+        QApplication::sendEvent(target, &event);
+    }
+}
+
+/// The keys as the cashier knows them: codes whole, other keys by name.
+QStringList named(const std::vector<HeldKey> &keys)
+{
+    QStringList names;
+    bool open = false; // a code is being spelled
+    for (const HeldKey &held : keys) {
+        const bool letter = held.text.size() == 1 && held.text.at(0).isPrint();
+        if (letter && open)
+            names.last() += held.text;
+        else if (!isEnter(held.key))
+            names += letter ? held.text : QKeySequence(held.key).toString();
+        open = letter;
+    }
+    return names;
+}
+
+} // namespace
 
 void askQuantity(TillSession &session, bool adding, QWidget *till)
 {
@@ -19,7 +82,6 @@ void askQuantity(TillSession &session, bool adding, QWidget *till)
             return adding ? session.miktarekle(typed) : session.miktargir(typed);
         },
         till);
-    ScanKeeper::ownsKeys(dialog);
     dialog.exec();
 }
 
@@ -28,6 +90,36 @@ void chooseCashier(TillSession &session, QWidget *till)
     const auto choice = session.cashierChoice();
     QObject::connect(choice.get(), &CashierChoice::chosen, &session, &TillSession::setCashier);
     PER dialog(*choice, till);
-    ScanKeeper::ownsKeys(dialog);
     dialog.exec();
+}
+
+void showReport(TillSession &session, const PostingReport &report, QWidget *till)
+{
+    // The program may be ended from the tray while it is open: it goes with the till then.
+    const QPointer<PostingReportBox> box(new PostingReportBox(session, report, till));
+    const auto end = qScopeGuard([&box] { delete box; });
+    box->exec();
+}
+
+void enterKept(TillSession &session, QLineEdit &entry, const std::vector<HeldKey> &keys)
+{
+    const auto refused = [&] {
+        return !entry.text().isEmpty() && entry.text() == session.refusedCode();
+    };
+    if (refused())
+        session.enterCode(entry.text());
+    std::vector<HeldKey> left;
+    bool lost = refused();
+    for (const HeldKey &held : keys) {
+        if (lost || !mayComeLate(held))
+            left.push_back(held);
+        else
+            press(*entry.window(), held);
+        lost |= refused();
+    }
+    QStringList names = named(left);
+    if (lost)
+        names.prepend(session.refusedCode());
+    if (!names.isEmpty())
+        session.tellNotEntered(names);
 }

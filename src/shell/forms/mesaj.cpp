@@ -58,6 +58,8 @@ void mesaj::finish(Answer answer)
 
 Answer WindowPrompt::show(const Message &message)
 {
+    if (beforeBox)
+        beforeBox();
     const QPointer<mesaj> box(new mesaj(message, QApplication::activeWindow()));
     const auto end = qScopeGuard([&box] { delete box; });
     return box->ask();
