@@ -1,6 +1,6 @@
 #include "sales/text_receipt.h"
 
-#include "common/millimetres.h"
+#include "paper/millimetres.h"
 
 #include <algorithm>
 
