@@ -11,7 +11,9 @@
 #include "sales/forms/stfatura.h"
 #include "sales/receipt_editor.h"
 #include "shell/cls_style.h"
+#include "shell/diagnosis.h"
 #include "shell/forms/baglan.h"
+#include "shell/forms/diagnosis_dialog.h"
 #include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
 #include "shell/forms/parametre.h"
@@ -51,9 +53,9 @@ void fitToScreen(QWidget &form)
 } // namespace
 
 Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
-    : m_program(program), m_autostart(autostart), m_tray(tray), m_link(program),
-      m_start(program, m_link), m_desk(program), m_invoices(program), m_changes(program),
-      m_print(program), m_till(program), m_strt(m_start, m_link)
+    : m_program(program), m_autostart(autostart), m_tray(tray), m_probe(program.directory()),
+      m_link(program), m_start(program, m_link), m_desk(program), m_invoices(program),
+      m_changes(program), m_print(program), m_till(program), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -72,8 +74,8 @@ Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
     for (QWidget *form : std::initializer_list<QWidget *>{
-             m_baruret, m_yazfrm, m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura,
-             m_fytdegisbul, m_stfatura, m_stkkart})
+             m_baruret, m_yazfrm, m_diagnosis, m_designer, m_parametre, m_login, m_baglan, m_kakknd,
+             m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -211,6 +213,10 @@ void Rooms::showConnection()
         auto *form = new baglan(m_link);
         giveMenu(form->menuButton());
         connect(form, &baglan::loginWanted, this, &Rooms::showLoginModal);
+        connect(form, &baglan::diagnosisWanted, this, [this, form] {
+            const ServerSettings &s = m_link.server();
+            showDiagnosis({s.server, s.user, s.password, s.master, s.company}, form);
+        });
         connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded, Qt::QueuedConnection);
         return form;
     });
@@ -255,6 +261,8 @@ void Rooms::showSettings()
         });
         connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
+        connect(form, &parametre::diagnosisWanted, this,
+                [this, form](const DiagnosisTarget &target) { showDiagnosis(target, form); });
         form->setModal(true);
         return form;
     });
@@ -280,6 +288,18 @@ void Rooms::showReceiptDesigner()
         auto *form = new ReceiptDesigner(*editor, m_parametre);
         editor->setParent(form);
         connect(editor, &ReceiptEditor::saved, this, &Rooms::reloadTill);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showDiagnosis(const DiagnosisTarget &target, QWidget *asker)
+{
+    showForm(m_diagnosis, [&] {
+        auto *diagnosis = new Diagnosis(m_probe);
+        auto *form = new DiagnosisDialog(*diagnosis, asker);
+        diagnosis->setParent(form);
+        diagnosis->start(target);
         form->setModal(true);
         return form;
     });

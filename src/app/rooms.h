@@ -6,6 +6,7 @@
 #include "labels/desk/label_desk.h"
 #include "labels/desk/price_change_request.h"
 #include "labels/print/print_run.h"
+#include "platform/host/system_probe.h"
 #include "sales/till_session.h"
 #include "shell/forms/strt.h"
 #include "shell/host_link.h"
@@ -16,6 +17,7 @@
 
 class Baruret;
 class baglan;
+class DiagnosisDialog;
 class fatura;
 class fytdegisbul;
 class kakknd;
@@ -26,6 +28,7 @@ class ReceiptDesigner;
 class stfatura;
 class stkkart;
 class yazfrm;
+struct DiagnosisTarget;
 QT_BEGIN_NAMESPACE
 class QToolButton;
 QT_END_NAMESPACE
@@ -70,6 +73,7 @@ private:
     void applySettings();
     void reloadTill();
     void showReceiptDesigner();
+    void showDiagnosis(const DiagnosisTarget &target, QWidget *asker);
     void connectionUnloaded();
     void end();
     void endWhenNothingShows();
@@ -78,6 +82,7 @@ private:
     Program &m_program;
     Autostart &m_autostart;
     bool m_tray;
+    SystemProbe m_probe;
     HostLink m_link;
     StartSession m_start;
     LabelDesk m_desk;
@@ -96,6 +101,7 @@ private:
     QPointer<login> m_login;
     QPointer<parametre> m_parametre;
     QPointer<ReceiptDesigner> m_designer;
+    QPointer<DiagnosisDialog> m_diagnosis;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<PrintProgress> m_progress;
     bool m_startWithMachine = false; ///< as the settings were saved last

@@ -16,6 +16,9 @@ public:
     /// connection lost.
     virtual int state() const = 0;
 
+    /// What answers on this side of the connection, with its version; "" when nothing can be said.
+    virtual QString driver() const { return {}; }
+
     /// Runs one statement and returns all its rows (none for statements that return no rows).
     /// Takes 5 seconds at most before it gives up. Throws HostError.
     virtual RecordSet execute(const QString &statement) = 0;

@@ -16,17 +16,34 @@ public:
     static constexpr int kNoRow = 3021;                 ///< read past the end of the result
     static constexpr int kType = 13;                    ///< text where a number was needed
 
+    /// Why, as far as the server and its driver told it.
+    enum class Cause
+    {
+        unknown,
+        noDriver,   ///< this machine cannot speak with a server
+        encryption, ///< driver and server did not agree on one
+        login,      ///< user or password refused
+        database,   ///< not there, or closed to this user
+        right,      ///< the user may not
+        noTable,    ///< a table or column is not there
+        silent      ///< no answer in time
+    };
+
     /// `text`: what the engine said; `statement`: the statement it was said of, may be empty.
-    HostError(int number, const QString &text, const QString &statement = {})
-        : std::runtime_error(text.toStdString()), m_number(number), m_statement(statement)
+    HostError(int number, const QString &text, const QString &statement = {},
+              Cause cause = Cause::unknown)
+        : std::runtime_error(text.toStdString()), m_number(number), m_statement(statement),
+          m_cause(cause)
     {}
 
     int number() const { return m_number; }
     QString text() const { return QString::fromUtf8(what()); }
     const QString &statement() const { return m_statement; }
+    Cause cause() const { return m_cause; }
     bool connectionLost() const { return m_number == kConnectionLost; }
 
 private:
     int m_number;
     QString m_statement;
+    Cause m_cause;
 };

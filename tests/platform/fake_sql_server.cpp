@@ -2,6 +2,7 @@
 
 #include <QtEndian>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -163,11 +164,10 @@ QString statementOf(const QByteArray &packet)
     return fromUtf16(packet.sliced(header + skip));
 }
 
-QByteArray duplicateKey()
+QByteArray errorAnswer(quint64 number, QStringView text)
 {
-    const QByteArray body = little(2627, 4) + QByteArray::fromHex("010e") +
-                            messageText(u"Çift kayıt") + shortText(u"SUNUCU") + shortText(u"") +
-                            little(1, 4);
+    const QByteArray body = little(number, 4) + QByteArray::fromHex("010e") + messageText(text) +
+                            shortText(u"SUNUCU") + shortText(u"") + little(1, 4);
     return "\xAA" + little(static_cast<quint64>(body.size()), 2) + body + done(2);
 }
 
@@ -195,23 +195,31 @@ void FakeSqlServer::serve()
     QTcpServer server;
     server.listen(QHostAddress::LocalHost);
     m_port = server.serverPort();
+    std::vector<std::unique_ptr<QTcpSocket>> clients;
     while (!m_stop) {
-        server.waitForNewConnection(20);
-        if (const std::unique_ptr<QTcpSocket> client{server.nextPendingConnection()})
-            talk(*client);
+        server.waitForNewConnection(clients.empty() ? 20 : 0);
+        while (QTcpSocket *client = server.nextPendingConnection())
+            clients.emplace_back(client);
+        std::erase_if(clients, [this](const auto &client) { return !talk(*client); });
     }
 }
 
-void FakeSqlServer::talk(QTcpSocket &client)
+/// False when a client has gone, or is left.
+bool FakeSqlServer::talk(QTcpSocket &client)
 {
-    while (!m_stop && client.state() == QAbstractSocket::ConnectedState) {
-        quint8 type = 0;
-        const QByteArray packet = readPacket(client, type);
-        if (packet.isEmpty())
-            continue;
-        if (!answerPacket(client, type, packet))
-            return client.abort();
-    }
+    if (client.state() != QAbstractSocket::ConnectedState)
+        return false;
+    quint8 type = 0;
+    const QByteArray packet = readPacket(client, type);
+    if (packet.isEmpty())
+        return true;
+    constexpr qsizetype header = 8;
+    m_message += m_message.isEmpty() ? packet : packet.sliced(header);
+    const bool last = (packet.at(1) & 1) != 0; // long statements come in several packets
+    if (!last || answerPacket(client, type, std::exchange(m_message, {})))
+        return true;
+    client.abort();
+    return false;
 }
 
 /// Empty while no packet has come.
@@ -221,7 +229,7 @@ QByteArray FakeSqlServer::readPacket(QTcpSocket &client, quint8 &type)
     const QByteArray seen = client.peek(header);
     const int length = seen.size() < header ? 0 : qFromBigEndian<quint16>(seen.constData() + 2);
     if (length == 0 || client.bytesAvailable() < length) {
-        client.waitForReadyRead(20);
+        client.waitForReadyRead(5);
         return {};
     }
     type = static_cast<quint8>(seen.front());
@@ -247,12 +255,19 @@ bool FakeSqlServer::answerPacket(QTcpSocket &client, quint8 type, const QByteArr
         return true;
     switch (type) {
     case Packet::hello:
-        reply(client, helloAnswer());
+        if (m_fault == Fault::foreign)
+            client.write("HTTP/1.1 400 Bad Request\r\n\r\n");
+        else
+            reply(client, helloAnswer(), m_fault != Fault::halfHello);
         return true;
     case Packet::login:
         keep(m_password, passwordOf(packet));
         if (m_fault == Fault::refusesLogin)
             return false;
+        if (m_fault == Fault::wrongPassword) {
+            reply(client, errorAnswer(18456, u"Login failed for user 'sa'."));
+            return true;
+        }
         reply(client, loginAnswer());
         return m_fault != Fault::closesWhenIdle;
     case Packet::attention:
@@ -280,7 +295,7 @@ bool FakeSqlServer::answerQuery(QTcpSocket &client)
         reply(client, typedAnswer());
         return true;
     case Fault::violatesKey:
-        reply(client, duplicateKey());
+        reply(client, errorAnswer(2627, u"Çift kayıt"));
         return true;
     default:
         return true;

@@ -23,6 +23,9 @@ public:
         closesWhenIdle, ///< closes when the client has logged in
         closesOnQuery,  ///< closes when a statement comes
         refusesLogin,   ///< closes in the middle of the login
+        wrongPassword,  ///< refuses the login with the server's error
+        halfHello,      ///< begins its first answer and does not end it
+        foreign,        ///< speaks another protocol
         none,           ///< answers every statement with rows of every type
         violatesKey,    ///< answers every statement with a duplicate key error
     };
@@ -61,7 +64,7 @@ private:
     };
 
     void serve();
-    void talk(QTcpSocket &client);
+    bool talk(QTcpSocket &client);
     QByteArray readPacket(QTcpSocket &client, quint8 &type);
     void reply(QTcpSocket &client, const QByteArray &tokens, bool whole = true);
     /// False: hang up.
@@ -72,6 +75,7 @@ private:
     QString read(const QString &place) const;
 
     Fault m_fault;
+    QByteArray m_message; ///< packets of a request that is not whole yet; one client at a time
     mutable std::mutex m_mutex;
     QString m_password;
     QString m_statement;

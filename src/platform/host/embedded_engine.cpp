@@ -23,7 +23,8 @@ QString databaseFile(const QString &directory, const QString &database)
         for (const QString &name : QDir(directory).entryList({u"*.yerel"_s}, QDir::Files))
             if (turkish::upper(name) == wanted)
                 return directory + u'/' + name;
-    throw engineError(HostError::kConnectionLost, u"Veritabanı bulunamadı: %1"_s.arg(database));
+    throw engineError(HostError::kConnectionLost, u"Veritabanı bulunamadı: %1"_s.arg(database), {},
+                      HostError::Cause::database);
 }
 
 /// Dates are day.month.year here from the start.
@@ -40,6 +41,11 @@ EmbeddedEngine::EmbeddedEngine(const QString &directory, const QString &database
     : m_file(databaseFile(directory, database), SqliteFile::Mode::mustExist, kLimit)
 {
     host_values::install(m_file.handle());
+}
+
+QString EmbeddedEngine::driver() const
+{
+    return SqliteFile::version();
 }
 
 RecordSet EmbeddedEngine::execute(const QString &statement)

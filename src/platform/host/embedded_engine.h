@@ -15,6 +15,7 @@ public:
 
     /// Always open: a statement that fails leaves the file as it is.
     int state() const override { return 1; }
+    QString driver() const override;
     RecordSet execute(const QString &statement) override;
 
 private:

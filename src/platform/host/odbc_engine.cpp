@@ -12,7 +12,8 @@ namespace {
 
 HostError silent(const QString &statement = {})
 {
-    return engineError(HostError::kConnectionLost, u"Sunucu yanıt vermiyor."_s, statement);
+    return engineError(HostError::kConnectionLost, u"Sunucu yanıt vermiyor."_s, statement,
+                       HostError::Cause::silent);
 }
 
 QString driverName(const OdbcOverride &override)
@@ -22,7 +23,8 @@ QString driverName(const OdbcOverride &override)
     QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
     if (driver.isEmpty())
         throw engineError(HostError::kConnectionLost,
-                          u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s);
+                          u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
+                          HostError::Cause::noDriver);
     return driver;
 }
 
@@ -73,6 +75,11 @@ void OdbcEngine::leaveSession()
 int OdbcEngine::state() const
 {
     return m_session ? 1 : 0;
+}
+
+QString OdbcEngine::driver() const
+{
+    return m_session ? m_session->driver() : QString();
 }
 
 RecordSet OdbcEngine::execute(const QString &statement)

@@ -33,6 +33,7 @@ public:
     OdbcEngine &operator=(const OdbcEngine &) = delete;
 
     int state() const override;
+    QString driver() const override;
     RecordSet execute(const QString &statement) override;
 
 private:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "common/host_error.h"
 
 #include <vector>
 
@@ -15,6 +15,9 @@ struct OdbcMessage
 /// The error number of HostError for what a driver said, the gravest message first: connection
 /// lost or timed out, rule of a table violated, statement refused.
 int odbcErrorNumber(const std::vector<OdbcMessage> &messages);
+
+/// Why it failed, as far as the server's or driver's own number and words tell.
+HostError::Cause odbcCause(const std::vector<OdbcMessage> &messages);
 
 /// True when one of the messages says that time ran out: the connection may still be alive then.
 bool odbcTimedOut(const std::vector<OdbcMessage> &messages);

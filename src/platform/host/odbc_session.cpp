@@ -56,6 +56,12 @@ QString joined(const std::vector<OdbcMessage> &messages)
     return lines.isEmpty() ? u"ODBC"_s : lines.join(u'\n');
 }
 
+[[noreturn]] void throwMessages(int number, const std::vector<OdbcMessage> &messages,
+                                const QString &statement = {})
+{
+    throw engineError(number, joined(messages), statement, odbcCause(messages));
+}
+
 /// Reads one field of the row a statement stands on.
 class FieldReader
 {
@@ -205,8 +211,7 @@ OdbcSession::OdbcSession(const QString &driverConnectionString)
                           static_cast<SQLSMALLINT>(driverConnectionString.size()), nullptr, 0,
                           nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(code))
-        throw engineError(HostError::kConnectionLost,
-                          joined(messagesOf(SQL_HANDLE_DBC, m_connection.get())));
+        throwMessages(HostError::kConnectionLost, messagesOf(SQL_HANDLE_DBC, m_connection.get()));
 }
 
 OdbcSession::~OdbcSession()
@@ -275,7 +280,20 @@ void OdbcSession::check(SQLRETURN code, const Handle &handle, const QString &sta
     // A slow statement that the server has called off leaves the connection as good as before.
     if (number == HostError::kConnectionLost && (dead.value_or(true) || !odbcTimedOut(messages)))
         m_lost = true;
-    throw engineError(number, joined(messages), statement);
+    throwMessages(number, messages, statement);
+}
+
+QString OdbcSession::driver() const
+{
+    QStringList words;
+    for (const SQLUSMALLINT what : {SQL_DRIVER_NAME, SQL_DRIVER_VER}) {
+        std::array<SQLWCHAR, 128> text{};
+        SQLSMALLINT bytes = 0;
+        if (SQL_SUCCEEDED(SQLGetInfoW(m_connection.get(), what, text.data(),
+                                      static_cast<SQLSMALLINT>(sizeof text), &bytes)))
+            words += fromWide(text.data(), bytes / static_cast<SQLSMALLINT>(sizeof(SQLWCHAR)));
+    }
+    return words.join(u' ');
 }
 
 std::optional<bool> OdbcSession::isDead() const

@@ -22,6 +22,9 @@ public:
     /// has any columns. Throws HostError.
     RecordSet execute(const QString &statement, BoundedCalls::Life &life);
 
+    /// File and version of the driver in use.
+    QString driver() const;
+
     /// True when a statement has found the connection gone.
     bool lost() const { return m_lost; }
 

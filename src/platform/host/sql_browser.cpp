@@ -1,5 +1,7 @@
 #include "platform/host/sql_browser.h"
 
+#include "platform/host/network.h"
+
 #include <QList>
 
 namespace sql_browser {
@@ -11,6 +13,16 @@ constexpr char kAnswer = 0x05;
 constexpr qsizetype kAnswerHeader = 3; // kind and length
 
 } // namespace
+
+std::optional<int> instancePort(const QString &host, const QString &instance,
+                                std::chrono::milliseconds patience, int browserPort)
+{
+    const QStringList addresses = network::addresses(host);
+    if (addresses.isEmpty())
+        return std::nullopt;
+    return portInAnswer(
+        network::askDatagram(addresses.first(), browserPort, instanceRequest(instance), patience));
+}
 
 QByteArray instanceRequest(const QString &instance)
 {

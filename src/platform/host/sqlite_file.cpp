@@ -179,6 +179,11 @@ void SqliteFile::openFile(const QString &path, Mode mode)
     execute(u"PRAGMA cell_size_check=ON; select count(*) from sqlite_schema"_s);
 }
 
+QString SqliteFile::version()
+{
+    return u"SQLite "_s + QString::fromLatin1(sqlite3_libversion());
+}
+
 void SqliteFile::startWatch()
 {
     m_deadline = std::chrono::steady_clock::now() + m_limit;

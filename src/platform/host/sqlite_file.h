@@ -30,6 +30,9 @@ public:
     /// give values of their declared type. Throws HostError.
     RecordSet execute(const QString &statement);
 
+    /// "SQLite 3.40.1"
+    static QString version();
+
     sqlite3 *handle() const { return m_database; }
 
 private:

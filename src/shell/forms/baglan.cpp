@@ -21,6 +21,7 @@ baglan::baglan(HostLink &link, QWidget *parent)
     showState();
     connect(m_ui->button1, &QPushButton::clicked, this, &baglan::connectToHost);
     connect(m_ui->button2, &QPushButton::clicked, this, &baglan::loginWanted);
+    connect(m_ui->diagnose, &QPushButton::clicked, this, &baglan::diagnosisWanted);
     connect(&m_timer, &QTimer::timeout, this, &baglan::tick);
     m_timer.start(kTickMs);
 }

@@ -29,6 +29,7 @@ public:
 
 Q_SIGNALS:
     void loginWanted();
+    void diagnosisWanted();
     void unloaded();
 
 protected:

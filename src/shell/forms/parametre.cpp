@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "common/windows_colour.h"
+#include "shell/diagnosis_finding.h"
 #include "shell/settings_session.h"
 #include "ui_parametre.h"
 
@@ -80,6 +81,10 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     for (const QComboBox *list : findChildren<QComboBox *>())
         connect(list, &QComboBox::currentIndexChanged, this, &parametre::warn);
     connect(m_ui->button6, &QPushButton::clicked, this, &parametre::receiptLayoutWanted);
+    connect(m_ui->diagnose, &QPushButton::clicked, this, [this] {
+        const ParameterValues v = entered();
+        Q_EMIT diagnosisWanted({v.srvadi, v.kladi, v.pass, v.mastersql, v.sqladi});
+    });
     warn();
     m_ui->srvadi->setFocus(); // else the row of tabs would take the first letters
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 class SettingsSession;
+struct DiagnosisTarget;
 struct ParameterValues;
 QT_BEGIN_NAMESPACE
 class QComboBox;
@@ -27,6 +28,7 @@ public:
 
 Q_SIGNALS:
     void receiptLayoutWanted();
+    void diagnosisWanted(const DiagnosisTarget &target); ///< as typed, nothing is saved
 
 private:
     void yaziyukle();
