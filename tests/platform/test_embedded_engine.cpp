@@ -1,6 +1,5 @@
 #include "platform/demo/demo_shop.h"
 #include "platform/host/embedded_engine.h"
-#include "platform/host/embedded_file.h"
 #include "platform/scratch.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
