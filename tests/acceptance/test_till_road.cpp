@@ -1,14 +1,9 @@
-#include "common/connection_string.h"
 #include "common/settings_database.h"
-#include "platform/demo/demo_text.h"
-#include "platform/host/odbc_session.h"
-#include "platform/host/sqlite_file.h"
 #include "sales/till_session.h"
 #include "support/cases.h"
 #include "support/golden.h"
 #include "support/print_qt.h"
 #include "support/real_shop.h"
-#include "support/wine.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -112,62 +107,9 @@ struct TillRoad : testing::TestWithParam<Engine>
         return static_cast<int>(other->execute(u"select * from "_s + table).rowCount());
     }
 
-    void sellAndCheckEveryTable();
-
     RealShop shop{GetParam()};
     std::unique_ptr<HostConnection> other;
     TillSession till{shop.program};
-};
-
-/// The company behind an ODBC driver that needs no server, that for SQLite.
-struct SqliteTill : TillRoad
-{
-    void SetUp() override
-    {
-        TillRoad::SetUp();
-        if (!OdbcSession::installedDrivers().contains(u"SQLite3"_s))
-            GTEST_SKIP() << "the ODBC driver for SQLite is not installed";
-        const QString path = shop.program.path(u"sirket.db");
-        copyCompanyTo(path);
-        const QString keyFile = shop.program.path(u"baglanti.zev");
-        shop.keys.write(u"odbc"_s, u"surucu"_s, u"SQLite3"_s, keyFile);
-        shop.keys.write(u"odbc"_s, u"ek"_s, u"Database="_s + driverPath(path), keyFile);
-        const QString server = connectionString({u"KASA1"_s, u"sa"_s, {}, u"SIRKET"_s});
-        shop.program.bag = shop.host.open(server);
-        other = shop.host.open(server);
-    }
-
-    void copyCompanyTo(const QString &path)
-    {
-        SqliteFile file(path, SqliteFile::Mode::createWhenMissing, std::chrono::seconds(5));
-        file.execute(u"BEGIN"_s);
-        for (const demo::Table &table : demo::readFolder(kDemoText.toString() + u"/sirket"_s)) {
-            QStringList columns;
-            for (const demo::Column &column : table.columns) {
-                const bool text =
-                    column.type == demo::Type::text || column.type == demo::Type::date;
-                columns += column.name + (text ? u" varchar(200)"_s : u" float"_s);
-            }
-            file.execute(u"CREATE TABLE %1 (%2)"_s.arg(table.name, columns.join(u',')));
-            RecordSet rows = other->execute(u"select * from "_s + table.name);
-            for (; !rows.eof(); rows.moveNext()) {
-                QStringList values;
-                for (const QString &column : rows.columns())
-                    values += literal(rows.value(column));
-                file.execute(u"INSERT INTO %1 VALUES (%2)"_s.arg(table.name, values.join(u',')));
-            }
-        }
-        file.execute(u"COMMIT"_s);
-    }
-
-    static QString literal(const QVariant &field)
-    {
-        if (field.isNull())
-            return u"NULL"_s;
-        if (field.typeId() == QMetaType::Double || field.typeId() == QMetaType::LongLong)
-            return field.toString();
-        return u"'%1'"_s.arg(RecordSet::toText(field).replace(u'\'', u"''"_s));
-    }
 };
 
 /// An embedded database has no connection to lose.
@@ -176,7 +118,7 @@ struct ServerTill : TillRoad
 
 } // namespace
 
-void TillRoad::sellAndCheckEveryTable()
+TEST_P(TillRoad, ASaleStandsInEveryTableOfTheLedger)
 {
     WatchedHost &host = watch(shop.program);
     till.setCashier({u"P01"_s, u"Ayşe Gündoğdu"_s});
@@ -222,16 +164,6 @@ void TillRoad::sellAndCheckEveryTable()
     EXPECT_EQ(rows(u"FATFIS where FATFISREFNO='47'"_s, u"FATFISEVRAKNO1,FATFISKDVORANI"_s),
               QStringList{u"PF000427|1"_s});
     EXPECT_EQ(host.failed, QStringList());
-}
-
-TEST_P(TillRoad, ASaleStandsInEveryTableOfTheLedger)
-{
-    sellAndCheckEveryTable();
-}
-
-TEST_P(SqliteTill, ASaleStandsInEveryTableOfTheLedger)
-{
-    sellAndCheckEveryTable();
 }
 
 TEST_P(TillRoad, AnApostropheInANameCostsOnlyItsOwnStatements)
@@ -345,4 +277,3 @@ TEST_P(TillRoad, TwoTillsPostAtOnceWithoutHanging)
 INSTANTIATE_TEST_SUITE_P(, TillRoad, testing::Values(Engine::embedded, Engine::server), engineName);
 
 INSTANTIATE_TEST_SUITE_P(, ServerTill, testing::Values(Engine::server), engineName);
-INSTANTIATE_TEST_SUITE_P(, SqliteTill, testing::Values(Engine::embedded), engineName);
