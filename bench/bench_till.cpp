@@ -6,7 +6,7 @@
 
 #include "big_shop.h"
 #include "recorded_host.h"
-#include "sales/sale_queries.h"
+#include "common/host_queries.h"
 #include "sales/till_session.h"
 
 #include <QElapsedTimer>
@@ -59,9 +59,9 @@ void fill(TillSession &till, int lines)
 
 void bareLookup(HostConnection &host, int stock)
 {
-    host.execute(queries::barcodeRow(BigShop::barcode(stock)));
-    host.execute(queries::stockCard(BigShop::code(stock)));
-    host.execute(queries::pricesOfStock(BigShop::code(stock)));
+    host.execute(host_queries::barcode(BigShop::barcode(stock)));
+    host.execute(host_queries::card(BigShop::code(stock)));
+    host.execute(host_queries::pricesOf(BigShop::code(stock)));
 }
 
 /// The list grows by one line per look-up and is brought back, outside the clock.
