@@ -2,8 +2,6 @@
 
 #include "common/host_error.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 
 Program::Program(const Ports &ports, const QString &directory)

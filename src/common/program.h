@@ -45,7 +45,7 @@ public:
     std::unique_ptr<HostConnection> bag;    ///< company connection
     VatTable kdvtab;
     int cevap = 0;                ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
-    std::array<QString, 88> sira; ///< start-up index table
+    std::array<QString, 88> sira; ///< start-up index table; read by nothing yet
 
     /// Absolute path of a file of the working folder.
     QString path(QStringView name) const;

@@ -5,7 +5,6 @@
 #include "common/windows_colour.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {

@@ -3,7 +3,6 @@
 #include "common/settings_database.h"
 
 #include <QList>
-#include <QStringList>
 
 /// What the till reads of the settings database when it opens; every value is text as stored, ""
 /// when it could not be read.

@@ -17,8 +17,6 @@
 #include <QTextStream>
 #include <QTimer>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {

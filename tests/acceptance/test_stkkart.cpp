@@ -12,7 +12,6 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTimer>
 #include <QTreeView>
 

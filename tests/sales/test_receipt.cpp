@@ -3,6 +3,7 @@
 #include "sales/receipt_painter.h"
 #include "sales/receipt_store.h"
 #include "sales/till_shop.h"
+#include "support/golden.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -49,33 +50,7 @@ TEST(Receipt, IsDrawnBlockByBlock)
 {
     Receipt receipt = receiptAt(QTime(14, 5));
     receipt.sale.cashierName = u"Ayşe"_s;
-    EXPECT_EQ(toText(drawReceipt(plainLayout(), receipt)),
-              u"page 80,0 x 71,5\n"
-              "3,0 2,0 w70,0 Arial 12 bold | BAKKAL\n"
-              "3,0 7,3 w70,0 Arial 12 bold | Çarşı 1\n"
-              "3,0 12,6 w60,0 Courier 8 | Hoş geldiniz\n"
-              "3,0 16,1 w60,0 Courier 8 | TARİH: 07.03.2026  SAAT: 14:5\n"
-              "3,0 19,6 w60,0 Courier 8 | FIS NO: 57\n"
-              "3,0 26,7 w30,0 Arial 9 … | Çay\n"
-              "33,0 26,7 w10,0 Arial 9 | 2X\n"
-              "43,0 26,7 w9,5 Arial 9 | 18 %\n"
-              "52,5 26,7 w20,0 Arial 9 | *2.001,00\n"
-              "3,0 30,7 w30,0 Arial 9 … | Şeker\n"
-              "33,0 30,7 w10,0 Arial 9 | 1,5X\n"
-              "43,0 30,7 w9,5 Arial 9 | 18 %\n"
-              "52,5 30,7 w20,0 Arial 9 | *18,00\n"
-              "3,0 38,6 w49,5 Arial 9 | ARATOP\n"
-              "52,5 38,6 w20,0 Arial 9 | *2.019,00\n"
-              "3,0 42,6 w49,5 Arial 9 | TOPKDV\n"
-              "52,5 42,6 w20,0 Arial 9 | *327,08\n"
-              "3,0 46,5 w49,5 Arial 9 | TOPLAM\n"
-              "52,5 46,5 w20,0 Arial 9 | *1.817,10\n"
-              "3,0 54,5 w49,5 Arial 9 | NAKİT\n"
-              "52,5 54,5 w20,0 Arial 9 | *2.000,00\n"
-              "3,0 58,4 w49,5 Arial 9 | P.ÜSTÜ\n"
-              "52,5 58,4 w20,0 Arial 9 | *182,90\n"
-              "3,0 62,4 w60,0 Courier 8 | Kasiyer: Ayşe\n"
-              "3,0 65,9 w60,0 Courier 8 | Teşekkürler\n"_s);
+    expectGolden(u"sales/receipt.txt"_s, toText(drawReceipt(plainLayout(), receipt)));
 }
 
 TEST(Receipt, EmptyBlocksPrintNothingAndThePrinterKeepsItsFont)
@@ -202,17 +177,7 @@ TEST(ReceiptStore, ALayoutIsSavedTableByTable)
     ReceiptLayout layout = plainLayout();
     layout.belowText = u"Ali'nin dükkânı"_s;
     receipt_store::save(machine.program, layout);
-    EXPECT_EQ(
-        machine.db.statements,
-        QStringList({u"Update baslik set bilgi = 'x<>Arial<>12<>true',text = "
-                     "'BAKKAL<*say*><\\?\\>Çarşı 1' Where id ='1'"_s,
-                     u"Update fis set bilgi = '<>Courier<>8<>false',ust = 'Hoş geldiniz',alt = "
-                     "'Ali’nin dükkânı' Where id ='1'"_s,
-                     u"Update urun set bilgi = '<>Arial<>9<>False' Where id ='1'"_s,
-                     u"Update fnt set fnt = '1' Where id ='1'"_s,
-                     u"Update karakter set b1 = '70',b2 = '60',b3 = '30',b4 = '10',b5 = '9,5',b6 = "
-                     "'20',b7 = '80' Where id ='1'"_s,
-                     u"Update sol set sol = '3' Where id ='1'"_s}));
+    expectGolden(u"sales/receipt_save.txt"_s, machine.db.statements.join(u'\n') + u'\n');
     machine.db.failOn = [](const QString &) { return true; };
     EXPECT_THROW(receipt_store::save(machine.program, layout), HostError);
     EXPECT_FALSE(receipt_store::saveNumber(machine.program, u"5"_s));

@@ -1,5 +1,6 @@
 #include "fakes/fake_ports.h"
 #include "shell/settings_session.h"
+#include "support/golden.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -67,18 +68,7 @@ TEST_F(SettingsTest, SavesOneStatementPerTableInOrder)
     QObject::connect(&session, &SettingsSession::saved, [&] { ++saved; });
     session.serverkaydet(v);
 
-    const QStringList expected = {
-        u"Update kdv set kdv = '20' Where id ='1'"_s,
-        u"Update ses set bulses = '1',bulmases = '0' Where id ='1'"_s,
-        u"Update yazici set yazici1 = 'PDF',yazici2 = '' ,yazdirma = '1' Where id ='1'"_s,
-        u"Update login set sifre = 'GİZLİ' Where id ='1'"_s,
-        u"Update server set kuladi = 'sa',sifre = 'x',server = 'KASA1',sql = 'SIRKET',msql = 'ANA' Where id ='1'"_s,
-        u"Update instan set insname = 'SQL2',inskullan = '1' Where id ='1'"_s,
-        u"Update stok set br2fytadi = 'KOLİ',br1fytadi = 'PERAKENDE',br2fyt = '2',br1fyt = '1' Where id ='1'"_s,
-        u"Update liste set enust = '1',tmekran = '0',winac = '0',yzrenk = '255',listrenk = '16777215<1234>12640511',title = 'KASA',bold = '3',font = 'Arial',size = '14' Where id ='1'"_s,
-        u"Update per set per = '0' Where id ='1'"_s,
-    };
-    EXPECT_EQ(machine.db.statements, expected);
+    expectGolden(u"shell/settings_save.txt"_s, machine.db.statements.join(u'\n') + u'\n');
     EXPECT_EQ(machine.db.closed, closedBefore + 1);
     EXPECT_EQ(saved, 1);
 }

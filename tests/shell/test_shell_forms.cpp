@@ -7,6 +7,7 @@
 #include "shell/login_session.h"
 #include "shell/settings_session.h"
 #include "shell/start_session.h"
+#include "support/keyboard.h"
 #include "support/print_qt.h"
 
 #include <QCheckBox>
@@ -17,21 +18,12 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <typename T>
-T *child(QWidget &form, const QString &name)
-{
-    T *found = form.findChild<T *>(name);
-    EXPECT_NE(found, nullptr) << name.toStdString();
-    return found;
-}
 
 struct SettingsForm : testing::Test
 {

@@ -52,9 +52,10 @@ public Q_SLOTS:
     void stkkodbul(const QString &code);
     void brkdbul(const QString &barcode);
     void listele();
-    void fiyatoku();
+    void fiyatoku(); ///< prices alone, read anew; called by nothing yet
 
-    /// Appends a stock of an invoice line with as many labels as its quantity asks for.
+    /// Appends a stock of an invoice line with as many labels as its quantity asks for; called by
+    /// nothing yet.
     void fatekle(const QString &stockCode, const QString &quantity);
     /// Replaces the list by the stocks of invoice lines.
     void listLines(const QList<InvoiceLine> &lines);

@@ -131,7 +131,6 @@ void PrintRun::paint(const PrintJob &job)
     });
 
     const qint64 labels = job.labelCount();
-    Q_EMIT started(labels);
     LabelBuilder builder(job, canvas.fonts());
     GridWalk walk(job.grid);
     m_pages = 1;

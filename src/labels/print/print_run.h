@@ -44,7 +44,6 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void layoutWanted(const PrintRequest &request);
-    void started(qint64 labels);
     /// About twenty times a second while printing; `label` of `labels` is drawn, on sheet `page`.
     void progressed(qint64 label, qint64 labels, int page);
     void rowStarted(int queueRow);

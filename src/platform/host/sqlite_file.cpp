@@ -3,8 +3,6 @@
 #include "platform/host/engine_errors.h"
 #include "platform/host/host_values.h"
 
-#include <QDateTime>
-
 #include <sqlite3.h>
 #include <thread>
 

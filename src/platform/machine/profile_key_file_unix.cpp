@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
-#include <optional>
 #include <sys/stat.h>
 
 namespace {
