@@ -84,7 +84,7 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     // A form that was closed while it still worked lives on unseen until it is done; it is not
     // shown again.
     if (!form || !form->isVisible()) {
-        const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
+        const bool tillOnTop = m_stfatura && m_till.settings().liste.enust;
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
         fitToScreen(*form);
@@ -191,7 +191,7 @@ void Rooms::showSales()
     showForm(m_stfatura, [this] {
         auto *form = new stfatura(m_till);
         giveMenu(form->menuButton());
-        keepOnTop(*form, m_till.settings().staysOnTop());
+        keepOnTop(*form, m_till.settings().liste.enust);
         return form;
     });
 }
@@ -202,7 +202,7 @@ void Rooms::reloadTill()
     if (!m_stfatura)
         return;
     m_till.load();
-    keepOnTop(*m_stfatura, m_till.settings().staysOnTop());
+    keepOnTop(*m_stfatura, m_till.settings().liste.enust);
 }
 
 void Rooms::showConnection()
@@ -251,7 +251,7 @@ void Rooms::showSettings()
         connect(session, &SettingsSession::saved, this, [this, session] {
             m_desk.loadPriceNumbers();
             reloadTill();
-            m_startWithMachine = session->values().c1;
+            m_startWithMachine = session->values().liste.winac;
         });
         connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);

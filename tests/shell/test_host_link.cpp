@@ -55,7 +55,6 @@ TEST_F(HostLinkTest, OpensMasterThenCompanyAndShowsTheStockList)
     EXPECT_EQ(machine.program.kdvtab[3][1], u"103"_s);
     EXPECT_EQ(machine.program.kdvtab[3][2], u"1,5"_s);
     EXPECT_EQ(machine.program.kdvtab[100][1], u"200"_s); // there is room for no more
-    EXPECT_EQ(link.server().instance, u"SQL2"_s);
 }
 
 TEST_F(HostLinkTest, AMasterThatDoesNotOpenBringsTheConnectionDialog)
