@@ -29,7 +29,8 @@ HostConnection &Program::company()
 HostConnection &Program::openCompany()
 {
     if (!isOpen(bag))
-        throw HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s);
+        throw bagFailure.value_or(
+            HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s));
     return *bag;
 }
 

@@ -74,9 +74,16 @@ bool completeTable(OpenDatabase &db, LocalFile file, QStringView table, Fill fil
 
 bool complete(OpenDatabase &db, LocalFile file, Fill fill)
 {
+    db.execute(u"begin immediate"_s); // at once, or a power cut leaves the half of it
     bool added = false;
-    for (const QStringView table : settingTables(file))
-        added |= completeTable(db, file, table, fill);
+    try {
+        for (const QStringView table : settingTables(file))
+            added |= completeTable(db, file, table, fill);
+    } catch (const HostError &) {
+        resumeNext([&] { db.execute(u"rollback"_s); });
+        throw;
+    }
+    db.execute(u"commit"_s);
     return added;
 }
 

@@ -15,16 +15,22 @@ void HostLink::ayaroku()
     settings::read(m_program, {u"server", u"instan"}, m_settings);
 }
 
+/// Null when it does not open; start-up goes on, and the connection dialog tells why.
 std::unique_ptr<HostConnection> HostLink::open(const QString &database)
 {
     try {
-        m_failure.clear();
+        m_failure.reset();
         return m_program.host.open(
             connectionString({server().server, server().kuladi, server().sifre, database}));
     } catch (const HostError &error) {
-        m_failure = error.text(); // start-up goes on; the connection dialog tells it
+        m_failure = error;
         return nullptr;
     }
+}
+
+QString HostLink::failure() const
+{
+    return m_failure ? m_failure->text() : QString();
 }
 
 void HostLink::sqlbaglan()
@@ -53,6 +59,12 @@ bool HostLink::openCompany()
 {
     m_program.bag.reset();
     m_program.bag = open(server().sql);
+    m_program.bagFailure.reset();
+    if (m_failure)
+        m_program.bagFailure =
+            HostError(m_failure->number(),
+                      u"Şirket veritabanı açılamadı: %1\n%2"_s.arg(server().sql, failure()), {},
+                      m_failure->cause());
     Q_EMIT connected();
     if (!Program::isOpen(m_program.bag))
         return false;

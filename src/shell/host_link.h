@@ -33,7 +33,7 @@ public:
     const Settings::Server &server() const { return m_settings.server; }
 
     /// Why the last connection did not open, in the engine's words; "" when it did.
-    const QString &failure() const { return m_failure; }
+    QString failure() const;
 
 Q_SIGNALS:
     void connecting(const QString &server); ///< an attempt begins that may block for seconds
@@ -49,6 +49,6 @@ private:
 
     Program &m_program;
     Settings m_settings; ///< the tables server and instan
-    QString m_failure;
+    std::optional<HostError> m_failure;
     QElapsedTimer m_sinceFailure; ///< since a try failed
 };

@@ -77,6 +77,9 @@ TEST_F(HostLinkTest, ACompanyThatDoesNotOpenIsSilentAndTheTimerStillShowsTheStoc
     EXPECT_TRUE(machine.prompt.shown.empty());
     session.firstTick();
     EXPECT_EQ(first, 1);
+    machine.program.handle([&] { machine.program.company(); });
+    ASSERT_EQ(machine.prompt.shown.size(), 1U);
+    EXPECT_TRUE(machine.prompt.shown[0].text.contains(u"Şirket veritabanı açılamadı: SIRKET\n"_s));
 }
 
 TEST_F(HostLinkTest, ALostCompanyConnectionComesBackWhereItWasLost)
