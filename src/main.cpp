@@ -156,8 +156,10 @@ int run(Application &app, const Options &options, const StartTimes &times)
         return 2;
     }
     SingleInstance instance(tourFolder.isEmpty() ? u"tezgah"_s : u"tezgah-tour"_s);
-    if (!instance.first())
+    if (!instance.first()) {
+        instance.tellFirst();
         return tourFolder.isEmpty() ? 0 : 1;
+    }
 
     const QString directory = QDir::currentPath();
     ProfileKeyFile keys;
@@ -181,6 +183,7 @@ int run(Application &app, const Options &options, const StartTimes &times)
     times.reached("folder");
 
     Rooms rooms(program, autostart);
+    instance.onFurtherStart([&rooms] { rooms.showLastWindow(); });
     program.handle([&] { rooms.open(); });
     std::unique_ptr<Tour> tour; // starts when a server that takes its time has been opened
     if (!tourFolder.isEmpty())

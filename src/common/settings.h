@@ -51,6 +51,8 @@ struct Settings
         QString server; ///< host, including any instance part
         QString sql;    ///< database of the company's books
         QString msql;   ///< shared database of the accounting system
+
+        friend bool operator==(const Server &, const Server &) = default;
     } server;
 
     struct Instan // kept only, the connection string does not use it
