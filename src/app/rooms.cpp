@@ -84,7 +84,7 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     // A form that was closed while it still worked lives on unseen until it is done; it is not
     // shown again.
     if (!form || !form->isVisible()) {
-        const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
+        const bool tillOnTop = m_stfatura && m_till.settings().liste.enust;
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
         fitToScreen(*form);
@@ -177,6 +177,7 @@ void Rooms::open()
 
 void Rooms::showStockList()
 {
+    m_showLast = &Rooms::showStockList;
     showForm(m_stkkart, [this] {
         auto *form = new stkkart(m_desk);
         giveMenu(form->menuButton());
@@ -188,10 +189,11 @@ void Rooms::showStockList()
 
 void Rooms::showSales()
 {
+    m_showLast = &Rooms::showSales;
     showForm(m_stfatura, [this] {
         auto *form = new stfatura(m_till);
         giveMenu(form->menuButton());
-        keepOnTop(*form, m_till.settings().staysOnTop());
+        keepOnTop(*form, m_till.settings().liste.enust);
         return form;
     });
 }
@@ -202,7 +204,7 @@ void Rooms::reloadTill()
     if (!m_stfatura)
         return;
     m_till.load();
-    keepOnTop(*m_stfatura, m_till.settings().staysOnTop());
+    keepOnTop(*m_stfatura, m_till.settings().liste.enust);
 }
 
 void Rooms::showConnection()
@@ -251,7 +253,8 @@ void Rooms::showSettings()
         connect(session, &SettingsSession::saved, this, [this, session] {
             m_desk.loadPriceNumbers();
             reloadTill();
-            m_startWithMachine = session->values().c1;
+            m_startWithMachine = session->values().liste.winac;
+            m_serverChanged = session->values().server != m_link.server();
         });
         connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
@@ -265,12 +268,21 @@ void Rooms::applySettings()
 {
     if (!m_autostart.set(m_startWithMachine))
         m_program.caution(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s);
-    // The connection dialog looks at the master connection only, so a company name that was
-    // corrected while the master is open is tried here.
-    if (m_link.masterOpen() && !Program::isOpen(m_program.bag)) {
-        m_link.ayaroku();
+    // The connection dialog looks at the master connection only, so a company that did not open
+    // while the master is open is tried here.
+    if (std::exchange(m_serverChanged, false))
+        connectAnew();
+    else if (m_link.masterOpen() && !Program::isOpen(m_program.bag))
         m_link.sqlbaglan2();
-    }
+}
+
+/// Sale lists and queue stay: only the two connections are replaced.
+void Rooms::connectAnew()
+{
+    if (m_program.ask(
+            u"Sunucu bilgileri kaydedildi. Yeni sunucuya bağlanana kadar program eskisiyle "
+            "çalışır.\n\nŞimdi bağlanılsın mı?"_s))
+        m_link.sqlbaglan();
 }
 
 void Rooms::showReceiptDesigner()
@@ -323,7 +335,20 @@ void Rooms::end()
     QCoreApplication::exit(0);
 }
 
-/// Without a tray nobody could reach a program that shows no window.
+void Rooms::showLastWindow()
+{
+    if (QWidget *modal = QApplication::activeModalWidget()) {
+        modal->raise();
+        modal->activateWindow();
+    } else if (m_baglan && m_baglan->isVisible()) {
+        showConnection();
+    } else {
+        (this->*m_showLast)();
+    }
+}
+
+/// Without a tray nobody could reach a program that shows no window; with one the user is told
+/// where it is.
 void Rooms::endWhenNothingShows()
 {
     for (const QWidget *window : QApplication::topLevelWidgets())
@@ -331,11 +356,13 @@ void Rooms::endWhenNothingShows()
             return;
     if (!m_tray)
         end();
+    else if (!std::exchange(m_toldTray, true))
+        m_strt.tellWhereItIs();
 }
 
 void Rooms::giveMenu(QToolButton *button)
 {
     button->setMenu(m_strt.men());
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setVisible(!m_tray);
+    button->show();
 }

@@ -37,7 +37,8 @@ class Rooms final : public QObject
     Q_OBJECT
 
 public:
-    /// `tray`: whether the desktop shows the tray icon; without it the forms bear the main menu.
+    /// `tray`: whether the desktop shows the tray icon; without it the program ends with its last
+    /// window.
     Rooms(Program &program, Autostart &autostart,
           bool tray = QSystemTrayIcon::isSystemTrayAvailable());
     ~Rooms() override;
@@ -50,6 +51,9 @@ public:
     void showConnection();
     void showLogin();
     void showAbout();
+
+    /// Brings up the window used last, for a user who starts the program although it runs.
+    void showLastWindow();
 
     /// True when the program ended with its connection open: it is to start anew, so that a shop
     /// that has just corrected its server is not left without a window.
@@ -68,6 +72,7 @@ private:
     void showLoginModal();
     void showSettings();
     void applySettings();
+    void connectAnew();
     void reloadTill();
     void showReceiptDesigner();
     void connectionUnloaded();
@@ -98,7 +103,10 @@ private:
     QPointer<ReceiptDesigner> m_designer;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<PrintProgress> m_progress;
+    void (Rooms::*m_showLast)() = &Rooms::showStockList; ///< the main window used last
+    bool m_toldTray = false;         ///< where the program is when no window shows
     bool m_startWithMachine = false; ///< as the settings were saved last
+    bool m_serverChanged = false;    ///< by the settings that were saved last
     bool m_ending = false;           ///< the user is being asked
     bool m_restart = false;
 };

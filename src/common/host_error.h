@@ -16,12 +16,24 @@ public:
     static constexpr int kNoRow = 3021;                 ///< read past the end of the result
     static constexpr int kType = 13;                    ///< text where a number was needed
 
+    /// What the number does not tell.
+    enum class Cause
+    {
+        other,
+        refused, ///< a server that is there lets this user or this database not in
+        file,    ///< a database file that cannot be used now: locked, no rights, disk full
+        damaged  ///< a file that is no database or a broken one
+    };
+
     /// `text`: what the engine said; `statement`: the statement it was said of, may be empty.
-    HostError(int number, const QString &text, const QString &statement = {})
-        : std::runtime_error(text.toStdString()), m_number(number), m_statement(statement)
+    HostError(int number, const QString &text, const QString &statement = {},
+              Cause cause = Cause::other)
+        : std::runtime_error(text.toStdString()), m_number(number), m_statement(statement),
+          m_cause(cause)
     {}
 
     int number() const { return m_number; }
+    Cause cause() const { return m_cause; }
     QString text() const { return QString::fromUtf8(what()); }
     const QString &statement() const { return m_statement; }
     bool connectionLost() const { return m_number == kConnectionLost; }
@@ -29,4 +41,5 @@ public:
 private:
     int m_number;
     QString m_statement;
+    Cause m_cause;
 };

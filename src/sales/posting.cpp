@@ -45,7 +45,7 @@ QString commonVatRate(const std::vector<SaleLine> &lines)
     return rate.isEmpty() ? u"0"_s : rate;
 }
 
-ledger::Header headerOf(const SaleSettings &settings, const Sale &sale)
+ledger::Header headerOf(const Settings &settings, const Sale &sale)
 {
     const QDate today = sale.moment.date();
     const QTime time = sale.moment.time();
@@ -54,12 +54,12 @@ ledger::Header headerOf(const SaleSettings &settings, const Sale &sale)
     h.year = QString::number(today.year());
     h.month = QString::number(today.month());
     h.time = u"%1:%2"_s.arg(time.hour()).arg(time.minute());
-    h.warehouse = settings.depo;
-    h.priceNumber = settings.fiyatip;
-    h.customerCode = settings.carikod;
-    h.customerName = settings.cari;
-    h.stockSlipType = settings.stkfistip;
-    h.accountSlipType = settings.crfistip;
+    h.warehouse = settings.stok.depo;
+    h.priceNumber = settings.stok.fiyatip;
+    h.customerCode = settings.stok.carikod;
+    h.customerName = settings.stok.cari;
+    h.stockSlipType = settings.stok.stkfistip;
+    h.accountSlipType = settings.stok.crfistip;
     h.cashierCode = sale.cashierCode;
     h.gross = ledger::decimal(sale.totals.gross);
     h.discount = ledger::decimal(sale.totals.discount);
@@ -86,7 +86,7 @@ struct DrawnCounter
 class Posting
 {
 public:
-    Posting(Program &program, const SaleSettings &settings, const Sale &sale,
+    Posting(Program &program, const Settings &settings, const Sale &sale,
             PostingProgress &progress)
         : m_program(program), m_progress(progress), m_sale(withoutGrouping(sale)),
           m_header(headerOf(settings, m_sale)),
@@ -372,7 +372,7 @@ private:
 
 } // namespace
 
-PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale,
+PostingResult faturakaydet(Program &program, const Settings &settings, const Sale &sale,
                            PostingProgress &progress)
 {
     resumeNext(

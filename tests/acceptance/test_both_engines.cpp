@@ -77,9 +77,9 @@ void searches(RealShop &shop, Transcript &script)
     script.stocks(desk.stocks());
     SettingsSession settings(shop.program);
     settings.load();
-    ParameterValues values = settings.values();
-    values.br1fytIndex = 1;
-    values.br2fytIndex = 0;
+    Settings values = settings.values();
+    values.stok.br1fyt = settings.lists().priceTypes.code(1);
+    values.stok.br2fyt = settings.lists().priceTypes.code(0);
     settings.serverkaydet(values);
     desk.loadPriceNumbers();
     desk.fiyatoku();

@@ -94,22 +94,20 @@ TEST_F(DemoShop, SettingsAreSavedAndReadBack)
 {
     SettingsSession first(shop.program);
     first.load();
-    EXPECT_EQ(first.values().dep, u"MAĞAZA"_s);
+    EXPECT_EQ(first.values().stok.depoadi, u"MAĞAZA"_s);
     EXPECT_EQ(first.lists().customers.code(0), u"120.00.001"_s);
-    ParameterValues v = first.values();
-    EXPECT_GE(v.br1fytIndex, 0);
-    v.bsl = u"Çarşı Şubesi"_s;
-    v.br1fytIndex = 2;
-    v.br1fyt = u"TOPTAN"_s;
-    v.lgpass = u"o'nun"_s; // breaks its own statement only
+    Settings v = first.values();
+    v.liste.title = u"Çarşı Şubesi"_s;
+    v.stok.br1fytadi = u"TOPTAN"_s;
+    v.stok.br1fyt = u"3"_s;
+    v.login.sifre = u"o'nun"_s; // breaks its own statement only
     first.serverkaydet(v);
 
     SettingsSession second(shop.program);
     second.load();
-    EXPECT_EQ(second.values().bsl, u"Çarşı Şubesi"_s);
-    EXPECT_EQ(second.values().br1fytIndex, 2);
-    EXPECT_EQ(second.values().lgpass, QString());
-    EXPECT_EQ(settings::value(shop.program, u"stok", u"br1fyt"), u"3"_s);
+    EXPECT_EQ(second.values().liste.title, u"Çarşı Şubesi"_s);
+    EXPECT_EQ(second.values().stok.br1fyt, u"3"_s);
+    EXPECT_EQ(second.values().login.sifre, QString());
     EXPECT_TRUE(shop.prompt.shown.empty());
 }
 
@@ -152,7 +150,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
             EXPECT_FALSE(shop.prompt.shown.empty()) << "a lost search is told";
         }
         if (name == u"data.dbs"_s) {
-            EXPECT_EQ(session.values().renkl, 0xFFFFFF) << "design values stay";
+            EXPECT_EQ(session.values().liste.listrenk.row, 0xFFFFFF) << "design values stay";
         }
     }
 }

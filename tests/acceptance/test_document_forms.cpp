@@ -255,25 +255,3 @@ TEST(NumberForm, TypesPreviewsAndGeneratesByKeyboard)
     key(Qt::Key_Escape);
     EXPECT_FALSE(shown.form.isVisible());
 }
-
-TEST(LabelForms, FitASmallScreenAtOneAndAHalf)
-{
-    LabelShop shop;
-    InvoicePicker picker(shop.machine.program);
-    PriceChangeRequest request(shop.machine.program);
-    const fatura invoices(picker);
-    const fytdegisbul changes(request);
-    const Baruret numbers(shop.desk.numbers());
-    stkkart stocks(shop.desk);
-    stocks.show();
-    EXPECT_FALSE(stocks.menuButton()->isVisible()); // it waits for a menu
-    stocks.menuButton()->show();
-    const int taskBar = 60;
-    for (const QWidget *form :
-         std::initializer_list<const QWidget *>{&invoices, &changes, &numbers, &stocks}) {
-        const QSize least = form->minimumSizeHint().expandedTo(form->minimumSize());
-        EXPECT_LE(least.width(), 1366 * 2 / 3) << form->objectName().toStdString();
-        EXPECT_LE(least.height(), 768 * 2 / 3 - (form == &stocks ? 0 : taskBar))
-            << form->objectName().toStdString();
-    }
-}

@@ -25,6 +25,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+struct RoomsWithTray : RoomsTest
+{
+    RoomsWithTray() : RoomsTest(OdbcEngine::kPatience, true) {}
+};
+
+} // namespace
+
 TEST_F(RoomsTest, TheStockListIsTheFirstWindowAndIsMadeOnce)
 {
     rooms.open();
@@ -222,6 +231,43 @@ TEST_F(RoomsTest, WhoDoesNotWantToEndKeepsEveryForm)
         QTest::qWait(20);
         EXPECT_EQ(shop.prompt.shown.size(), 1U);
         EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
+    }
+}
+
+// With a tray the program goes on without a window; whoever starts it again gets the last one back.
+TEST_F(RoomsWithTray, TheLastWindowComesBackAndBearsTheMenu)
+{
+    rooms.open();
+    QTest::qWait(20); // the start timer shows the stock list
+    rooms.showSales();
+    await<stkkart>()->close();
+    stfatura *const till = await<stfatura>();
+    EXPECT_TRUE(till->menuButton()->isVisible());
+    till->close();
+    QTest::qWait(20);
+    EXPECT_TRUE(open<stfatura>().isEmpty());
+    rooms.showLastWindow();
+    EXPECT_EQ(open<stfatura>().size(), 1);
+    EXPECT_TRUE(open<stkkart>().isEmpty());
+}
+
+TEST_F(RoomsTest, ASavedServerIsConnectedOnOneKeyAndTheTillKeepsItsGoods)
+{
+    rooms.open();
+    rooms.showSales();
+    enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
+    for (const Answer answer : {Answer::no, Answer::yes}) {
+        rooms.showLogin();
+        enter(await<login>(), u"lgpass"_s, {});
+        const QString company = answer == Answer::yes ? u"YOK"_s : u"BASKA"_s;
+        await<parametre>()->findChild<QLineEdit *>(u"sqladi"_s)->setText(company);
+        shop.prompt.shown.clear();
+        shop.prompt.answers = {answer};
+        click(open<parametre>().first(), u"button1"_s);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
+        QTest::qWait(20);
+        EXPECT_EQ(Program::isOpen(shop.program.bag), answer == Answer::no);
+        EXPECT_EQ(open<stfatura>().size(), 1);
     }
 }
 

@@ -53,6 +53,30 @@ TEST(OdbcErrors, TheGravestMessageDecides)
             << (messages.empty() ? "" : messages.front().state.toStdString());
 }
 
+TEST(OdbcErrors, TheReasonIsToldInTurkish)
+{
+    struct Case
+    {
+        std::vector<OdbcMessage> messages;
+        QString word;
+        bool refused;
+    };
+    const std::vector<Case> cases = {
+        {{{u"28000"_s, 18456, {}}, {u"42000"_s, 4060, {}}}, u"Veritabanı açılamadı"_s, true},
+        {{{u"28000"_s, 18456, {}}}, u"parola kabul edilmedi"_s, true},
+        {{{u"IM002"_s, 0, {}}}, u"sürücüsü"_s, true},
+        {{{u"42000"_s, 229, {}}}, u"hakkı yok"_s, false},
+        {{{u"42S02"_s, 208, {}}}, u"Tablo bulunamadı"_s, false},
+        {{{u"08001"_s, 0, {}}}, u"ulaşılamıyor"_s, false},
+        {{{u"HYT00"_s, 0, {}}}, u"süresinde"_s, false},
+        {{{u"42000"_s, 50000, {}}}, QString(), false},
+    };
+    for (const Case &c : cases) {
+        EXPECT_TRUE(odbcReason(c.messages).contains(c.word)) << c.word.toStdString();
+        EXPECT_EQ(odbcRefused(c.messages), c.refused) << c.word.toStdString();
+    }
+}
+
 TEST(SqlBrowser, ReadsThePortOfAnInstance)
 {
     const auto answer = [](const QByteArray &text) { return QByteArray("\x05\x40\x00", 3) + text; };

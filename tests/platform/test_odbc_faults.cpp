@@ -85,8 +85,8 @@ TEST_F(OdbcFaults, ASoundServerIsReadInEveryType)
 TEST_F(OdbcFaults, PasswordsArriveAsTheyWereTyped)
 {
     const FakeSqlServer server(FakeSqlServer::Fault::none);
-    for (const QString &password :
-         {u"a=b"_s, u"{x"_s, u"a{b!@"_s, u"şifre İ"_s, u"a}b"_s, u"'\""_s}) {
+    for (const QString &password : {u"a=b"_s, u"{x"_s, u"a{b!@"_s, u"şifre İ"_s, u"a}b"_s, u"'\""_s,
+                                    u"{ab}c"_s, u"{ab}"_s, u"{"_s}) {
         connect(server.name(), password);
         EXPECT_EQ(server.password(), password);
     }

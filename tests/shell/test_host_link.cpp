@@ -55,7 +55,6 @@ TEST_F(HostLinkTest, OpensMasterThenCompanyAndShowsTheStockList)
     EXPECT_EQ(machine.program.kdvtab[3][1], u"103"_s);
     EXPECT_EQ(machine.program.kdvtab[3][2], u"1,5"_s);
     EXPECT_EQ(machine.program.kdvtab[100][1], u"200"_s); // there is room for no more
-    EXPECT_EQ(link.server().instance, u"SQL2"_s);
 }
 
 TEST_F(HostLinkTest, AMasterThatDoesNotOpenBringsTheConnectionDialog)
@@ -78,6 +77,9 @@ TEST_F(HostLinkTest, ACompanyThatDoesNotOpenIsSilentAndTheTimerStillShowsTheStoc
     EXPECT_TRUE(machine.prompt.shown.empty());
     session.firstTick();
     EXPECT_EQ(first, 1);
+    machine.program.handle([&] { machine.program.company(); });
+    ASSERT_EQ(machine.prompt.shown.size(), 1U);
+    EXPECT_TRUE(machine.prompt.shown[0].text.contains(u"Şirket veritabanı açılamadı: SIRKET\n"_s));
 }
 
 TEST_F(HostLinkTest, ALostCompanyConnectionComesBackWhereItWasLost)

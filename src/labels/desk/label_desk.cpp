@@ -25,15 +25,12 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
 
 void LabelDesk::loadPriceNumbers()
 {
-    resumeNext([this] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        const RecordSet row = settings::row(db, u"stok");
-        // Where no label price was chosen, the label bears the price the till will ask.
-        const QString tillPrice = row.text(u"fiyatip").trimmed();
-        const QString first = row.text(u"br1fyt").trimmed();
-        const QString second = row.text(u"br2fyt").trimmed();
-        m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
-    });
+    const Settings::Stok stok = settings::read(m_program, {u"stok"}).stok;
+    // Where no label price was chosen, the label bears the price the till will ask.
+    const QString tillPrice = stok.fiyatip.trimmed();
+    const QString first = stok.br1fyt.trimmed();
+    const QString second = stok.br2fyt.trimmed();
+    m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
 }
 
 bool LabelDesk::mayClose()

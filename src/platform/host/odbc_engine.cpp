@@ -21,8 +21,9 @@ QString driverName(const OdbcOverride &override)
         return override.driver;
     QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
     if (driver.isEmpty())
-        throw engineError(HostError::kConnectionLost,
-                          u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s);
+        throw HostError(HostError::kConnectionLost,
+                        u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
+                        HostError::Cause::refused);
     return driver;
 }
 

@@ -56,6 +56,17 @@ QString joined(const std::vector<OdbcMessage> &messages)
     return lines.isEmpty() ? u"ODBC"_s : lines.join(u'\n');
 }
 
+/// Says in Turkish why it failed, with the driver's own words beneath.
+HostError driverError(int number, const std::vector<OdbcMessage> &messages,
+                      const QString &statement = {})
+{
+    const QString reason = odbcReason(messages);
+    if (reason.isEmpty() || number == HostError::kDuplicate)
+        return engineError(number, joined(messages), statement);
+    const auto cause = odbcRefused(messages) ? HostError::Cause::refused : HostError::Cause::other;
+    return {number, reason + u'\n' + joined(messages), statement, cause};
+}
+
 /// Reads one field of the row a statement stands on.
 class FieldReader
 {
@@ -205,8 +216,8 @@ OdbcSession::OdbcSession(const QString &driverConnectionString)
                           static_cast<SQLSMALLINT>(driverConnectionString.size()), nullptr, 0,
                           nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(code))
-        throw engineError(HostError::kConnectionLost,
-                          joined(messagesOf(SQL_HANDLE_DBC, m_connection.get())));
+        throw driverError(HostError::kConnectionLost,
+                          messagesOf(SQL_HANDLE_DBC, m_connection.get()));
 }
 
 OdbcSession::~OdbcSession()
@@ -275,7 +286,7 @@ void OdbcSession::check(SQLRETURN code, const Handle &handle, const QString &sta
     // A slow statement that the server has called off leaves the connection as good as before.
     if (number == HostError::kConnectionLost && (dead.value_or(true) || !odbcTimedOut(messages)))
         m_lost = true;
-    throw engineError(number, joined(messages), statement);
+    throw driverError(number, messages, statement);
 }
 
 std::optional<bool> OdbcSession::isDead() const
