@@ -53,7 +53,7 @@ void nameSearch(benchmark::State &state)
     for (auto _ : state) {
         QElapsedTimer timer;
         timer.start();
-        desk.stkcinsibul(u"aranan"_s);
+        desk.loader().stkcinsibul(u"aranan"_s);
         const qint64 search = timer.nsecsElapsed();
         timer.start();
         const int hits = bareStatements(*shop.machine.program.bag);

@@ -128,7 +128,7 @@ void Rooms::connectDocuments()
         &m_invoices, &InvoicePicker::transferred, this,
         [this](const QList<InvoiceLine> &lines) {
             showStockList();
-            m_desk.listLines(lines);
+            m_desk.loader().listLines(lines);
         },
         Qt::QueuedConnection);
     connect(
@@ -136,7 +136,7 @@ void Rooms::connectDocuments()
         [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
                const QString &toTime) {
             showStockList();
-            m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+            m_desk.loader().fiyatdegisbul(fromDate, toDate, fromTime, toTime);
         },
         Qt::QueuedConnection);
     connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
@@ -145,11 +145,13 @@ void Rooms::connectDocuments()
 void Rooms::showInvoices()
 {
     showForm(m_fatura, [this] { return new fatura(m_invoices); });
+    m_fatura->enter();
 }
 
 void Rooms::showPriceChanges()
 {
     showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+    m_fytdegisbul->enter();
 }
 
 void Rooms::showGenerator()

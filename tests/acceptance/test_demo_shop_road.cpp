@@ -46,7 +46,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     const auto found = [&](const QString &text) {
-        desk.stkcinsibul(text);
+        desk.loader().stkcinsibul(text);
         return desk.stocks().size();
     };
     const int lower = found(u"süt"_s);
@@ -59,7 +59,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     // A quote breaks the statement: the user is told, list and queue stay.
     desk.ektm();
     const int listed = desk.stocks().size();
-    desk.stkcinsibul(u"Ali'nin"_s);
+    desk.loader().stkcinsibul(u"Ali'nin"_s);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(desk.stocks().size(), listed);
     EXPECT_EQ(desk.queue().size(), listed);
@@ -82,7 +82,8 @@ TEST_F(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     PriceChangeRequest request(shop.program);
-    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk.loader(),
+                     &StockLoader::fiyatdegisbul);
     request.send({first, today, QTime(8, 30), QTime(12, 0)});
     QStringList found;
     for (const StockRow &row : desk.stocks().rows())
@@ -117,14 +118,15 @@ TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
-    desk.stkkodbul(u"GID.001"_s);
+    desk.loader().stkkodbul(u"GID.001"_s);
     desk.ektm();
     PrintRun run(shop.program);
     const QStringList layouts = run.layouts().names();
     EXPECT_GE(layouts.size(), 4);
     shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
     for (const QString &layout : layouts) {
-        EXPECT_TRUE(run.yazzzz({PrintMode::all, desk.queue().labels()}, layout))
+        EXPECT_TRUE(
+            run.yazzzz({PrintMode::all, desk.queue().labels(desk.queue().everyPlace())}, layout))
             << layout.toStdString();
     }
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
@@ -141,10 +143,10 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         shop.open();
         LabelDesk desk(shop.program);
         desk.loadPriceNumbers();
-        desk.stkkodbul(u"GID.001"_s);
+        desk.loader().stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);
-        run.start({PrintMode::all, desk.queue().labels()});
+        run.start({PrintMode::all, desk.queue().labels(desk.queue().everyPlace())});
         SettingsSession session(shop.program);
         session.load();
         session.serverkaydet(session.values());

@@ -48,7 +48,7 @@ public:
         if (!index.isValid())
             return {};
         if (role == Qt::DisplayRole)
-            return at(index.row()).*column(index.column()).text;
+            return column(index.column()).text(at(index.row()));
         if (role == Qt::TextAlignmentRole)
             return headerData(index.column(), Qt::Horizontal, role);
         return {};
@@ -71,9 +71,16 @@ protected:
     struct Column
     {
         QString caption;
-        QString Row::*text;
+        QString (*text)(const Row &row);
         bool isNumber = false;
     };
+
+    /// The text of a column that shows a member as it is.
+    template <auto member>
+    static QString shown(const Row &row)
+    {
+        return row.*member;
+    }
 
     RowTable(std::vector<Column> columns, QObject *parent)
         : QAbstractTableModel(parent), m_columns(std::move(columns))

@@ -1,24 +1,7 @@
 #pragma once
 
 #include "labels/desk/row_table.h"
-
-/// One unit of a stock as the stock list shows it; every cell is the text on screen.
-struct StockRow
-{
-    QString barcode; ///< "" when the unit has none
-    QString code;
-    QString name;
-    QString unit;  ///< unit name followed by " (BIRIM1)" or " (BIRIM2)"
-    QString price; ///< label price "###,###0.00", "" when the unit has none
-    QString count; ///< labels to print
-    QString tag;   ///< unit number, "1" or "2"
-
-    friend bool operator==(const StockRow &, const StockRow &) = default;
-};
-
-/// Endings of the unit text; the bulk commands go by them.
-inline constexpr QStringView kFirstUnit = u"(BIRIM1)";
-inline constexpr QStringView kSecondUnit = u"(BIRIM2)";
+#include "labels/desk/stock_row.h"
 
 /// The stock list `l1`.
 class StockList final : public RowTable<StockRow>

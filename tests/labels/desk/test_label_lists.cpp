@@ -11,16 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QueueRow labels(const QString &name, const QString &count)
+QueueRow labels(const QString &name, int count)
 {
-    return {.number = {},
-            .barcode = {},
-            .code = {},
-            .name = name,
-            .unit = {},
-            .price = {},
-            .count = count,
-            .tag = {}};
+    QueueRow row;
+    row.name = name;
+    row.count = count;
+    return row;
 }
 
 QStringList column(const QAbstractItemModel &model, int column)
@@ -41,21 +37,29 @@ TEST(PrintQueue, NumbersAndTotalFollowEveryChange)
     const QSignalSpy totals(&queue, &PrintQueue::totalChanged);
     const auto last = [&] { return totals.last().first().toLongLong(); };
 
-    queue.append({labels(u"a"_s, u"2"_s), labels(u"b"_s, u"3"_s)});
-    queue.append({labels(u"c"_s, u"999999"_s)});
+    queue.append({labels(u"a"_s, 2), labels(u"b"_s, 3)});
+    queue.append({labels(u"c"_s, 999'999)});
     EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s, u"3"_s}));
     EXPECT_EQ(last(), 1'000'004);
 
-    queue.remove(0);
-    queue.remove(7);
+    const auto taken = queue.take({0});
     EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s}));
     EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"b"_s, u"c"_s}));
     EXPECT_EQ(last(), 1'000'002);
 
-    EXPECT_TRUE(queue.setCount(0, u" 07 "));
+    queue.setCounts({0}, 7);
     EXPECT_EQ(column(queue, PrintQueue::count), QStringList({u"7"_s, u"999999"_s}));
-    EXPECT_TRUE(queue.setAllCounts(u"3"));
-    EXPECT_EQ(last(), 6);
+    queue.putBack({0}, taken);
+    EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s, u"3"_s}));
+    queue.setCounts(queue.everyPlace(), 3);
+    EXPECT_EQ(last(), 9);
+
+    // Rows from here and there, put back among others.
+    const auto ends = queue.take({0, 2});
+    queue.append({labels(u"d"_s, 1)});
+    queue.putBack({0, 2}, ends);
+    EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"a"_s, u"b"_s, u"c"_s, u"d"_s}));
     queue.clear();
     EXPECT_EQ(last(), 0);
 }

@@ -2,7 +2,7 @@
 
 #include <QTreeView>
 
-/// A list of the label form: whole rows, one selected, columns that keep their widths.
+/// A list of the label form: whole rows, several may be selected, columns that keep their widths.
 class ListView final : public QTreeView
 {
     Q_OBJECT
@@ -10,10 +10,17 @@ class ListView final : public QTreeView
 public:
     explicit ListView(QWidget *parent = nullptr);
 
-    /// −1 when none is selected.
+    /// In their order; empty when none is selected.
+    QList<int> selectedRows() const;
+    /// The selected row the user is at, −1 when there is none.
     int selectedRow() const;
     /// Selects and shows a row; rows that are not there select nothing.
     void selectRow(int row);
+    /// Selects rows and shows the last of them.
+    void selectRows(const QList<int> &rows);
+    /// Shows a row; selects it unless it is one of those selected. Rows that are not there do
+    /// nothing.
+    void markRow(int row);
     /// Takes the focus, with a row selected if there is one.
     void enter();
     /// Takes the focus, with the first row selected.

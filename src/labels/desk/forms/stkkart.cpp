@@ -3,10 +3,13 @@
 #include "labels/desk/forms/form_keys.h"
 #include "labels/desk/forms/gather_menu.h"
 #include "labels/desk/forms/list_menu.h"
+#include "labels/desk/forms/queue_menu.h"
 #include "labels/desk/label_desk.h"
 #include "ui_stkkart.h"
 
 #include <QCloseEvent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -69,6 +72,7 @@ void stkkart::buildMenus()
     queueMenu->addSeparator();
     queueMenu->add(m_ui->removeOne);
     queueMenu->add(m_ui->clearQueue);
+    m_ui->queueMenu->setMenu(new QueueMenu(m_desk, this));
 }
 
 void stkkart::connectSearches()
@@ -77,44 +81,44 @@ void stkkart::connectSearches()
         connect(box, &SearchBox::searched, this, [this, box] { m_lastSearch = box; });
         connect(box, &SearchBox::left, m_ui->l1, &ListView::enterAtTop);
     }
-    connect(m_ui->Text1, &SearchBox::searched, &m_desk, &LabelDesk::stkcinsibul);
-    connect(m_ui->Text4, &SearchBox::searched, &m_desk, &LabelDesk::stkkodbul);
-    connect(m_ui->Text3, &SearchBox::searched, &m_desk, &LabelDesk::brkdbul);
-    connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+    StockLoader &loader = m_desk.loader();
+    connect(m_ui->Text1, &SearchBox::searched, &loader, &StockLoader::stkcinsibul);
+    connect(m_ui->Text4, &SearchBox::searched, &loader, &StockLoader::stkkodbul);
+    connect(m_ui->Text3, &SearchBox::searched, &loader, &StockLoader::brkdbul);
+    connect(m_ui->listAll, &QPushButton::clicked, &loader, &StockLoader::listele);
     connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
     connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
 
-    const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
-        connect(option, &QAbstractButton::clicked, &m_desk,
-                [this, units] { m_desk.setUnits(units); });
+    const auto onOption = [&](QAbstractButton *option, UnitChoice units) {
+        connect(option, &QAbstractButton::clicked, &loader,
+                [&loader, units] { loader.setUnits(units); });
     };
     onOption(m_ui->Option1, UnitChoice::first);
     onOption(m_ui->Option2, UnitChoice::second);
     onOption(m_ui->Option3, UnitChoice::both);
-    m_desk.setUnits(UnitChoice::first);
+    loader.setUnits(UnitChoice::first);
 }
 
 void stkkart::connectQueue()
 {
     connect(m_ui->addOne, &QPushButton::clicked, this,
-            [this] { m_desk.addOne(m_ui->l1->selectedRow()); });
+            [this] { m_desk.addRows(m_ui->l1->selectedRows()); });
     connect(m_ui->l1, &QTreeView::doubleClicked, m_ui->addOne, &QPushButton::click);
     connect(m_ui->ekbr1, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr1);
     connect(m_ui->ekbr2, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr2);
     connect(m_ui->ektm, &QPushButton::clicked, &m_desk, &LabelDesk::ektm);
 
-    const auto setOne = [this] { m_desk.setCount(m_ui->l2->selectedRow(), m_ui->adet->text()); };
+    const auto setOne = [this] { m_desk.setCounts(m_ui->l2->selectedRows(), m_ui->adet->text()); };
     const auto setAll = [this] { m_desk.setAllCounts(m_ui->Text2->text()); };
     connect(m_ui->adet, &QLineEdit::returnPressed, this, setOne);
     connect(m_ui->Text2, &QLineEdit::returnPressed, this, setAll);
     connect(m_ui->setAllCounts, &QPushButton::clicked, this, setAll);
-    connect(m_ui->removeOne, &QPushButton::clicked, this,
-            [this] { m_desk.removeOne(m_ui->l2->selectedRow()); });
+    connect(m_ui->removeOne, &QPushButton::clicked, this, &stkkart::removeSelected);
     connect(m_ui->clearQueue, &QPushButton::clicked, &m_desk, &LabelDesk::clearQueue);
     connect(m_ui->printAll, &QPushButton::clicked, &m_desk, &LabelDesk::yzdtum);
     connect(m_ui->chooseLayout, &QPushButton::clicked, &m_desk, &LabelDesk::chooseLayout);
     connect(m_ui->printSelected, &QPushButton::clicked, this,
-            [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
+            [this] { m_desk.yzdsec(m_ui->l2->selectedRows()); });
     connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &stkkart::showCount);
     connect(&m_desk.queue(), &PrintQueue::modelReset, this, &stkkart::showCount);
@@ -124,8 +128,8 @@ void stkkart::connectDesk()
 {
     connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showCommands);
     m_ui->statusBar->watch(m_desk);
-    connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
-    connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::rowsQueued, m_ui->l2, &ListView::selectRows);
+    connect(&m_desk, &LabelDesk::rowPrinting, m_ui->l2, &ListView::markRow);
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
     connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
         m_ui->Text2->setText(u"1"_s);
@@ -141,6 +145,7 @@ void stkkart::connectNumbers()
     m_ui->barkodsuz->setMenu(new GatherMenu(m_desk, this));
     connect(m_ui->brkdurt, &QPushButton::clicked, &numbers, &NumberDesk::brkdurt);
     connect(m_ui->brgnc, &QPushButton::clicked, &numbers, &NumberDesk::brgnc);
+    connect(&numbers, &NumberDesk::rowRefused, m_ui->l2, &ListView::selectRow);
     connect(&numbers, &NumberDesk::modeChanged, this, &stkkart::showCommands);
     connect(&numbers, &NumberDesk::summaryChanged, m_ui->numberSummary, &QLabel::setText);
     m_ui->numberSummary->setText(numbers.summary());
@@ -182,6 +187,15 @@ void stkkart::connectKeys()
     onKey(this, Qt::Key_Escape, [this] { leave(); });
 }
 
+/// The row that takes the place of the first one removed is the next to be worked on.
+void stkkart::removeSelected()
+{
+    const QList<int> rows = m_ui->l2->selectedRows();
+    m_desk.removeRows(rows);
+    if (!rows.isEmpty() && m_ui->l2->selectedRow() < 0)
+        m_ui->l2->selectRow(std::min(rows.first(), m_desk.queue().size() - 1));
+}
+
 void stkkart::moveInQueue(int rows)
 {
     const int row = m_ui->l2->selectedRow() + rows;
@@ -199,10 +213,17 @@ void stkkart::leave()
         m_lastSearch->enter();
 }
 
+/// The count of the selected rows; nothing where they differ.
 void stkkart::showCount()
 {
-    const int row = m_ui->l2->selectedRow();
-    m_ui->adet->setText(row < 0 ? QString() : m_desk.queue().at(row).count);
+    QString shown;
+    const QList<int> rows = m_ui->l2->selectedRows();
+    const auto countOf = [this](int row) { return m_desk.queue().at(row).count; };
+    const bool same = std::all_of(rows.cbegin(), rows.cend(),
+                                  [&](int row) { return countOf(row) == countOf(rows.first()); });
+    if (!rows.isEmpty() && same)
+        shown = QString::number(countOf(rows.first()));
+    m_ui->adet->setText(shown);
     m_ui->adet->selectAll();
 }
 

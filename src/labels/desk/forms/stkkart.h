@@ -50,6 +50,7 @@ private:
     void connectNumbers();
     void connectKeys();
 
+    void removeSelected();
     void moveInQueue(int rows);
     void leave();
     void showCount();
