@@ -66,7 +66,7 @@ void generateAndSave(benchmark::State &state)
 {
     static Shop shop;
     LabelDesk desk(shop.machine.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     const QString base = QString::number(kLastTakenBase - kTaken);
     qint64 total = 0;
     qint64 floor = 0;

@@ -2,6 +2,7 @@
 // against the same statements executed on the same engine with their rows thrown away.
 
 #include "big_shop.h"
+#include "common/host_queries.h"
 #include "labels/desk/label_desk.h"
 #include "labels/desk/stock_queries.h"
 
@@ -37,9 +38,9 @@ int bareStatements(HostConnection &host)
     for (; !found.eof(); found.moveNext())
         codes += found.text(u"STKKOD");
     for (const QString &code : codes)
-        host.execute(stock_queries::barcodesOf(code));
+        host.execute(host_queries::barcodesOf(code));
     for (const QString &code : codes)
-        host.execute(stock_queries::pricesOf(code));
+        host.execute(host_queries::pricesOf(code));
     return static_cast<int>(codes.size());
 }
 
@@ -47,7 +48,7 @@ void nameSearch(benchmark::State &state)
 {
     static Shop shop;
     LabelDesk desk(shop.machine.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     qint64 searchTime = 0;
     qint64 floorTime = 0;
     for (auto _ : state) {

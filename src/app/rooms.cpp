@@ -3,6 +3,8 @@
 #include "labels/desk/forms/baruret.h"
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
+#include "labels/desk/forms/saved_queues.h"
+#include "labels/desk/forms/shelf_scan_form.h"
 #include "labels/desk/forms/stkkart.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
@@ -72,8 +74,8 @@ Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
     for (QWidget *form : std::initializer_list<QWidget *>{
-             m_baruret, m_yazfrm, m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura,
-             m_fytdegisbul, m_stfatura, m_stkkart})
+             m_baruret, m_scan, m_savedQueues, m_yazfrm, m_designer, m_parametre, m_login, m_baglan,
+             m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -114,7 +116,8 @@ void Rooms::connectMenu()
 void Rooms::connectPrinting()
 {
     m_progress = std::make_unique<PrintProgress>(m_print);
-    connect(&m_desk, &LabelDesk::printWanted, &m_print, &PrintRun::start);
+    connect(&m_desk.printing(), &LabelPrinting::printWanted, &m_print, &PrintRun::start);
+    connect(&m_print, &PrintRun::finished, &m_desk.printing(), &LabelPrinting::runEnded);
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
@@ -140,6 +143,7 @@ void Rooms::connectDocuments()
         },
         Qt::QueuedConnection);
     connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
+    connect(&m_desk, &LabelDesk::scanFormWanted, this, &Rooms::showScan);
 }
 
 void Rooms::showInvoices()
@@ -163,6 +167,25 @@ void Rooms::showGenerator()
     });
 }
 
+void Rooms::showScan()
+{
+    showForm(m_scan, [this] {
+        auto *form = new ShelfScanForm(m_desk, m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showSavedQueues()
+{
+    showForm(m_savedQueues, [this] {
+        auto *form = new SavedQueues(m_desk, m_stkkart);
+        connect(form, &SavedQueues::chosen, &m_desk, &LabelDesk::openQueue, Qt::QueuedConnection);
+        form->setModal(true);
+        return form;
+    });
+}
+
 void Rooms::chooseLayout(const PrintRequest &request)
 {
     showForm(m_yazfrm, [&] {
@@ -174,6 +197,7 @@ void Rooms::chooseLayout(const PrintRequest &request)
 
 void Rooms::open()
 {
+    m_desk.keepQueue();
     m_strt.load();
 }
 
@@ -184,6 +208,7 @@ void Rooms::showStockList()
         giveMenu(form->menuButton());
         connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
         connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
+        connect(form, &stkkart::savedQueuesWanted, this, &Rooms::showSavedQueues);
         return form;
     });
 }

@@ -16,6 +16,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+PrintRequest wholeQueue(const PrintQueue &queue)
+{
+    PrintRequest request;
+    for (int row = 0; row < queue.size(); ++row)
+        request.rows.push_back(labelOf(queue.at(row), row));
+    return request;
+}
+
+} // namespace
+
+namespace {
+
 class DemoShop : public testing::Test
 {
 protected:
@@ -125,9 +137,7 @@ TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
     EXPECT_GE(layouts.size(), 4);
     shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
     for (const QString &layout : layouts) {
-        EXPECT_TRUE(
-            run.yazzzz({PrintMode::all, desk.queue().labels(desk.queue().everyPlace())}, layout))
-            << layout.toStdString();
+        EXPECT_TRUE(run.yazzzz(wholeQueue(desk.queue()), layout)) << layout.toStdString();
     }
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
@@ -146,7 +156,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         desk.loader().stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);
-        run.start({PrintMode::all, desk.queue().labels(desk.queue().everyPlace())});
+        run.start(wholeQueue(desk.queue()));
         SettingsSession session(shop.program);
         session.load();
         session.serverkaydet(session.values());

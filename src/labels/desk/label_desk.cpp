@@ -6,6 +6,8 @@
 #include "common/resume_next.h"
 #include "common/settings_database.h"
 
+#include <QFile>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +18,9 @@ constexpr QStringView kWidthFile = u"Ayar.zev";
 constexpr QStringView kStockSection = u"List";
 constexpr QStringView kQueueSection = u"List2";
 
+/// Bytes of the largest file of counts that is read.
+constexpr qint64 kLargestFile = 10'000'000;
+
 /// How many times rows can be brought back.
 constexpr std::size_t kMostRemovals = 20;
 
@@ -25,8 +30,22 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
 {
     relay(m_loader, *this);
     relay(m_numbers, *this);
-    // The numbers being saved need the list and the connection.
-    connect(&m_numbers, &NumberDesk::busyChanged, &m_loader, &StockLoader::setLocked);
+    relay(m_printing, *this);
+    // What changes the queue by itself needs the connection, and the numbers need the list.
+    const auto lock = [this] { m_loader.setLocked(isQueueBusy()); };
+    connect(&m_numbers, &NumberDesk::busyChanged, this, lock);
+    connect(&m_printing, &LabelPrinting::busyChanged, this, lock);
+    connect(&m_store, &QueueStore::statusChanged, this, &LabelDesk::statusChanged);
+    connect(&m_scan, &ShelfScan::removalWanted, this, [this](int row) { removeRows({row}); });
+    // After the load: while it runs nothing comes into the queue.
+    connect(&m_loader, &StockLoader::counted, this, &LabelDesk::queueCounted, Qt::QueuedConnection);
+}
+
+void LabelDesk::keepQueue()
+{
+    m_store.start();
+    if (m_numbers.unsaved() > 0)
+        m_numbers.resume();
 }
 
 void LabelDesk::loadPriceNumbers()
@@ -44,8 +63,9 @@ void LabelDesk::loadPriceNumbers()
 
 bool LabelDesk::mayClose()
 {
-    if (m_numbers.isBusy()) {
+    if (isQueueBusy()) {
         m_numbers.stop();
+        m_printing.stop();
         return false;
     }
     return m_numbers.mayClose();
@@ -82,6 +102,7 @@ void LabelDesk::stop()
 {
     m_loader.stop();
     m_numbers.stop();
+    m_printing.stop();
 }
 
 void LabelDesk::addRows(const QList<int> &stockRows)
@@ -96,13 +117,20 @@ void LabelDesk::addRows(const QList<int> &stockRows)
     QList<int> places;
     for (const int stockRow : stockRows) {
         places += m_queue.size() + static_cast<int>(places.size());
-        rows.push_back({m_stocks.at(stockRow), QueueState::single});
+        rows.push_back(queued(m_stocks.at(stockRow), QueueState::single));
     }
     m_queue.append(rows);
     Q_EMIT rowsQueued(places);
     Q_EMIT statusChanged(rows.size() == 1
                              ? u"Kuyruğa eklendi: %1"_s.arg(rows.front().name)
                              : u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(places.size())));
+}
+
+QueueRow LabelDesk::queued(const StockRow &stock, QueueState state) const
+{
+    QueueRow row = {stock, state};
+    row.priceRead = m_stocks.pricesRead();
+    return row;
 }
 
 void LabelDesk::ekbr1()
@@ -127,7 +155,7 @@ void LabelDesk::addBulk(UnitChoice units)
     std::vector<QueueRow> rows;
     for (const StockRow &stock : m_stocks.rows())
         if (stock.isOf(units))
-            rows.push_back({stock, QueueState::bulk});
+            rows.push_back(queued(stock, QueueState::bulk));
     m_queue.append(rows);
     Q_EMIT statusChanged(
         u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(static_cast<qint64>(rows.size()))));
@@ -160,7 +188,7 @@ void LabelDesk::gather(UnitChoice units)
 void LabelDesk::setCounts(const QList<int> &queueRows, const QString &text)
 {
     const auto labels = readCount(text);
-    if (!labels || refuseRows(queueRows))
+    if (!labels || isQueueBusy() || refuseRows(queueRows))
         return;
     m_queue.setCounts(queueRows, *labels);
     Q_EMIT countSet();
@@ -169,7 +197,7 @@ void LabelDesk::setCounts(const QList<int> &queueRows, const QString &text)
 void LabelDesk::setAllCounts(const QString &text)
 {
     const auto labels = readCount(text);
-    if (!labels)
+    if (!labels || isQueueBusy())
         return;
     m_queue.setCounts(m_queue.everyPlace(), *labels);
     Q_EMIT allCountsSet();
@@ -177,7 +205,7 @@ void LabelDesk::setAllCounts(const QString &text)
 
 void LabelDesk::removeRows(const QList<int> &queueRows)
 {
-    if (m_numbers.isBusy() || refuseRows(queueRows))
+    if (isQueueBusy() || refuseRows(queueRows))
         return;
     const auto fresh = std::count_if(queueRows.cbegin(), queueRows.cend(), [this](int row) {
         return m_queue.at(row).state == QueueState::fresh;
@@ -188,7 +216,7 @@ void LabelDesk::removeRows(const QList<int> &queueRows)
 
 void LabelDesk::clearQueue()
 {
-    if (m_queue.size() == 0 || m_numbers.isBusy() || !m_numbers.mayDrop(m_numbers.unsaved()))
+    if (m_queue.size() == 0 || isQueueBusy() || !m_numbers.mayDrop(m_numbers.unsaved()))
         return;
     takeOut(m_queue.everyPlace());
     Q_EMIT statusChanged(u"Kuyruk boşaltıldı. Ctrl+Z geri getirir."_s);
@@ -227,26 +255,127 @@ void LabelDesk::undoRemoval()
     Q_EMIT statusChanged(u"%1 satır geri geldi."_s.arg(amount::whole(removal.places.size())));
 }
 
+void LabelDesk::removePrinted()
+{
+    const QList<int> printed = m_queue.printedPlaces();
+    if (printed.isEmpty()) {
+        Q_EMIT statusChanged(u"Kuyrukta basılmış satır yok."_s);
+        return;
+    }
+    if (refuseWhileBusy())
+        return;
+    takeOut(printed);
+    Q_EMIT statusChanged(
+        u"Basılmış %1 satır çıkarıldı. Ctrl+Z geri getirir."_s.arg(amount::whole(printed.size())));
+}
+
+void LabelDesk::sortStocks(int column)
+{
+    if (!refuseWhileBusy())
+        m_stocks.sortNext(column);
+}
+
+void LabelDesk::sortQueue(int column)
+{
+    if (refuseWhileBusy())
+        return;
+    if (column == PrintQueue::number) // the numbers follow the order
+        m_queue.sort(-1, Qt::AscendingOrder);
+    else
+        m_queue.sortNext(column);
+}
+
+void LabelDesk::openQueue(const QString &name)
+{
+    if (refuseWhileBusy() || refuseWhileNumbering())
+        return;
+    const std::vector<QueueRow> rows = m_store.rows(name);
+    if (rows.empty()) {
+        m_program.caution(u"Bu adda okunabilen bir kuyruk yok: %1"_s.arg(name));
+        return;
+    }
+    takeOut(m_queue.everyPlace());
+    m_queue.append(rows);
+    if (m_numbers.unsaved() > 0)
+        m_numbers.resume();
+    Q_EMIT statusChanged(
+        u"%1: %2 satır."_s.arg(name, amount::whole(static_cast<qint64>(rows.size()))));
+}
+
+bool LabelDesk::saveQueue(const QString &name)
+{
+    if (m_store.exists(name) &&
+        !m_program.ask(
+            u"\"%1\" adında bir kuyruk var.\nYerine bu kuyruk kaydedilsin mi?"_s.arg(name)))
+        return false;
+    if (!m_store.save(name))
+        return false;
+    Q_EMIT statusChanged(u"Kuyruk kaydedildi: %1"_s.arg(name));
+    return true;
+}
+
+void LabelDesk::deleteQueue(const QString &name)
+{
+    if (m_program.ask(u"\"%1\" adlı kuyruk silinsin mi?"_s.arg(name)))
+        m_store.remove(name);
+}
+
+void LabelDesk::importCounts(const QString &path)
+{
+    if (refuseWhileBusy() || refuseWhileNumbering())
+        return;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile) {
+        m_program.caution(u"Dosya okunamadı:\n%1"_s.arg(path));
+        return;
+    }
+    const count_file::Content content = count_file::read(file.readAll());
+    if (content.lines.empty())
+        m_program.caution(u"Bu dosyada kod ve adet yok.\nHer satırda bir kod ve adedi olmalıdır; "
+                          "örneğin: 8690000000012;3"_s);
+    else
+        m_loader.listCounted(content);
+}
+
+void LabelDesk::queueCounted(const QString &problems)
+{
+    ektm();
+    if (!problems.isEmpty())
+        Q_EMIT importReported(problems);
+}
+
+void LabelDesk::startScan()
+{
+    if (!refuseWhileBusy() && !refuseWhileNumbering())
+        Q_EMIT scanFormWanted();
+}
+
 void LabelDesk::yzdtum()
 {
-    request({PrintMode::all, m_queue.labels(m_queue.everyPlace())});
+    print(PrintMode::all, m_queue.everyPlace());
 }
 
 void LabelDesk::chooseLayout()
 {
-    request({PrintMode::all, m_queue.labels(m_queue.everyPlace()), true});
+    print(PrintMode::all, m_queue.everyPlace(), true);
 }
 
 void LabelDesk::yzdsec(const QList<int> &queueRows)
 {
     if (m_queue.size() > 0 && !refuseRows(queueRows))
-        request({PrintMode::selected, m_queue.labels(queueRows)});
+        print(PrintMode::selected, queueRows);
 }
 
-void LabelDesk::request(const PrintRequest &request)
+void LabelDesk::repeatPrinting()
 {
-    if (!request.rows.empty() && !refuseWhileBusy() && !refuseWhileNumbering())
-        Q_EMIT printWanted(request);
+    if (!refuseWhileBusy() && !refuseWhileNumbering())
+        m_printing.repeat();
+}
+
+void LabelDesk::print(PrintMode mode, const QList<int> &places, bool chooseLayout)
+{
+    if (!places.isEmpty() && !refuseWhileBusy() && !refuseWhileNumbering())
+        m_printing.print(mode, places, chooseLayout);
 }
 
 bool LabelDesk::refuseWhileBusy()

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "labels/desk/label_printing.h"
 #include "labels/desk/number_desk.h"
 #include "labels/desk/print_queue.h"
+#include "labels/desk/queue_store.h"
+#include "labels/desk/shelf_scan.h"
 #include "labels/desk/stock_list.h"
 #include "labels/desk/stock_loader.h"
-#include "labels/print/print_request.h"
 
 #include <QObject>
 
@@ -28,9 +30,13 @@ public:
     const PriceNumbers &priceNumbers() const { return m_prices; }
     StockLoader &loader() { return m_loader; }
     NumberDesk &numbers() { return m_numbers; }
+    LabelPrinting &printing() { return m_printing; }
+    ShelfScan &scan() { return m_scan; }
+    QueueStore &store() { return m_store; }
 
-    /// True while a load runs, or numbers are made or saved. The desk must not be destroyed then.
-    bool isBusy() const { return m_loader.isBusy() || m_numbers.isBusy(); }
+    /// True while a load runs, numbers are made or saved, or prices are read anew. The desk must
+    /// not be destroyed then.
+    bool isBusy() const { return m_loader.isBusy() || isQueueBusy(); }
     /// True while rows may be queued and printed.
     bool isFree() const { return !isBusy() && !m_numbers.isOn(); }
 
@@ -44,6 +50,9 @@ public:
     QList<int> stockWidths() const;
     QList<int> queueWidths() const;
     void saveWidths(const QList<int> &stockList, const QList<int> &printQueue);
+
+    /// Brings back the queue of the last time and keeps it from now on.
+    void keepQueue();
 
 public Q_SLOTS:
     /// Reads the price numbers from the settings; again after they were changed.
@@ -68,14 +77,33 @@ public Q_SLOTS:
     void setAllCounts(const QString &text);
     void removeRows(const QList<int> &queueRows);
     void clearQueue();
+    /// Takes the rows out that were printed.
+    void removePrinted();
     /// Brings back the rows that were taken out of the queue last.
     void undoRemoval();
+
+    /// Sort by a column: upwards, downwards, and then as the rows were added.
+    void sortStocks(int column);
+    void sortQueue(int column);
+
+    /// Replaces the queue by the one kept under a name.
+    void openQueue(const QString &name);
+    /// Keeps the queue under a name, deletes what is kept under it; asks before either costs
+    /// anything.
+    bool saveQueue(const QString &name);
+    void deleteQueue(const QString &name);
+    /// Queues the stocks of a file of codes and counts.
+    void importCounts(const QString &path);
+    /// Asks for the form of a walk along the shelf.
+    void startScan();
 
     /// Print the whole queue, or these rows of it.
     void yzdtum();
     void yzdsec(const QList<int> &queueRows);
     /// Print the whole queue with a layout that the user chooses.
     void chooseLayout();
+    /// Print once more what was printed last.
+    void repeatPrinting();
 
 Q_SIGNALS:
     void busyChanged(bool busy);
@@ -94,7 +122,9 @@ Q_SIGNALS:
     void countSet();
     void allCountsSet();
 
-    void printWanted(const PrintRequest &request);
+    /// The lines of an imported file that nothing came of, in words.
+    void importReported(const QString &problems);
+    void scanFormWanted();
 
 private:
     /// Rows that left the queue together.
@@ -107,6 +137,7 @@ private:
 
     QList<int> widths(QStringView section, int columns) const;
 
+    bool isQueueBusy() const { return m_numbers.isBusy() || m_printing.isBusy(); }
     bool refuseWhileBusy();
     bool refuseWhileNumbering();
     void gather(UnitChoice units);
@@ -114,8 +145,10 @@ private:
     std::optional<int> readCount(const QString &text);
     void takeOut(const QList<int> &queueRows);
     void remember(Removal removal);
+    QueueRow queued(const StockRow &stock, QueueState state) const;
     void addBulk(UnitChoice units);
-    void request(const PrintRequest &request);
+    void print(PrintMode mode, const QList<int> &places, bool chooseLayout = false);
+    void queueCounted(const QString &problems);
 
     Program &m_program;
     StockList m_stocks;
@@ -124,4 +157,7 @@ private:
     PriceNumbers m_prices;
     StockLoader m_loader{m_program, m_stocks, m_prices};
     NumberDesk m_numbers{m_program, m_stocks, m_queue, m_prices};
+    LabelPrinting m_printing{m_program, m_queue, m_prices};
+    ShelfScan m_scan{m_program, m_queue, m_prices};
+    QueueStore m_store{m_program, m_queue};
 };

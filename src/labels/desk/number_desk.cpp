@@ -87,10 +87,16 @@ QString NumberDesk::caption() const
     return numbering::caption(m_symbology);
 }
 
-QString NumberDesk::rememberedBase() const
+QString NumberDesk::nextBase() const
 {
-    return m_program.keys.read(kMemorySection, numbering::memoryKey(m_symbology),
-                               m_program.path(kMemoryFile));
+    const QString used = m_program.keys.read(kMemorySection, numbering::memoryKey(m_symbology),
+                                             m_program.path(kMemoryFile));
+    return used.trimmed().isEmpty() ? numbering::suggestedBase(m_symbology) : used;
+}
+
+QString NumberDesk::rangeHint(const QString &base) const
+{
+    return numbering::rangeHint(m_symbology, base);
 }
 
 QString NumberDesk::completeNumber(const QString &base) const

@@ -46,8 +46,11 @@ public:
 
     ean::Symbology symbology() const { return m_symbology; }
     QString caption() const;
-    /// The base number used last for the chosen symbology, "" when there is none.
-    QString rememberedBase() const;
+    /// The base number to count on from: the one used last for the chosen symbology, or where there
+    /// is none, one that suits.
+    QString nextBase() const;
+    /// What the base in the box means, for the user.
+    QString rangeHint(const QString &base) const;
     /// The complete number of the base in the box, "" when it is none.
     QString completeNumber(const QString &base) const;
     bool takesKey(const QString &box, const QString &key) const;

@@ -2,6 +2,7 @@
 
 #include <QBrush>
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 
@@ -9,27 +10,59 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How a state shows: a pale row, a strong mark beside the number, a hint.
-struct StateLook
+/// How a row shows that is not like the others: pale, a strong mark, a hint.
+struct Look
 {
-    QueueState state;
     QRgb row;
     QRgb mark;
     QStringView hint;
 };
 
-constexpr std::array<StateLook, 2> kLooks = {
-    {{QueueState::fresh, 0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"},
-     {QueueState::saved, 0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"}}};
+constexpr Look kFresh = {0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"};
+constexpr Look kSaved = {0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"};
+constexpr Look kPrinted = {0xFFE9EDF2, 0xFF7A8899, u"Basıldı"};
+
+const Look *lookOf(const QueueRow &row)
+{
+    if (row.state == QueueState::fresh)
+        return &kFresh;
+    if (row.printed)
+        return &kPrinted;
+    return row.state == QueueState::saved ? &kSaved : nullptr;
+}
 
 /// The last part of a tag, in the order of QueueState.
 constexpr std::array<QStringView, 4> kStates = {u"0", u"a0", u"a1", u"a2"};
+constexpr QStringView kSeparator = u"<123>";
 
 } // namespace
 
 QString QueueRow::tag() const
 {
-    return u"%1<123>%2"_s.arg(unit).arg(kStates.at(static_cast<std::size_t>(state)));
+    return u"%1%2%3"_s.arg(unit).arg(kSeparator, kStates.at(static_cast<std::size_t>(state)));
+}
+
+bool QueueRow::setTag(const QString &text)
+{
+    const QString separator = kSeparator.toString();
+    bool isUnit = false;
+    const int unitNumber = text.section(separator, 0, 0).toInt(&isUnit);
+    const auto found = std::find(kStates.begin(), kStates.end(), text.section(separator, 1));
+    if (!isUnit || found == kStates.end())
+        return false;
+    unit = unitNumber;
+    state = static_cast<QueueState>(found - kStates.begin());
+    return true;
+}
+
+LabelRow labelOf(const QueueRow &row, int place)
+{
+    return {.barcode = row.barcode,
+            .stockCode = row.code,
+            .stockName = row.name,
+            .price = row.price,
+            .count = row.count,
+            .queueRow = place};
 }
 
 PrintQueue::PrintQueue(QObject *parent)
@@ -50,15 +83,12 @@ QVariant PrintQueue::data(const QModelIndex &index, int role) const
     const bool mark = role == Qt::DecorationRole && index.column() == barcode;
     if (!index.isValid() || (role != Qt::BackgroundRole && role != Qt::ToolTipRole && !mark))
         return RowTable::data(index, role);
-    const QueueRow &row = at(index.row());
-    for (const StateLook &look : kLooks) {
-        if (row.state != look.state)
-            continue;
-        if (role == Qt::ToolTipRole)
-            return look.hint.toString();
-        return mark ? QVariant(QColor(look.mark)) : QVariant(QBrush(QColor(look.row)));
-    }
-    return {};
+    const Look *look = lookOf(at(index.row()));
+    if (!look)
+        return {};
+    if (role == Qt::ToolTipRole)
+        return look->hint.toString();
+    return mark ? QVariant(QColor(look->mark)) : QVariant(QBrush(QColor(look->row)));
 }
 
 QList<int> PrintQueue::everyPlace() const
@@ -66,22 +96,6 @@ QList<int> PrintQueue::everyPlace() const
     QList<int> places(size());
     std::iota(places.begin(), places.end(), 0);
     return places;
-}
-
-std::vector<LabelRow> PrintQueue::labels(const QList<int> &places) const
-{
-    std::vector<LabelRow> labels;
-    labels.reserve(static_cast<std::size_t>(places.size()));
-    for (const int place : places) {
-        const QueueRow &row = at(place);
-        labels.push_back({.barcode = row.barcode,
-                          .stockCode = row.code,
-                          .stockName = row.name,
-                          .price = row.price,
-                          .count = row.count,
-                          .queueRow = place});
-    }
-    return labels;
 }
 
 void PrintQueue::append(const std::vector<QueueRow> &rows)
@@ -95,45 +109,20 @@ void PrintQueue::append(const std::vector<QueueRow> &rows)
 
 std::vector<QueueRow> PrintQueue::take(const QList<int> &places)
 {
-    std::vector<QueueRow> taken;
-    std::vector<QueueRow> left;
-    auto wanted = places.cbegin();
-    for (int row = 0; row < size(); ++row) {
-        const bool isWanted = wanted != places.cend() && *wanted == row;
-        (isWanted ? taken : left).push_back(at(row));
-        if (isWanted)
-            ++wanted;
-    }
-    if (places.size() == 1) { // the list stays where it is scrolled to
-        beginRemoveRows({}, places.first(), places.first());
-        m_rows = std::move(left);
-        endRemoveRows();
-        sirala(places.first());
-    } else {
-        replaceRows(std::move(left));
-    }
+    std::vector<QueueRow> taken = takeRows(places);
+    sirala(0);
     return taken;
 }
 
 void PrintQueue::putBack(const QList<int> &places, const std::vector<QueueRow> &rows)
 {
-    std::vector<QueueRow> whole;
-    auto next = m_rows.cbegin();
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const auto place = static_cast<std::size_t>(places.at(static_cast<qsizetype>(i)));
-        while (whole.size() < place && next != m_rows.cend())
-            whole.push_back(*next++);
-        whole.push_back(rows[i]);
-    }
-    whole.insert(whole.end(), next, m_rows.cend());
-    replaceRows(std::move(whole));
+    putRows(places, rows);
+    sirala(0);
 }
 
-void PrintQueue::replaceRows(std::vector<QueueRow> rows)
+void PrintQueue::sort(int column, Qt::SortOrder order)
 {
-    beginResetModel();
-    m_rows = std::move(rows);
-    endResetModel();
+    RowTable::sort(column, order);
     sirala(0);
 }
 
@@ -147,10 +136,11 @@ void PrintQueue::setCounts(const QList<int> &places, int labels)
 {
     if (places.isEmpty())
         return;
-    for (const int place : places)
+    for (const int place : places) {
         edit(place).count = labels;
-    Q_EMIT dataChanged(index(places.first(), count), index(places.last(), count),
-                       {Qt::DisplayRole});
+        edit(place).printed = false;
+    }
+    tellRows(places);
     sirala(size());
 }
 
@@ -159,7 +149,46 @@ void PrintQueue::setNumber(int row, const QString &barcodeText, QueueState state
     QueueRow &queued = edit(row);
     queued.barcode = barcodeText;
     queued.state = state;
-    Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
+    tellRows({row});
+    Q_EMIT changed();
+}
+
+void PrintQueue::markPrinted(const QList<int> &places)
+{
+    for (const int place : places)
+        edit(place).printed = true;
+    tellRows(places);
+    Q_EMIT changed();
+}
+
+QList<int> PrintQueue::printedPlaces() const
+{
+    QList<int> places;
+    for (int row = 0; row < size(); ++row)
+        if (at(row).printed)
+            places += row;
+    return places;
+}
+
+void PrintQueue::setPrice(int row, const QString &text, qint64 moment)
+{
+    edit(row).price = text;
+    edit(row).priceRead = moment;
+    tellRows({row});
+    Q_EMIT changed();
+}
+
+void PrintQueue::setRows(const std::vector<QueueRow> &rows)
+{
+    RowTable::clear();
+    RowTable::append(rows);
+    sirala(0);
+}
+
+void PrintQueue::tellRows(const QList<int> &places)
+{
+    if (!places.isEmpty())
+        Q_EMIT dataChanged(index(places.first(), 0), index(places.last(), columns - 1));
 }
 
 void PrintQueue::sirala(int firstRow)
@@ -172,4 +201,5 @@ void PrintQueue::sirala(int firstRow)
     for (const QueueRow &row : m_rows)
         m_total += row.count;
     Q_EMIT totalChanged(m_total);
+    Q_EMIT changed();
 }

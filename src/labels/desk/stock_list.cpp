@@ -17,6 +17,7 @@ StockList::StockList(QObject *parent)
 void StockList::clear()
 {
     m_barcodesRead = 0;
+    m_pricesRead = 0;
     m_firstChange = m_lastChange = {};
     RowTable::clear();
 }

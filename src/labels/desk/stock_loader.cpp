@@ -4,6 +4,7 @@
 #include "common/host_queries.h"
 #include "common/program.h"
 #include "common/select_many.h"
+#include "labels/desk/count_import.h"
 #include "labels/desk/stock_queries.h"
 
 #include <utility>
@@ -72,6 +73,14 @@ void StockLoader::listLines(const QList<InvoiceLine> &lines)
     run([this, lines] {
         m_list.clear();
         return addLines(lines);
+    });
+}
+
+void StockLoader::listCounted(const count_file::Content &content)
+{
+    run([this, content] {
+        m_list.clear();
+        return addCounted(content);
     });
 }
 
@@ -157,6 +166,9 @@ bool StockLoader::addLines(const QList<InvoiceLine> &lines)
 {
     if (lines.isEmpty())
         return true;
+    // Rows that are there already were read before, or nobody knows when.
+    if (m_list.size() == 0)
+        m_list.setPricesRead(now());
     RecordSet cards = m_program.company().execute(host_queries::card(lines.first().stockCode));
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const int first = m_list.size();
@@ -178,8 +190,10 @@ bool StockLoader::addLines(const QList<InvoiceLine> &lines)
                 takePrice(first + i - rows, std::move(answer));
             return m_task.goOn(u"Fatura satırları ekleniyor"_s, line, lines.size());
         };
-        if (!selectMany(m_program, 2 * rows + more, statement, take))
+        if (!selectMany(m_program, 2 * rows + more, statement, take)) {
+            m_list.setPricesRead(0);
             return false;
+        }
     }
     return true;
 }
@@ -194,6 +208,20 @@ void StockLoader::addLine(RecordSet cards, const InvoiceLine &line)
         ++m_unknownLines;
     else if (!isLabelCount(line.quantity))
         ++m_roundedLines;
+}
+
+bool StockLoader::addCounted(count_file::Content content)
+{
+    const auto rows = findCounted(
+        m_program, content.lines, m_units, content.problems,
+        [this](int done, int total) { return m_task.goOn(u"Kodlar aranıyor"_s, done, total); });
+    if (!rows)
+        return false;
+    m_list.append(*rows);
+    if (!readDetails())
+        return false;
+    Q_EMIT counted(count_file::report(std::move(content.problems)));
+    return true;
 }
 
 bool StockLoader::readDetails()
@@ -211,12 +239,20 @@ bool StockLoader::readDetails()
 bool StockLoader::readPrices()
 {
     const int rows = m_list.size();
-    return selectMany(
+    const qint64 begun = now();
+    const bool read = selectMany(
         m_program, rows, [this](int row) { return host_queries::pricesOf(m_list.at(row).code); },
         [&](int row, RecordSet answer) {
             takePrice(row, std::move(answer));
             return m_task.goOn(kReadingPrices, row + 1, rows);
         });
+    m_list.setPricesRead(read ? begun : 0);
+    return read;
+}
+
+qint64 StockLoader::now() const
+{
+    return m_program.clock.now().toMSecsSinceEpoch();
 }
 
 void StockLoader::takeBarcode(int row, RecordSet barcodes)

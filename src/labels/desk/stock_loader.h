@@ -1,5 +1,6 @@
 #pragma once
 
+#include "labels/desk/count_file.h"
 #include "labels/desk/invoice_line.h"
 #include "labels/desk/label_prices.h"
 #include "labels/desk/long_task.h"
@@ -45,6 +46,8 @@ public Q_SLOTS:
     void fatekle(const QString &stockCode, const QString &quantity);
     /// Replaces the list by the stocks of invoice lines, in their order.
     void listLines(const QList<InvoiceLine> &lines);
+    /// Replaces the list by the stock units of counted codes.
+    void listCounted(const count_file::Content &content);
     /// Lists the stocks changed in a range of days, each day between two times; see
     /// stock_queries::changed().
     void fiyatdegisbul(const QString &fromDate, const QString &toDate, const QString &fromTime,
@@ -58,6 +61,8 @@ Q_SIGNALS:
     /// `total` is not 0; `text` says in words what is going on.
     void progressed(const QString &text, int done, int total);
     void statusChanged(const QString &text);
+    /// Counted codes have been listed; `problems`: the lines nothing came of, in words.
+    void counted(const QString &problems);
 
 private:
     /// Returns false when it was stopped. Throws HostError.
@@ -72,8 +77,10 @@ private:
     bool add(RecordSet cards, const RowMaker &makeRows);
     bool addLines(const QList<InvoiceLine> &lines);
     void addLine(RecordSet cards, const InvoiceLine &line);
+    bool addCounted(count_file::Content content);
     bool readDetails();
     bool readPrices();
+    qint64 now() const;
     void takeBarcode(int row, RecordSet barcodes);
     void takePrice(int row, RecordSet prices);
 

@@ -38,9 +38,9 @@ void appendUnitRows(const RecordSet &card, UnitChoice units, int count, std::vec
         rows.push_back(unitRow(card, second, 2, count));
 }
 
-StockRow scannedRow(const RecordSet &card, int unit)
+StockRow scannedRow(const RecordSet &card, int unit, int count)
 {
-    return unitRow(card, card.text(u"STKBIRIM"), unit, 1);
+    return unitRow(card, card.text(u"STKBIRIM"), unit, count);
 }
 
 QString unitBarcode(RecordSet barcodes, int unit)

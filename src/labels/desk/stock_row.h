@@ -40,7 +40,7 @@ void appendUnitRows(const RecordSet &card, UnitChoice units, int count,
 
 /// The row of a scanned unit. That of a second unit bears the first unit's name: whoever scans a
 /// barcode knows the stock by its ordinary unit. Throws HostError.
-StockRow scannedRow(const RecordSet &card, int unit);
+StockRow scannedRow(const RecordSet &card, int unit, int count = 1);
 
 /// The barcode of a unit among those of its stock; when several match, the one read last. "" when
 /// there is none. Throws HostError.

@@ -86,6 +86,28 @@ TEST(NumberGeneration, ReadsOnlyBasesThatFitTheirDigits)
         EXPECT_FALSE(numbering::readBase(Symbology::ean13, bad)) << bad.toStdString();
 }
 
+TEST(NumberGeneration, SaysWhoseNumbersTheyAre)
+{
+    const struct
+    {
+        Symbology symbology;
+        QString base;
+        QString said; ///< part of it
+    } cases[] = {
+        {Symbology::ean13, numbering::suggestedBase(Symbology::ean13), u"kendi malları"_s},
+        {Symbology::ean8, numbering::suggestedBase(Symbology::ean8), u"kendi malları"_s},
+        {Symbology::ean13, u"269999999999"_s, u"kendi malları"_s},
+        {Symbology::ean13, u"280000000000"_s, u"teraziler"_s},
+        {Symbology::ean13, u"869000000000"_s, u"üreticilerindir"_s},
+        {Symbology::ean13, u"5"_s, u"üreticilerindir"_s},
+        {Symbology::ean8, u"5"_s, u"sıfırı atar"_s},
+    };
+    for (const auto &c : cases)
+        EXPECT_TRUE(numbering::rangeHint(c.symbology, c.base).contains(c.said))
+            << c.base.toStdString();
+    EXPECT_EQ(numbering::rangeHint(Symbology::ean13, u"12a"), QString());
+}
+
 TEST(NumberGeneration, AFullBoxTakesNoMoreDigits)
 {
     const struct
@@ -129,7 +151,7 @@ TEST(NumberDesk, GathersTheRowsWithoutABarcode)
         EXPECT_TRUE(shop.desk.numbers().isOn());
     }
     // Until the numbers are saved rows are neither added nor printed; emptying the queue ends it.
-    const QSignalSpy print(&shop.desk, &LabelDesk::printWanted);
+    const QSignalSpy print(&shop.desk.printing(), &LabelPrinting::printWanted);
     shop.desk.ektm();
     shop.desk.addRows({0});
     shop.desk.yzdtum();
@@ -167,7 +189,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     shop.take(u"00000130"_s);
     const QSignalSpy bases(&shop.numbers, &NumberDesk::baseChanged);
     shop.numbers.choose(Symbology::ean8);
-    EXPECT_EQ(shop.numbers.rememberedBase(), QString());
+    EXPECT_EQ(shop.numbers.nextBase(), u"2000000"_s);
     shop.numbers.generate(u"10"_s);
     EXPECT_EQ(shop.queue(), QStringList({u"00000116 a1"_s, u"00000147 a1"_s, u"00000154 a1"_s,
                                          u"00000161 a1"_s}));
@@ -179,7 +201,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     EXPECT_EQ(shop.remembered(u"ean8"_s), u"16"_s);
     ASSERT_EQ(bases.count(), 1);
     EXPECT_EQ(bases[0][0].toString(), u"16"_s);
-    EXPECT_EQ(shop.numbers.rememberedBase(), u"16"_s);
+    EXPECT_EQ(shop.numbers.nextBase(), u"16"_s);
 
     // Numbered rows consume no further number.
     shop.host.statements.clear();
@@ -187,7 +209,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     EXPECT_TRUE(shop.host.statements.isEmpty());
     EXPECT_EQ(shop.remembered(u"ean8"_s), u"16"_s);
     shop.numbers.choose(Symbology::ean13);
-    EXPECT_EQ(shop.numbers.rememberedBase(), QString());
+    EXPECT_EQ(shop.numbers.nextBase(), u"200000000000"_s);
 }
 
 TEST(NumberDesk, ABadBaseIsToldAndWritesNothing)
@@ -232,7 +254,7 @@ TEST(NumberDesk, AFailedQuestionKeepsWhatWasFoundAndGoesOnBehindIt)
             EXPECT_EQ(shop.numbers.unsaved(), failing - 1);
             EXPECT_FALSE(shop.desk.isBusy());
             shop.host.failOn = nullptr;
-            shop.numbers.generate(fromTheLast ? shop.numbers.rememberedBase() : u"10"_s);
+            shop.numbers.generate(fromTheLast ? shop.numbers.nextBase() : u"10"_s);
             EXPECT_EQ(shop.queue(), QStringList({u"00000116 a1"_s, u"00000123 a1"_s,
                                                  u"00000130 a1"_s, u"00000147 a1"_s}));
             EXPECT_EQ(shop.remembered(u"ean8"_s), u"14"_s);

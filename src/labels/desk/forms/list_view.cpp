@@ -1,5 +1,8 @@
 #include "labels/desk/forms/list_view.h"
 
+#include "labels/desk/forms/form_keys.h"
+#include "labels/desk/forms/list_finder.h"
+
 #include <QHeaderView>
 
 #include <algorithm>
@@ -105,6 +108,32 @@ void ListView::reset()
 {
     QTreeView::reset();
     scrollToTop();
+}
+
+void ListView::makeSearchable(const Find &find)
+{
+    m_find = find;
+    m_finder = new ListFinder(*this);
+    onKey(this, Qt::CTRL | Qt::Key_B, [this] { m_finder->start({}); });
+}
+
+void ListView::keyboardSearch(const QString &text)
+{
+    if (m_finder && !text.trimmed().isEmpty())
+        m_finder->start(text);
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    if (m_finder)
+        m_finder->place();
+}
+
+void ListView::makeSortable()
+{
+    header()->setSectionsClickable(true);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::sortWanted);
 }
 
 QList<int> ListView::widths() const

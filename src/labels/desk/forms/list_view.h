@@ -2,6 +2,10 @@
 
 #include <QTreeView>
 
+#include <functional>
+
+class ListFinder;
+
 /// A list of the label form: whole rows, several may be selected, columns that keep their widths.
 class ListView final : public QTreeView
 {
@@ -29,13 +33,30 @@ public:
     /// A list that is filled anew shows its start.
     void reset() override;
 
+    /// Lets the user find rows by typing. `find(text, from, step)`: the next row from `from` on, −1
+    /// when there is none.
+    using Find = std::function<int(const QString &text, int from, int step)>;
+    void makeSearchable(const Find &find);
+    int findRow(const QString &text, int from, int step) const { return m_find(text, from, step); }
+    void keyboardSearch(const QString &text) override;
+    /// Lets the user sort by a click on a column's caption.
+    void makeSortable();
+
     QList<int> widths() const;
     /// Widths in pixels: the kept ones, or else the usual ones. `wideColumn` takes all the room
     /// that is left, whatever was kept of it: the next screen may be narrower.
     void setWidths(const QList<int> &kept, const QList<int> &usual, int wideColumn);
 
+Q_SIGNALS:
+    void sortWanted(int column);
+
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     /// The list with the focus shows its selection in full colour, the other one pale.
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    Find m_find;
+    ListFinder *m_finder = nullptr;
 };

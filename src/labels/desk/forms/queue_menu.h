@@ -12,4 +12,13 @@ class QueueMenu final : public QMenu
 public:
     /// `desk` must outlive the menu.
     QueueMenu(LabelDesk &desk, QWidget *parent);
+
+Q_SIGNALS:
+    /// A file of codes and counts is to be chosen.
+    void importWanted();
+    /// Queues are to be saved, or opened, by name.
+    void savedQueuesWanted();
+
+private:
+    QAction *add(const QString &name, const QString &text, const QKeySequence &keys);
 };

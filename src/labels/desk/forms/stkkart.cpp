@@ -4,10 +4,12 @@
 #include "labels/desk/forms/gather_menu.h"
 #include "labels/desk/forms/list_menu.h"
 #include "labels/desk/forms/queue_menu.h"
+#include "labels/desk/forms/text_report.h"
 #include "labels/desk/label_desk.h"
 #include "ui_stkkart.h"
 
 #include <QCloseEvent>
+#include <QFileDialog>
 
 #include <algorithm>
 
@@ -48,6 +50,16 @@ void stkkart::buildLists()
 {
     m_ui->l1->setModel(&m_desk.stocks());
     m_ui->l2->setModel(&m_desk.queue());
+    m_ui->l1->makeSortable();
+    m_ui->l2->makeSortable();
+    connect(m_ui->l1, &ListView::sortWanted, &m_desk, &LabelDesk::sortStocks);
+    connect(m_ui->l2, &ListView::sortWanted, &m_desk, &LabelDesk::sortQueue);
+    m_ui->l1->makeSearchable([this](const QString &text, int from, int step) {
+        return m_desk.stocks().find(text, from, step);
+    });
+    m_ui->l2->makeSearchable([this](const QString &text, int from, int step) {
+        return m_desk.queue().find(text, from, step);
+    });
     m_ui->splitter->setStretchFactor(0, 5);
     m_ui->splitter->setStretchFactor(1, 3);
 }
@@ -72,7 +84,10 @@ void stkkart::buildMenus()
     queueMenu->addSeparator();
     queueMenu->add(m_ui->removeOne);
     queueMenu->add(m_ui->clearQueue);
-    m_ui->queueMenu->setMenu(new QueueMenu(m_desk, this));
+    auto *menu = new QueueMenu(m_desk, this);
+    m_ui->queueMenu->setMenu(menu);
+    connect(menu, &QueueMenu::importWanted, this, &stkkart::chooseImport);
+    connect(menu, &QueueMenu::savedQueuesWanted, this, &stkkart::savedQueuesWanted);
 }
 
 void stkkart::connectSearches()
@@ -101,6 +116,7 @@ void stkkart::connectSearches()
 
 void stkkart::connectQueue()
 {
+    connect(m_ui->scan, &QPushButton::clicked, &m_desk, &LabelDesk::startScan);
     connect(m_ui->addOne, &QPushButton::clicked, this,
             [this] { m_desk.addRows(m_ui->l1->selectedRows()); });
     connect(m_ui->l1, &QTreeView::doubleClicked, m_ui->addOne, &QPushButton::click);
@@ -131,6 +147,13 @@ void stkkart::connectDesk()
     connect(&m_desk, &LabelDesk::rowsQueued, m_ui->l2, &ListView::selectRows);
     connect(&m_desk, &LabelDesk::rowPrinting, m_ui->l2, &ListView::markRow);
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
+    connect(&m_desk, &LabelDesk::importReported, this, [this](const QString &problems) {
+        auto *report = new TextReport(u"Dosyadan Ekle"_s,
+                                      u"Bu satırlardan etiket çıkmadı; öbürleri kuyruğa eklendi."_s,
+                                      problems, this);
+        report->setAttribute(Qt::WA_DeleteOnClose);
+        report->open();
+    });
     connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
         m_ui->Text2->setText(u"1"_s);
         m_ui->Text2->selectAll();
@@ -163,6 +186,7 @@ void stkkart::connectKeys()
     onKey(m_ui->adet, Qt::Key_Up, [this] { moveInQueue(-1); });
     onKey(m_ui->adet, Qt::Key_Down, [this] { moveInQueue(1); });
 
+    onKey(this, Qt::Key_F2, [this] { m_ui->scan->click(); });
     onKey(this, Qt::Key_F3, [this] { m_ui->Text1->enter(); });
     onKey(this, Qt::Key_F4, [this] { m_ui->Text4->enter(); });
     onKey(this, Qt::Key_F5, [this] { m_ui->Text3->enter(); });
@@ -185,6 +209,17 @@ void stkkart::connectKeys()
     for (const auto &[keys, button] : commands)
         onKey(this, keys, [pressed = button] { pressed->click(); });
     onKey(this, Qt::Key_Escape, [this] { leave(); });
+}
+
+void stkkart::chooseImport()
+{
+    auto *chooser = new QFileDialog(this, u"Kod ve adet dosyası"_s, {},
+                                    u"Kod ve adet (*.csv *.txt);;Bütün dosyalar (*)"_s);
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setFileMode(QFileDialog::ExistingFile);
+    connect(chooser, &QFileDialog::fileSelected, &m_desk, &LabelDesk::importCounts,
+            Qt::QueuedConnection);
+    chooser->open();
 }
 
 /// The row that takes the place of the first one removed is the next to be worked on.
@@ -230,7 +265,7 @@ void stkkart::showCount()
 void stkkart::showCommands()
 {
     using Commands = std::initializer_list<QWidget *>;
-    const Commands adding = {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
+    const Commands adding = {m_ui->scan, m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
     const Commands printing = {m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll};
     const Commands numbering = {m_ui->brkdurt, m_ui->brgnc};
     const bool on = m_desk.numbers().isOn();
