@@ -3,6 +3,8 @@
 #include "labels/desk/forms/baruret.h"
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
+#include "labels/desk/forms/saved_queues.h"
+#include "labels/desk/forms/shelf_scan_form.h"
 #include "labels/desk/forms/stkkart.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
@@ -72,8 +74,8 @@ Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
     for (QWidget *form : std::initializer_list<QWidget *>{
-             m_baruret, m_yazfrm, m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura,
-             m_fytdegisbul, m_stfatura, m_stkkart})
+             m_baruret, m_scan, m_savedQueues, m_yazfrm, m_designer, m_parametre, m_login, m_baglan,
+             m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -114,7 +116,8 @@ void Rooms::connectMenu()
 void Rooms::connectPrinting()
 {
     m_progress = std::make_unique<PrintProgress>(m_print);
-    connect(&m_desk, &LabelDesk::printWanted, &m_print, &PrintRun::start);
+    connect(&m_desk.printing(), &LabelPrinting::printWanted, &m_print, &PrintRun::start);
+    connect(&m_print, &PrintRun::finished, &m_desk.printing(), &LabelPrinting::runEnded);
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
@@ -128,7 +131,7 @@ void Rooms::connectDocuments()
         &m_invoices, &InvoicePicker::transferred, this,
         [this](const QList<InvoiceLine> &lines) {
             showStockList();
-            m_desk.listLines(lines);
+            m_desk.loader().listLines(lines);
         },
         Qt::QueuedConnection);
     connect(
@@ -136,26 +139,48 @@ void Rooms::connectDocuments()
         [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
                const QString &toTime) {
             showStockList();
-            m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+            m_desk.loader().fiyatdegisbul(fromDate, toDate, fromTime, toTime);
         },
         Qt::QueuedConnection);
     connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
+    connect(&m_desk, &LabelDesk::scanFormWanted, this, &Rooms::showScan);
 }
 
 void Rooms::showInvoices()
 {
     showForm(m_fatura, [this] { return new fatura(m_invoices); });
+    m_fatura->enter();
 }
 
 void Rooms::showPriceChanges()
 {
     showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+    m_fytdegisbul->enter();
 }
 
 void Rooms::showGenerator()
 {
     showForm(m_baruret, [this] {
         auto *form = new Baruret(m_desk.numbers(), m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showScan()
+{
+    showForm(m_scan, [this] {
+        auto *form = new ShelfScanForm(m_desk, m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showSavedQueues()
+{
+    showForm(m_savedQueues, [this] {
+        auto *form = new SavedQueues(m_desk, m_stkkart);
+        connect(form, &SavedQueues::chosen, &m_desk, &LabelDesk::openQueue, Qt::QueuedConnection);
         form->setModal(true);
         return form;
     });
@@ -172,6 +197,7 @@ void Rooms::chooseLayout(const PrintRequest &request)
 
 void Rooms::open()
 {
+    m_desk.keepQueue();
     m_strt.load();
 }
 
@@ -183,6 +209,7 @@ void Rooms::showStockList()
         giveMenu(form->menuButton());
         connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
         connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
+        connect(form, &stkkart::savedQueuesWanted, this, &Rooms::showSavedQueues);
         return form;
     });
 }

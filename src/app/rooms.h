@@ -15,6 +15,8 @@
 #include <QPointer>
 
 class Baruret;
+class SavedQueues;
+class ShelfScanForm;
 class baglan;
 class fatura;
 class fytdegisbul;
@@ -68,6 +70,8 @@ private:
     void showInvoices();
     void showPriceChanges();
     void showGenerator();
+    void showScan();
+    void showSavedQueues();
     void chooseLayout(const PrintRequest &request);
     void showLoginModal();
     void showSettings();
@@ -94,6 +98,8 @@ private:
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
     QPointer<Baruret> m_baruret;
+    QPointer<ShelfScanForm> m_scan;
+    QPointer<SavedQueues> m_savedQueues;
     QPointer<yazfrm> m_yazfrm;
     QPointer<fatura> m_fatura;
     QPointer<fytdegisbul> m_fytdegisbul;

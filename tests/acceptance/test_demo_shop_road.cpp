@@ -16,6 +16,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+PrintRequest wholeQueue(const PrintQueue &queue)
+{
+    PrintRequest request;
+    for (int row = 0; row < queue.size(); ++row)
+        request.rows.push_back(labelOf(queue.at(row), row));
+    return request;
+}
+
+} // namespace
+
+namespace {
+
 class DemoShop : public testing::Test
 {
 protected:
@@ -46,7 +58,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     const auto found = [&](const QString &text) {
-        desk.stkcinsibul(text);
+        desk.loader().stkcinsibul(text);
         return desk.stocks().size();
     };
     const int lower = found(u"süt"_s);
@@ -59,7 +71,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     // A quote breaks the statement: the user is told, list and queue stay.
     desk.ektm();
     const int listed = desk.stocks().size();
-    desk.stkcinsibul(u"Ali'nin"_s);
+    desk.loader().stkcinsibul(u"Ali'nin"_s);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(desk.stocks().size(), listed);
     EXPECT_EQ(desk.queue().size(), listed);
@@ -82,7 +94,8 @@ TEST_F(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     PriceChangeRequest request(shop.program);
-    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk.loader(),
+                     &StockLoader::fiyatdegisbul);
     request.send({first, today, QTime(8, 30), QTime(12, 0)});
     QStringList found;
     for (const StockRow &row : desk.stocks().rows())
@@ -115,15 +128,14 @@ TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
-    desk.stkkodbul(u"GID.001"_s);
+    desk.loader().stkkodbul(u"GID.001"_s);
     desk.ektm();
     PrintRun run(shop.program);
     const QStringList layouts = run.layouts().names();
     EXPECT_GE(layouts.size(), 4);
     shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
     for (const QString &layout : layouts) {
-        EXPECT_TRUE(run.yazzzz({PrintMode::all, desk.queue().labels()}, layout))
-            << layout.toStdString();
+        EXPECT_TRUE(run.yazzzz(wholeQueue(desk.queue()), layout)) << layout.toStdString();
     }
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
@@ -139,10 +151,10 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         shop.open();
         LabelDesk desk(shop.program);
         desk.loadPriceNumbers();
-        desk.stkkodbul(u"GID.001"_s);
+        desk.loader().stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);
-        run.start({PrintMode::all, desk.queue().labels()});
+        run.start(wholeQueue(desk.queue()));
         SettingsSession session(shop.program);
         session.load();
         session.serverkaydet(session.values());

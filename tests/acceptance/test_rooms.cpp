@@ -15,8 +15,8 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDir>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPointer>
@@ -138,11 +138,11 @@ TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
     click(list, u"fytdegisbul"_s);
     ASSERT_EQ(open<fytdegisbul>().size(), 1);
     const QPointer<fytdegisbul> form = open<fytdegisbul>().first();
-    form->findChild<QDateEdit *>(u"tr1"_s)->setDate(QDate(2000, 1, 1));
+    form->findChild<QLineEdit *>(u"tr1"_s)->setText(u"01.01.2000"_s);
     const auto *stocks = list->findChild<QTreeView *>(u"l1"_s)->model();
     QObject::connect(stocks, &QAbstractItemModel::rowsInserted, form.data(),
                      [&] { QTimer::singleShot(0, form.data(), &QWidget::close); });
-    QTest::keyClick(form->findChild<QDateEdit *>(u"tr1"_s), Qt::Key_Return);
+    QTest::keyClick(form->findChild<QLineEdit *>(u"tr1"_s), Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return list->findChild<QPushButton *>(u"ektm"_s)->isEnabled(); }, 60'000));

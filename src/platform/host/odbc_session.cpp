@@ -227,21 +227,36 @@ OdbcSession::~OdbcSession()
 
 RecordSet OdbcSession::execute(const QString &statement, BoundedCalls::Life &life)
 {
+    RecordSet result;
+    run(statement, life, [&](RecordSet rows) {
+        if (result.columns().isEmpty())
+            result = std::move(rows);
+    });
+    return result;
+}
+
+void OdbcSession::executeBatch(const QString &batch, std::vector<RecordSet> &answers,
+                               BoundedCalls::Life &life)
+{
+    run(batch, life, [&](RecordSet rows) { answers.push_back(std::move(rows)); });
+}
+
+void OdbcSession::run(const QString &statement, BoundedCalls::Life &life,
+                      const std::function<void(RecordSet)> &take)
+{
     const Handle handle(SQL_HANDLE_STMT, m_connection.get());
     SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(kTimeOut), SQL_IS_UINTEGER);
     SQLRETURN code =
         SQLExecDirectW(handle.get(), wide(statement), static_cast<SQLINTEGER>(statement.size()));
-    RecordSet result;
     if (code == SQL_NO_DATA) // an update that found no row
         code = SQL_SUCCESS;
     for (; code != SQL_NO_DATA; code = SQLMoreResults(handle.get())) {
         check(code, handle, statement);
         life.show();
         RecordSet rows = readRows(handle, statement, life);
-        if (result.columns().isEmpty())
-            result = std::move(rows);
+        if (!rows.columns().isEmpty())
+            take(std::move(rows));
     }
-    return result;
 }
 
 /// The rows of the result the statement stands on; empty when it is none.

@@ -1,4 +1,4 @@
-#include "platform/machine/whole_file.h"
+#include "common/whole_file.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

@@ -1,4 +1,4 @@
-#include "platform/host/turkish_order.h"
+#include "common/turkish_order.h"
 
 #include "common/turkish.h"
 
