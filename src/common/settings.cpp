@@ -2,6 +2,7 @@
 
 #include "common/settings_table.h"
 
+#include <QList>
 #include <QStringBuilder>
 
 using namespace Qt::StringLiterals;

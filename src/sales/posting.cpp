@@ -86,8 +86,7 @@ struct DrawnCounter
 class Posting
 {
 public:
-    Posting(Program &program, const Settings &settings, const Sale &sale,
-            PostingProgress &progress)
+    Posting(Program &program, const Settings &settings, const Sale &sale, PostingProgress &progress)
         : m_program(program), m_progress(progress), m_sale(withoutGrouping(sale)),
           m_header(headerOf(settings, m_sale)),
           m_grand(amount::parse(m_sale.totals.grand).value_or(0.0))

@@ -462,7 +462,7 @@ void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult 
 void TillSession::printReport(const PostingReport &report)
 {
     try {
-        printReceipt(m_program, m_settings.yazici1, drawText(m_layout, report.text));
+        printReceipt(m_program, m_settings.yazici.yazici1, drawText(m_layout, report.text));
     } catch (const PrintError &error) {
         m_program.warn(u"Yazdırılamadı: %1"_s.arg(error.text()));
     }
