@@ -1,6 +1,14 @@
 #include "paper/paged_canvas.h"
 
+#include "paper/millimetres.h"
+
 #include <QPagedPaintDevice>
+
+namespace {
+
+constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length to whole dots
+
+} // namespace
 
 QSizeF resolution(const QPaintDevice &device)
 {
@@ -33,4 +41,21 @@ bool PagedCanvas::end()
 void PagedCanvas::paint(std::span<const DrawCommand> commands, QPointF origin)
 {
     m_commands->paint(commands, origin);
+}
+
+bool PagedCanvas::paintStrip(const std::vector<DrawCommand> &commands)
+{
+    const double sheet =
+        toMillimetres({0, static_cast<double>(m_device.height())}, m_fonts.dpi()).y();
+    double top = 0;
+    for (const DrawCommand &command : commands) {
+        const QRectF box = boundingBox(command, m_fonts);
+        if (box.bottom() - top > sheet + kBottomTolerance && box.top() > top) {
+            if (!newPage())
+                return false;
+            top = box.top();
+        }
+        paint({&command, 1}, {0, -top});
+    }
+    return true;
 }

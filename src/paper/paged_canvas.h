@@ -27,7 +27,11 @@ public:
     bool end();
 
     /// Draws on the current page, the commands' zero point at `origin` (mm).
-    void paint(std::span<const DrawCommand> commands, QPointF origin);
+    void paint(std::span<const DrawCommand> commands, QPointF origin = {});
+
+    /// Draws a strip from its upper end down, with a new page wherever a command would no longer go
+    /// on the paper; false when the device refuses a page.
+    bool paintStrip(const std::vector<DrawCommand> &commands);
 
     const DeviceFonts &fonts() const { return m_fonts; }
 

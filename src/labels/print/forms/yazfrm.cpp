@@ -37,15 +37,15 @@ yazfrm::~yazfrm() = default;
 
 void yazfrm::choose(const QString &name)
 {
-    const auto found = m_ui->liste->findItems(layoutFileName(name), Qt::MatchFixedString);
-    m_chosen = found.isEmpty() ? QString() : found.first()->text();
+    m_chosen = m_run.layouts().find(name);
+    const auto found = m_ui->liste->findItems(m_chosen, Qt::MatchExactly);
     {
         // The list follows the box without writing into it: the user may still be typing.
         const QSignalBlocker quiet(m_ui->liste);
         m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
     }
     m_layout = m_chosen.isEmpty() ? LabelLayout() : m_run.layouts().open(m_chosen);
-    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : PrintRun::describe(m_layout));
+    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen, m_layout));
     showPrinter();
     showPreview();
 }
