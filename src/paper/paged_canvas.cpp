@@ -10,13 +10,29 @@ constexpr double kBottomTolerance = 0.5; ///< mm; rounding of the paper's length
 
 } // namespace
 
+void paintCalibrated(CommandPainter &painter, std::span<const DrawCommand> commands, QPointF origin,
+                     const Calibration &calibration)
+{
+    if (calibration.scale == 1) {
+        painter.paint(commands, calibration.isNone() ? origin : calibration.place(origin));
+        return;
+    }
+    std::vector<DrawCommand> drawn;
+    drawn.reserve(commands.size());
+    for (const DrawCommand &command : commands)
+        drawn.push_back(scaled(command, calibration.scale));
+    painter.paint(drawn, calibration.place(origin));
+}
+
 QSizeF resolution(const QPaintDevice &device)
 {
     return {static_cast<double>(device.logicalDpiX()), static_cast<double>(device.logicalDpiY())};
 }
 
-PagedCanvas::PagedCanvas(QPagedPaintDevice &device, const QString &pictures)
-    : m_device(device), m_fonts(resolution(device)), m_pictures(pictures)
+PagedCanvas::PagedCanvas(QPagedPaintDevice &device, const QString &pictures,
+                         const Calibration &calibration)
+    : m_device(device), m_fonts(resolution(device)), m_pictures(pictures),
+      m_calibration(calibration)
 {}
 
 bool PagedCanvas::begin()
@@ -40,7 +56,7 @@ bool PagedCanvas::end()
 
 void PagedCanvas::paint(std::span<const DrawCommand> commands, QPointF origin)
 {
-    m_commands->paint(commands, origin);
+    paintCalibrated(*m_commands, commands, origin, m_calibration);
 }
 
 bool PagedCanvas::paintStrip(const std::vector<DrawCommand> &commands)

@@ -29,6 +29,15 @@ qint64 PrintJob::labelCount() const
     return count;
 }
 
+qint64 PrintJob::placeAfter() const
+{
+    const qint64 places = grid.places();
+    if (places == 0)
+        return 1;
+    const qint64 first = firstPlace <= places ? std::max<qint64>(firstPlace, 1) : 1;
+    return (first - 1 + labelCount()) % places + 1;
+}
+
 PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows)
 {
     PrintJob job;

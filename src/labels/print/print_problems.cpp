@@ -66,13 +66,11 @@ private:
     /// The place that lies farthest right and the one farthest down, of those printed on.
     QPointF farthestPlace() const
     {
-        GridWalk walk(m_job.grid);
+        GridWalk walk(m_job.grid, m_job.firstPlace);
         QPointF farthest;
         const qint64 labels = std::min<qint64>(m_job.labelCount(), kMostPlaces);
         for (qint64 i = 0; i < labels; ++i) {
             const GridWalk::Place place = walk.next();
-            if (place.newPage)
-                break;
             farthest = {std::max(farthest.x(), static_cast<double>(place.x)),
                         std::max(farthest.y(), static_cast<double>(place.y))};
         }
@@ -94,6 +92,12 @@ private:
         m_ofRows.push_back({false, row.queueRow, name, element, text});
     }
 
+    bool isKnown(const QString &field) const
+    {
+        return std::any_of(m_job.rows.cbegin(), m_job.rows.cend(),
+                           [&](const LabelRow &row) { return isKnownField(field, row); });
+    }
+
     void lookAtLayout()
     {
         if (!m_job.grid.isCountable())
@@ -102,7 +106,7 @@ private:
         for (std::size_t i = 0; i < m_job.texts.size(); ++i) {
             const QString &field = m_job.texts[i].field;
             m_hasPrice = m_hasPrice || field == kPriceField;
-            if (!field.isEmpty() && !isKnownField(field))
+            if (!field.isEmpty() && !isKnown(field))
                 layoutProblem(elementRef(ElementKind::text, i),
                               u"“%1” adlı alan yok, yeri boş kalır"_s.arg(shortened(field)));
         }
@@ -176,8 +180,8 @@ private:
         // The farthest places of the sheet decide; the first ones where something stands out left.
         const QPointF first(static_cast<double>(m_job.grid.left),
                             static_cast<double>(m_job.grid.top));
-        const QPointF start = ink.topLeft() + first;
-        const QPointF end = ink.bottomRight() + m_farthest;
+        const QPointF start = m_surface.calibration.place(ink.topLeft() + first);
+        const QPointF end = m_surface.calibration.place(ink.bottomRight() + m_farthest);
         Beyond &most = m_beyond[{command.element.kind, command.element.index}];
         most.left = std::max(most.left, -start.x());
         most.above = std::max(most.above, -start.y());

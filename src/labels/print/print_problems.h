@@ -1,6 +1,7 @@
 #pragma once
 
 #include "labels/print/label_builder.h"
+#include "paper/calibration.h"
 
 #include <QAbstractTableModel>
 
@@ -22,6 +23,7 @@ struct PrintSurface
     QSizeF dpi;       ///< dots per inch, across and down
     QSizeF area;      ///< mm the printer can reach from where it counts; empty: not known
     QString pictures; ///< folder of the pictures
+    Calibration calibration;
 };
 
 /// Looks through everything that is to be printed before anything is: first what is wrong with the

@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "labels/print/label_builder.h"
+#include "labels/print/label_fields.h"
 #include "labels/print/label_preview.h"
 #include "paper/millimetres.h"
 #include "paper/paged_canvas.h"
@@ -16,6 +17,14 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QStringList boundFields(const LabelLayout &layout)
+{
+    QStringList names;
+    for (const TextElement &text : layout.texts)
+        names += text.field;
+    return names;
+}
 
 const QString kKept = u" Etiketler kuyrukta duruyor."_s;
 
@@ -147,6 +156,8 @@ bool PrintRun::prepare(const PrintRequest &request, const QString &name)
     }
     const LabelLayout chosen = m_layouts.open(name);
     m_pending = {name, chosen.printer, makePrintJob(chosen, request.rows), {}};
+    readFields(m_program, boundFields(chosen), m_pending.job.rows);
+    m_pending.job.firstPlace = request.firstPlace;
     if (m_pending.job.labelCount() == 0)
         return false;
     if (yazicitamam(chosen, name))
@@ -162,9 +173,11 @@ std::vector<PrintProblem> PrintRun::problems() const
     const QSizeF dpi = resolution(device);
     const QPointF reach = toMillimetres(
         {static_cast<double>(device.width()), static_cast<double>(device.height())}, dpi);
-    return findPrintProblems(m_pending.job, {.dpi = dpi,
-                                             .area = {reach.x(), reach.y()},
-                                             .pictures = pictureFolder(m_program.directory())});
+    return findPrintProblems(m_pending.job,
+                             {.dpi = dpi,
+                              .area = {reach.x(), reach.y()},
+                              .pictures = pictureFolder(m_program.directory()),
+                              .calibration = m_memory.calibration(m_pending.printer)});
 }
 
 bool PrintRun::printPending()
@@ -177,6 +190,7 @@ bool PrintRun::printPending()
             return finish(false);
         }
         m_document->finish();
+        m_memory.setNextPlace(m_pending.layout, m_pending.job.placeAfter());
         const QString where = m_pending.printer == kPdfPrinter
                                   ? u"PDF dosyası cikti klasöründe"_s
                                   : u"yazıcı: %1"_s.arg(m_pending.printer);
@@ -204,7 +218,8 @@ bool PrintRun::yaziciseciver(const QString &device, const PrinterSetup &setup)
 
 void PrintRun::paint(const PrintJob &job)
 {
-    PagedCanvas canvas(m_document->device(), pictureFolder(m_program.directory()));
+    PagedCanvas canvas(m_document->device(), pictureFolder(m_program.directory()),
+                       m_memory.calibration(m_pending.printer));
     if (!canvas.begin())
         throw PrintError(u"Yazıcı yazdırmaya başlayamadı."_s + kKept);
     bool complete = false;
@@ -215,7 +230,7 @@ void PrintRun::paint(const PrintJob &job)
 
     const qint64 labels = job.labelCount();
     LabelBuilder builder(job, canvas.fonts());
-    GridWalk walk(job.grid);
+    GridWalk walk(job.grid, job.firstPlace);
     m_pages = 1;
 
     qint64 label = 0;

@@ -7,6 +7,7 @@
 #include "labels/print/print_memory.h"
 #include "labels/print/print_problems.h"
 #include "labels/print/print_request.h"
+#include "labels/print/printer_setting.h"
 
 #include <QImage>
 #include <QObject>
@@ -24,6 +25,8 @@ public:
     bool isRunning() const { return m_running; }
 
     LayoutFolder &layouts() { return m_layouts; }
+    PrintMemory &memory() { return m_memory; }
+    PrinterSetting printerSetting(const LabelLayout &layout) const { return {m_program, layout}; }
 
     /// The first label of a request in a layout, no larger than `most` pixels.
     QImage preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const;
