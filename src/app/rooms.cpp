@@ -6,6 +6,7 @@
 #include "labels/desk/forms/saved_queues.h"
 #include "labels/desk/forms/shelf_scan_form.h"
 #include "labels/desk/forms/stkkart.h"
+#include "labels/print/forms/print_problems.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
 #include "platform/machine/window_style.h"
@@ -74,8 +75,8 @@ Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
     for (QWidget *form : std::initializer_list<QWidget *>{
-             m_baruret, m_scan, m_savedQueues, m_yazfrm, m_designer, m_parametre, m_login, m_baglan,
-             m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
+             m_baruret, m_scan, m_savedQueues, m_problems, m_yazfrm, m_designer, m_parametre,
+             m_login, m_baglan, m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -119,6 +120,7 @@ void Rooms::connectPrinting()
     connect(&m_desk.printing(), &LabelPrinting::printWanted, &m_print, &PrintRun::start);
     connect(&m_print, &PrintRun::finished, &m_desk.printing(), &LabelPrinting::runEnded);
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
+    connect(&m_print, &PrintRun::problemsFound, this, &Rooms::showProblems);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
 }
@@ -191,6 +193,16 @@ void Rooms::chooseLayout(const PrintRequest &request)
     showForm(m_yazfrm, [&] {
         auto *form = new yazfrm(m_print, request, m_stkkart);
         form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showProblems(const std::vector<PrintProblem> &problems)
+{
+    showForm(m_problems, [&] {
+        auto *form = new PrintProblems(m_print, problems, m_stkkart);
+        form->setModal(true);
+        connect(form, &PrintProblems::rowWanted, &m_desk, &LabelDesk::rowWanted);
         return form;
     });
 }

@@ -23,6 +23,7 @@ class fytdegisbul;
 class kakknd;
 class login;
 class parametre;
+class PrintProblems;
 class PrintProgress;
 class ReceiptDesigner;
 class stfatura;
@@ -73,6 +74,7 @@ private:
     void showScan();
     void showSavedQueues();
     void chooseLayout(const PrintRequest &request);
+    void showProblems(const std::vector<PrintProblem> &problems);
     void showLoginModal();
     void showSettings();
     void applySettings();
@@ -100,6 +102,7 @@ private:
     QPointer<Baruret> m_baruret;
     QPointer<ShelfScanForm> m_scan;
     QPointer<SavedQueues> m_savedQueues;
+    QPointer<PrintProblems> m_problems;
     QPointer<yazfrm> m_yazfrm;
     QPointer<fatura> m_fatura;
     QPointer<fytdegisbul> m_fytdegisbul;

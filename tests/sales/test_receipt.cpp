@@ -1,13 +1,11 @@
+#include "paper/paged_canvas.h"
 #include "sales/priced_line.h"
 #include "sales/receipt_commands.h"
-#include "sales/receipt_painter.h"
 #include "sales/receipt_store.h"
 #include "sales/till_shop.h"
 #include "support/golden.h"
 
 #include <QBuffer>
-#include <QImage>
-#include <QPainter>
 #include <QPdfWriter>
 
 #include <gtest/gtest.h>
@@ -60,10 +58,10 @@ TEST(Receipt, EmptyBlocksPrintNothingAndThePrinterKeepsItsFont)
     layout.belowText.clear();
     layout.namedFonts = false;
     const ReceiptPage page = drawReceipt(layout, receiptAt(QTime(9, 5)));
-    EXPECT_TRUE(page.texts.front().bold);
-    EXPECT_EQ(page.texts.front().points, 12.0);
-    for (const ReceiptText &text : page.texts)
-        EXPECT_EQ(text.font, QString());
+    EXPECT_TRUE(page.texts.front().font.bold);
+    EXPECT_EQ(page.texts.front().font.size, 12.0);
+    for (const TextBlock &text : page.texts)
+        EXPECT_EQ(text.font.name, QString());
     EXPECT_EQ(page.texts[2].text, u"TARİH: 07.03.2026  SAAT: 9:5"_s);
     EXPECT_TRUE(page.texts.back().text.startsWith(u'*'));
 
@@ -104,22 +102,21 @@ TEST(Receipt, DamagedOptionsGiveAPlainStyle)
 
 TEST(Receipt, LongTextsStayInTheirRoom)
 {
-    ReceiptText name{0, 0, 30, u"DejaVu Sans"_s, 9, false, true, QString(200, u'W')};
-    ReceiptText figure{0, 0, 20, u"DejaVu Sans"_s, 9, false, false, u"*123.456.789.012,00"_s};
-    for (const ReceiptText &text : {name, figure}) {
-        QImage image(800, 60, QImage::Format_Grayscale8);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        paintText(painter, text, QSizeF(254, 254), 0); // ten dots in a millimetre
-        painter.end();
-        int rightmost = 0;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = rightmost; x < image.width(); ++x)
-                if (qGray(image.pixel(x, y)) < 128)
-                    rightmost = x;
-        EXPECT_GT(rightmost, 100);
-        EXPECT_LE(rightmost, static_cast<int>(text.width * 10) + 2);
+    const DeviceFonts fonts({203, 203});
+    Receipt receipt = receiptAt(QTime(9, 5));
+    receipt.sale.lines[0][SaleColumn::name] = u"Siyah Çay Dökme Tomurcuk 1.000 g"_s;
+    receipt.sale.lines[0][SaleColumn::quantity] = u"123.456,789"_s;
+    const ReceiptPage page = drawReceipt(plainLayout(), receipt);
+    const auto commands = receiptCommands(page, fonts);
+    ASSERT_EQ(commands.size(), page.texts.size());
+    QStringList texts;
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        EXPECT_LE(boundingBox(commands[i], fonts).right(), page.texts[i].box.right() + 0.01);
+        texts += std::get<TextCommand>(commands[i].shape).text;
     }
+    EXPECT_TRUE(texts.contains(u"Siyah … 1.000 g"_s)) << texts.join(u'|').toStdString();
+    EXPECT_TRUE(texts.contains(u"123.456,789X"_s));
+    EXPECT_EQ(std::get<TextCommand>(commands[5].shape).font.size, 9.0); // the name keeps its type
 }
 
 TEST(Receipt, PaperThatEndsGetsANewPage)
@@ -130,7 +127,11 @@ TEST(Receipt, PaperThatEndsGetsANewPage)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    EXPECT_TRUE(paintReceipt(writer, drawReceipt(plainLayout(), receipt)));
+    PagedCanvas canvas(writer);
+    ASSERT_TRUE(canvas.begin());
+    EXPECT_TRUE(
+        canvas.paintStrip(receiptCommands(drawReceipt(plainLayout(), receipt), canvas.fonts())));
+    EXPECT_TRUE(canvas.end());
     EXPECT_EQ(buffer.data().count("/Type /Page\n"), 5);
 }
 

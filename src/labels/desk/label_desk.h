@@ -118,6 +118,8 @@ Q_SIGNALS:
     void undoChanged(bool possible);
     /// The labels of this row are being printed.
     void rowPrinting(int queueRow);
+    /// The user wants to see to a row before it is printed.
+    void rowWanted(int queueRow);
     /// A count was taken; one that was not leaves its box as it is.
     void countSet();
     void allCountsSet();

@@ -62,7 +62,8 @@ LabelRow labelOf(const QueueRow &row, int place)
             .stockName = row.name,
             .price = row.price,
             .count = row.count,
-            .queueRow = place};
+            .queueRow = place,
+            .unit = row.unitName};
 }
 
 PrintQueue::PrintQueue(QObject *parent)

@@ -146,6 +146,10 @@ void stkkart::connectDesk()
     m_ui->statusBar->watch(m_desk);
     connect(&m_desk, &LabelDesk::rowsQueued, m_ui->l2, &ListView::selectRows);
     connect(&m_desk, &LabelDesk::rowPrinting, m_ui->l2, &ListView::markRow);
+    connect(&m_desk, &LabelDesk::rowWanted, this, [this](int row) {
+        m_ui->l2->selectRow(row);
+        m_ui->l2->setFocus();
+    });
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
     connect(&m_desk, &LabelDesk::importReported, this, [this](const QString &problems) {
         auto *report = new TextReport(u"Dosyadan Ekle"_s,
