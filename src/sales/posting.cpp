@@ -98,7 +98,8 @@ public:
 
     PostingResult run()
     {
-        DrawnCounter stock{ledger::kStockCounter, u"Stok fişi"_s, u"stok fişi"_s};
+        DrawnCounter stock{ledger::kStockCounter, u"Stok fişi"_s,
+                           u"stok fişi ve faturadaki fiş bağı"_s};
         DrawnCounter account{ledger::kAccountCounter, u"Cari fişi"_s, u"cari fişi"_s};
         DrawnCounter invoice{ledger::kInvoiceCounter, u"Fatura"_s,
                              u"fatura, fatura toplamları ve cari hareketi"_s};
@@ -120,6 +121,15 @@ public:
 
 private:
     RecordSet read(const QString &statement) { return m_program.openCompany().execute(statement); }
+
+    /// Numbers of documents hang on these: a read that failed is tried once more.
+    RecordSet readStubbornly(const QString &statement)
+    {
+        RecordSet rows;
+        if (!resumeNext([&] { rows = read(statement); }))
+            rows = read(statement);
+        return rows;
+    }
 
     void write(const QString &statement)
     {
@@ -168,7 +178,7 @@ private:
     void draw(DrawnCounter &drawn)
     {
         const auto readRow = [&] {
-            const RecordSet row = read(ledger::counterRow(drawn.counter));
+            const RecordSet row = readStubbornly(ledger::counterRow(drawn.counter));
             if (row.eof()) {
                 m_program.warn(u"Evrakno Hatası..."_s);
             } else {
@@ -201,15 +211,12 @@ private:
         });
     }
 
-    /// The next reference number of a table. A read that ran out of time is tried once more; when
-    /// that fails too the number stays empty, and what needs it is not sent.
+    /// The next reference number of a table. When it cannot be read the number stays empty, and
+    /// what needs it is not sent.
     void drawReference(QStringView column, QStringView table, QString &reference)
     {
         const auto readHighest = [&] {
-            const QString statement = ledger::highestReference(column, table);
-            RecordSet highest;
-            if (!resumeNext([&] { highest = read(statement); }))
-                highest = read(statement);
+            const RecordSet highest = readStubbornly(ledger::highestReference(column, table));
             const double last = highest.eof() ? 0.0 : highest.number(u"TOTAL");
             reference = QString::number(last + 1.0, 'f', 0);
         };
