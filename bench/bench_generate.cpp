@@ -46,10 +46,8 @@ void gather(LabelDesk &desk)
         rows.push_back({.barcode = {},
                         .code = u"YENI%1"_s.arg(i, 6, 10, QChar(u'0')),
                         .name = u"Yeni ürün %1"_s.arg(i),
-                        .unit = u"ADET (BIRIM1)"_s,
-                        .price = u"12,50"_s,
-                        .count = u"1"_s,
-                        .tag = u"1"_s});
+                        .unitName = u"ADET"_s,
+                        .price = u"12,50"_s});
     desk.clearQueue();
     desk.stocks().clear();
     desk.stocks().append(rows);
@@ -68,7 +66,7 @@ void generateAndSave(benchmark::State &state)
 {
     static Shop shop;
     LabelDesk desk(shop.machine.program);
-    desk.olcuyukle();
+    desk.loadPriceNumbers();
     const QString base = QString::number(kLastTakenBase - kTaken);
     qint64 total = 0;
     qint64 floor = 0;

@@ -5,8 +5,8 @@
 // and, without a floor, totals after a change in a list of 2,000 lines.
 
 #include "big_shop.h"
+#include "common/host_queries.h"
 #include "recorded_host.h"
-#include "sales/sale_queries.h"
 #include "sales/till_session.h"
 
 #include <QElapsedTimer>
@@ -59,9 +59,9 @@ void fill(TillSession &till, int lines)
 
 void bareLookup(HostConnection &host, int stock)
 {
-    host.execute(queries::barcodeRow(BigShop::barcode(stock)));
-    host.execute(queries::stockCard(BigShop::code(stock)));
-    host.execute(queries::pricesOfStock(BigShop::code(stock)));
+    host.execute(host_queries::barcode(BigShop::barcode(stock)));
+    host.execute(host_queries::card(BigShop::code(stock)));
+    host.execute(host_queries::pricesOf(BigShop::code(stock)));
 }
 
 /// The list grows by one line per look-up and is brought back, outside the clock.
@@ -113,7 +113,7 @@ void postSale(benchmark::State &state)
     sale.lines = till.list(0).lines();
     sale.totals = till.totals(0);
     sale.moment = shop().machine.clock.moment;
-    const SaleSettings settings = oku(program);
+    const Settings settings = oku(program);
     static const BigShop twin(kStocks);
     static const auto twinHost = twin.openCompany();
 

@@ -4,6 +4,7 @@
 #include "platform/demo/demo_shop.h"
 #include "platform/demo/shipped_files.h"
 #include "platform/host/engine_connector.h"
+#include "platform/machine/private_file.h"
 #include "platform/machine/process_locale.h"
 #include "platform/machine/profile_key_file.h"
 #include "platform/machine/single_instance.h"
@@ -117,10 +118,20 @@ bool onlyAsks(int argc, char *argv[])
     return false;
 }
 
+/// The settings hold passwords: the file, its journal and the damaged ones that were kept.
+void hideSettings(const QString &directory)
+{
+    const QDir folder(directory);
+    for (const QString &name : folder.entryList({u"data.dbs*"_s}, QDir::Files))
+        makePrivate(folder.filePath(name));
+}
+
 /// A working folder without settings gets the demo shop. The settings come last: as long as they
 /// are missing, the next start tries again.
 void prepareFolder(Program &program)
 {
+    clearUnfinished(program.directory());
+    hideSettings(program.directory());
     if (QFile::exists(program.path(settings::kFile))) {
         const QString told = repairSettingsFile(program);
         if (!told.isEmpty())
@@ -145,8 +156,10 @@ int run(Application &app, const Options &options, const StartTimes &times)
         return 2;
     }
     SingleInstance instance(tourFolder.isEmpty() ? u"tezgah"_s : u"tezgah-tour"_s);
-    if (!instance.first())
+    if (!instance.first()) {
+        instance.tellFirst();
         return tourFolder.isEmpty() ? 0 : 1;
+    }
 
     const QString directory = QDir::currentPath();
     ProfileKeyFile keys;
@@ -170,6 +183,7 @@ int run(Application &app, const Options &options, const StartTimes &times)
     times.reached("folder");
 
     Rooms rooms(program, autostart);
+    instance.onFurtherStart([&rooms] { rooms.showLastWindow(); });
     program.handle([&] { rooms.open(); });
     std::unique_ptr<Tour> tour; // starts when a server that takes its time has been opened
     if (!tourFolder.isEmpty())

@@ -3,7 +3,10 @@
 #include "labels/desk/forms/baruret.h"
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
+#include "labels/desk/forms/saved_queues.h"
+#include "labels/desk/forms/shelf_scan_form.h"
 #include "labels/desk/forms/stkkart.h"
+#include "labels/print/forms/print_problems.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
 #include "platform/machine/window_style.h"
@@ -73,9 +76,10 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
 Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
-    for (QWidget *form : std::initializer_list<QWidget *>{
-             m_baruret, m_yazfrm, m_diagnosis, m_designer, m_parametre, m_login, m_baglan, m_kakknd,
-             m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
+    for (QWidget *form :
+         std::initializer_list<QWidget *>{m_baruret, m_scan, m_savedQueues, m_problems, m_yazfrm,
+                                          m_diagnosis, m_designer, m_parametre, m_login, m_baglan,
+                                          m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -86,7 +90,7 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     // A form that was closed while it still worked lives on unseen until it is done; it is not
     // shown again.
     if (!form || !form->isVisible()) {
-        const bool tillOnTop = m_stfatura && m_till.settings().staysOnTop();
+        const bool tillOnTop = m_stfatura && m_till.settings().liste.enust;
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
         fitToScreen(*form);
@@ -116,8 +120,10 @@ void Rooms::connectMenu()
 void Rooms::connectPrinting()
 {
     m_progress = std::make_unique<PrintProgress>(m_print);
-    connect(&m_desk, &LabelDesk::printWanted, &m_print, &PrintRun::start);
+    connect(&m_desk.printing(), &LabelPrinting::printWanted, &m_print, &PrintRun::start);
+    connect(&m_print, &PrintRun::finished, &m_desk.printing(), &LabelPrinting::runEnded);
     connect(&m_print, &PrintRun::layoutWanted, this, &Rooms::chooseLayout);
+    connect(&m_print, &PrintRun::problemsFound, this, &Rooms::showProblems);
     connect(&m_print, &PrintRun::rowStarted, &m_desk, &LabelDesk::rowPrinting);
     connect(&m_print, &PrintRun::statusChanged, &m_desk, &LabelDesk::statusChanged);
 }
@@ -130,7 +136,7 @@ void Rooms::connectDocuments()
         &m_invoices, &InvoicePicker::transferred, this,
         [this](const QList<InvoiceLine> &lines) {
             showStockList();
-            m_desk.listLines(lines);
+            m_desk.loader().listLines(lines);
         },
         Qt::QueuedConnection);
     connect(
@@ -138,26 +144,48 @@ void Rooms::connectDocuments()
         [this](const QString &fromDate, const QString &toDate, const QString &fromTime,
                const QString &toTime) {
             showStockList();
-            m_desk.fiyatdegisbul(fromDate, toDate, fromTime, toTime);
+            m_desk.loader().fiyatdegisbul(fromDate, toDate, fromTime, toTime);
         },
         Qt::QueuedConnection);
     connect(&m_desk.numbers(), &NumberDesk::generatorRequested, this, &Rooms::showGenerator);
+    connect(&m_desk, &LabelDesk::scanFormWanted, this, &Rooms::showScan);
 }
 
 void Rooms::showInvoices()
 {
     showForm(m_fatura, [this] { return new fatura(m_invoices); });
+    m_fatura->enter();
 }
 
 void Rooms::showPriceChanges()
 {
     showForm(m_fytdegisbul, [this] { return new fytdegisbul(m_changes); });
+    m_fytdegisbul->enter();
 }
 
 void Rooms::showGenerator()
 {
     showForm(m_baruret, [this] {
         auto *form = new Baruret(m_desk.numbers(), m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showScan()
+{
+    showForm(m_scan, [this] {
+        auto *form = new ShelfScanForm(m_desk, m_stkkart);
+        form->setModal(true);
+        return form;
+    });
+}
+
+void Rooms::showSavedQueues()
+{
+    showForm(m_savedQueues, [this] {
+        auto *form = new SavedQueues(m_desk, m_stkkart);
+        connect(form, &SavedQueues::chosen, &m_desk, &LabelDesk::openQueue, Qt::QueuedConnection);
         form->setModal(true);
         return form;
     });
@@ -172,28 +200,42 @@ void Rooms::chooseLayout(const PrintRequest &request)
     });
 }
 
+void Rooms::showProblems(const std::vector<PrintProblem> &problems)
+{
+    showForm(m_problems, [&] {
+        auto *form = new PrintProblems(m_print, problems, m_stkkart);
+        form->setModal(true);
+        connect(form, &PrintProblems::rowWanted, &m_desk, &LabelDesk::rowWanted);
+        return form;
+    });
+}
+
 void Rooms::open()
 {
+    m_desk.keepQueue();
     m_strt.load();
 }
 
 void Rooms::showStockList()
 {
+    m_showLast = &Rooms::showStockList;
     showForm(m_stkkart, [this] {
         auto *form = new stkkart(m_desk);
         giveMenu(form->menuButton());
         connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
         connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
+        connect(form, &stkkart::savedQueuesWanted, this, &Rooms::showSavedQueues);
         return form;
     });
 }
 
 void Rooms::showSales()
 {
+    m_showLast = &Rooms::showSales;
     showForm(m_stfatura, [this] {
         auto *form = new stfatura(m_till);
         giveMenu(form->menuButton());
-        keepOnTop(*form, m_till.settings().staysOnTop());
+        keepOnTop(*form, m_till.settings().liste.enust);
         return form;
     });
 }
@@ -204,7 +246,7 @@ void Rooms::reloadTill()
     if (!m_stfatura)
         return;
     m_till.load();
-    keepOnTop(*m_stfatura, m_till.settings().staysOnTop());
+    keepOnTop(*m_stfatura, m_till.settings().liste.enust);
 }
 
 void Rooms::showConnection()
@@ -214,8 +256,8 @@ void Rooms::showConnection()
         giveMenu(form->menuButton());
         connect(form, &baglan::loginWanted, this, &Rooms::showLoginModal);
         connect(form, &baglan::diagnosisWanted, this, [this, form] {
-            const ServerSettings &s = m_link.server();
-            showDiagnosis({s.server, s.user, s.password, s.master, s.company}, form);
+            const Settings::Server &s = m_link.server();
+            showDiagnosis({s.server, s.kuladi, s.sifre, s.msql, s.sql}, form);
         });
         connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded, Qt::QueuedConnection);
         return form;
@@ -257,7 +299,8 @@ void Rooms::showSettings()
         connect(session, &SettingsSession::saved, this, [this, session] {
             m_desk.loadPriceNumbers();
             reloadTill();
-            m_startWithMachine = session->values().c1;
+            m_startWithMachine = session->values().liste.winac;
+            m_serverChanged = session->values().server != m_link.server();
         });
         connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
@@ -273,12 +316,21 @@ void Rooms::applySettings()
 {
     if (!m_autostart.set(m_startWithMachine))
         m_program.caution(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s);
-    // The connection dialog looks at the master connection only, so a company name that was
-    // corrected while the master is open is tried here.
-    if (m_link.masterOpen() && !Program::isOpen(m_program.bag)) {
-        m_link.ayaroku();
+    // The connection dialog looks at the master connection only, so a company that did not open
+    // while the master is open is tried here.
+    if (std::exchange(m_serverChanged, false))
+        connectAnew();
+    else if (m_link.masterOpen() && !Program::isOpen(m_program.bag))
         m_link.sqlbaglan2();
-    }
+}
+
+/// Sale lists and queue stay: only the two connections are replaced.
+void Rooms::connectAnew()
+{
+    if (m_program.ask(
+            u"Sunucu bilgileri kaydedildi. Yeni sunucuya bağlanana kadar program eskisiyle "
+            "çalışır.\n\nŞimdi bağlanılsın mı?"_s))
+        m_link.sqlbaglan();
 }
 
 void Rooms::showReceiptDesigner()
@@ -343,7 +395,20 @@ void Rooms::end()
     QCoreApplication::exit(0);
 }
 
-/// Without a tray nobody could reach a program that shows no window.
+void Rooms::showLastWindow()
+{
+    if (QWidget *modal = QApplication::activeModalWidget()) {
+        modal->raise();
+        modal->activateWindow();
+    } else if (m_baglan && m_baglan->isVisible()) {
+        showConnection();
+    } else {
+        (this->*m_showLast)();
+    }
+}
+
+/// Without a tray nobody could reach a program that shows no window; with one the user is told
+/// where it is.
 void Rooms::endWhenNothingShows()
 {
     for (const QWidget *window : QApplication::topLevelWidgets())
@@ -351,11 +416,13 @@ void Rooms::endWhenNothingShows()
             return;
     if (!m_tray)
         end();
+    else if (!std::exchange(m_toldTray, true))
+        m_strt.tellWhereItIs();
 }
 
 void Rooms::giveMenu(QToolButton *button)
 {
     button->setMenu(m_strt.men());
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setVisible(!m_tray);
+    button->show();
 }

@@ -16,6 +16,8 @@
 #include <QPointer>
 
 class Baruret;
+class SavedQueues;
+class ShelfScanForm;
 class baglan;
 class DiagnosisDialog;
 class fatura;
@@ -23,6 +25,7 @@ class fytdegisbul;
 class kakknd;
 class login;
 class parametre;
+class PrintProblems;
 class PrintProgress;
 class ReceiptDesigner;
 class stfatura;
@@ -40,7 +43,8 @@ class Rooms final : public QObject
     Q_OBJECT
 
 public:
-    /// `tray`: whether the desktop shows the tray icon; without it the forms bear the main menu.
+    /// `tray`: whether the desktop shows the tray icon; without it the program ends with its last
+    /// window.
     Rooms(Program &program, Autostart &autostart,
           bool tray = QSystemTrayIcon::isSystemTrayAvailable());
     ~Rooms() override;
@@ -53,6 +57,9 @@ public:
     void showConnection();
     void showLogin();
     void showAbout();
+
+    /// Brings up the window used last, for a user who starts the program although it runs.
+    void showLastWindow();
 
     /// True when the program ended with its connection open: it is to start anew, so that a shop
     /// that has just corrected its server is not left without a window.
@@ -67,10 +74,14 @@ private:
     void showInvoices();
     void showPriceChanges();
     void showGenerator();
+    void showScan();
+    void showSavedQueues();
     void chooseLayout(const PrintRequest &request);
+    void showProblems(const std::vector<PrintProblem> &problems);
     void showLoginModal();
     void showSettings();
     void applySettings();
+    void connectAnew();
     void reloadTill();
     void showReceiptDesigner();
     void showDiagnosis(const DiagnosisTarget &target, QWidget *asker);
@@ -94,6 +105,9 @@ private:
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
     QPointer<Baruret> m_baruret;
+    QPointer<ShelfScanForm> m_scan;
+    QPointer<SavedQueues> m_savedQueues;
+    QPointer<PrintProblems> m_problems;
     QPointer<yazfrm> m_yazfrm;
     QPointer<fatura> m_fatura;
     QPointer<fytdegisbul> m_fytdegisbul;
@@ -104,7 +118,10 @@ private:
     QPointer<DiagnosisDialog> m_diagnosis;
     QPointer<kakknd> m_kakknd;
     std::unique_ptr<PrintProgress> m_progress;
+    void (Rooms::*m_showLast)() = &Rooms::showStockList; ///< the main window used last
+    bool m_toldTray = false;         ///< where the program is when no window shows
     bool m_startWithMachine = false; ///< as the settings were saved last
+    bool m_serverChanged = false;    ///< by the settings that were saved last
     bool m_ending = false;           ///< the user is being asked
     bool m_restart = false;
 };

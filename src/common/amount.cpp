@@ -12,8 +12,6 @@ namespace amount {
 
 namespace {
 
-constexpr int kMostLabels = 999'999;
-
 /// The decimal number a double stands for: its 15 significant digits without an exponent. What lies
 /// behind them is the error of binary arithmetic: 1.5 * 5.39 is 8.084999999999999.
 QString decimalNumber(double magnitude)
@@ -202,15 +200,13 @@ int integer(QStringView text, int least, int most)
 std::optional<int> labelCount(QStringView text)
 {
     const QStringView digits = text.trimmed();
-    if (digits.isEmpty() || digits.size() > 6)
+    if (digits.size() > 6)
         return {};
     for (const QChar c : digits)
         if (c < u'0' || c > u'9')
             return {};
     const int count = digits.toInt();
-    if (count < 1 || count > kMostLabels)
-        return {};
-    return count;
+    return count > 0 ? std::optional(count) : std::nullopt;
 }
 
 } // namespace amount

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/record_set.h"
+#include "common/settings.h"
 
 #include <QStringList>
 
@@ -20,6 +21,3 @@ struct CodeList
     /// The key of entry `index`; "" when there is no such entry.
     QString code(int index) const;
 };
-
-/// Joins keys and colours in settings values.
-inline constexpr QStringView kCodeMark = u"<1234>";

@@ -2,8 +2,6 @@
 
 #include "common/host_error.h"
 
-#include <QStringList>
-
 using namespace Qt::StringLiterals;
 
 namespace {

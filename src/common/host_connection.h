@@ -2,8 +2,11 @@
 
 #include "common/record_set.h"
 
+#include <QStringList>
+
 #include <functional>
 #include <memory>
+#include <vector>
 
 /// One open connection to a database of the host accounting system. Used from the user-interface
 /// thread, one statement at a time.
@@ -22,6 +25,15 @@ public:
     /// Runs one statement and returns all its rows (none for statements that return no rows).
     /// Takes 5 seconds at most before it gives up. Throws HostError.
     virtual RecordSet execute(const QString &statement) = 0;
+
+    /// Runs selects that do not depend on one another and appends their answers, both in this
+    /// order. Engines may send them in one round trip. Throws HostError, as the failing statement
+    /// alone would; the answers before it have been appended then.
+    virtual void executeAll(const QStringList &statements, std::vector<RecordSet> &answers)
+    {
+        for (const QString &statement : statements)
+            answers.push_back(execute(statement));
+    }
 };
 
 /// Opens connections: on the embedded engine when the server name is "(yerel)", else on SQL Server.

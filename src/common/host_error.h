@@ -16,7 +16,7 @@ public:
     static constexpr int kNoRow = 3021;                 ///< read past the end of the result
     static constexpr int kType = 13;                    ///< text where a number was needed
 
-    /// Why, as far as the server and its driver told it.
+    /// Why, as far as the server, its driver or the file told it: what the number does not say.
     enum class Cause
     {
         unknown,
@@ -26,7 +26,9 @@ public:
         database,   ///< not there, or closed to this user
         right,      ///< the user may not
         noTable,    ///< a table or column is not there
-        silent      ///< no answer in time
+        silent,     ///< no answer in time
+        file,       ///< a database file that cannot be used now: locked, no rights, disk full
+        damaged     ///< a file that is no database or a broken one
     };
 
     /// `text`: what the engine said; `statement`: the statement it was said of, may be empty.
@@ -37,9 +39,9 @@ public:
     {}
 
     int number() const { return m_number; }
+    Cause cause() const { return m_cause; }
     QString text() const { return QString::fromUtf8(what()); }
     const QString &statement() const { return m_statement; }
-    Cause cause() const { return m_cause; }
     bool connectionLost() const { return m_number == kConnectionLost; }
 
 private:

@@ -2,8 +2,6 @@
 
 #include "common/host_error.h"
 
-#include <QDir>
-
 using namespace Qt::StringLiterals;
 
 Program::Program(const Ports &ports, const QString &directory)
@@ -31,7 +29,8 @@ HostConnection &Program::company()
 HostConnection &Program::openCompany()
 {
     if (!isOpen(bag))
-        throw HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s);
+        throw bagFailure.value_or(
+            HostError(HostError::kConnectionLost, u"Şirket veritabanı bağlantısı açık değil."_s));
     return *bag;
 }
 
@@ -69,14 +68,16 @@ bool Program::ask(const QString &text)
 
 void Program::report(const std::exception &error)
 {
+    using Cause = HostError::Cause;
     const QString text = QString::fromUtf8(error.what());
     const auto *fault = dynamic_cast<const HostError *>(&error);
-    if (!fault) {
+    if (!fault || fault->cause() == Cause::file || fault->cause() == Cause::damaged) {
         warn(text);
         return;
     }
     QString told = u"Veritabanı hatası (%1):\n%2"_s.arg(fault->number()).arg(text);
-    if (fault->connectionLost())
+    if (fault->connectionLost() &&
+        (fault->cause() == Cause::unknown || fault->cause() == Cause::silent))
         told += u"\n\nİşlemi yineleyin: sunucuya yeniden bağlanılır."_s;
     warn(told);
 }

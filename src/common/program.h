@@ -2,6 +2,7 @@
 
 #include "common/clock.h"
 #include "common/host_connection.h"
+#include "common/host_error.h"
 #include "common/key_file.h"
 #include "common/local_database.h"
 #include "common/printers.h"
@@ -10,6 +11,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 
 /// What the program needs of the machine; built in main() or by a test.
 struct Ports
@@ -43,9 +45,10 @@ public:
 
     std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
     std::unique_ptr<HostConnection> bag;    ///< company connection
+    std::optional<HostError> bagFailure;    ///< why it did not open
     VatTable kdvtab;
     int cevap = 0;                ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
-    std::array<QString, 88> sira; ///< start-up index table
+    std::array<QString, 88> sira; ///< start-up index table; read by nothing yet
 
     /// Absolute path of a file of the working folder.
     QString path(QStringView name) const;

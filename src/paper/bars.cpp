@@ -2,11 +2,16 @@
 
 #include "paper/millimetres.h"
 
+#include <QFontMetricsF>
+
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double kSlack = 1e-3; ///< dots lost to single precision
+constexpr double kSlack = 1e-3;      ///< dots lost to single precision
+constexpr double kDigitShare = 0.35; ///< of a symbol's height, at most, goes to its digits
+constexpr int kSmallestDigits = 4;   ///< dots; smaller digits are left out
 
 bool canHoldBars(const QRectF &box)
 {
@@ -37,6 +42,33 @@ std::optional<BarsGeometry> fitBars(const BarSymbol &symbol, const QRectF &box, 
     geometry.top = qRound(box.top() * perMmY);
     geometry.bottom = geometry.top + height;
     return geometry;
+}
+
+DigitStyle digitStyle(const BarSymbol &symbol, const BarsGeometry &geometry, QFont wanted)
+{
+    const int height = geometry.bottom - geometry.top;
+    const QFontMetricsF metrics(wanted);
+    double scale = std::min(1.0, height * kDigitShare / metrics.capHeight());
+    for (const DigitGroup &group : symbol.groups) {
+        const double room = (group.width - 1) * geometry.module;
+        const double width =
+            static_cast<double>(group.digits.size()) * metrics.horizontalAdvance(u'0');
+        scale = std::min(scale, room / width);
+    }
+    wanted.setPixelSize(std::max(static_cast<int>(wanted.pixelSize() * scale), 1));
+
+    const QFontMetricsF fitted(wanted);
+    const bool readable = wanted.pixelSize() >= kSmallestDigits;
+    return {wanted, fitted.horizontalAdvance(u'0'),
+            readable ? static_cast<int>(std::ceil(fitted.capHeight())) : 0};
+}
+
+int barsBottom(const BarsGeometry &geometry, const DigitStyle &digits)
+{
+    const int guards = kGuardDepth * geometry.module;
+    const int text = digits.height > 0 ? digits.height + geometry.module : 0;
+    const int beneath = std::min(std::max(text, guards), (geometry.bottom - geometry.top) / 2);
+    return geometry.bottom - beneath;
 }
 
 std::vector<QRect> barRectangles(const BarSymbol &symbol, const BarsGeometry &geometry, int bottom,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QRect>
 #include <QSizeF>
 #include <QString>
@@ -35,6 +36,7 @@ struct BarSymbol
     int modules = 0;
     int quietLeft = 0;
     int quietRight = 0;
+    double barHeight = 0; ///< of bars that are not cut low
     std::vector<Bar> bars;
     std::vector<DigitGroup> groups;
 
@@ -61,6 +63,21 @@ struct BarsGeometry
 /// zones stay inside, the symbol in the middle. Nothing when not even one dot per module fits, or
 /// for boxes no paper has. `dpi`: dots per inch, across and down.
 std::optional<BarsGeometry> fitBars(const BarSymbol &symbol, const QRectF &box, QSizeF dpi);
+
+/// The digits beneath the bars, in one size in which every group fits beneath its bars.
+struct DigitStyle
+{
+    QFont font;
+    double advance = 0; ///< dots, of one digit
+    int height = 0;     ///< dots; 0: they would be too small to be read and are left out
+};
+
+/// `wanted`: the font of the digits, made smaller where it must be.
+DigitStyle digitStyle(const BarSymbol &symbol, const BarsGeometry &geometry, QFont wanted);
+
+/// Lower end (dots) of the bars that are no guards: room is left for the digits and the guards, but
+/// at most half of the box.
+int barsBottom(const BarsGeometry &geometry, const DigitStyle &digits);
 
 /// The bars as rectangles, one each, ending at `bottom`, guard bars at `guardBottom`.
 std::vector<QRect> barRectangles(const BarSymbol &symbol, const BarsGeometry &geometry, int bottom,

@@ -3,21 +3,12 @@
 #include "paper/millimetres.h"
 #include "paper/turned_text.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr double kDigitShare = 0.35; ///< of a symbol's height, at most, goes to its digits
-constexpr int kSmallestDigits = 4;   ///< dots; smaller digits are left out
-
-} // namespace
 
 CommandPainter::CommandPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures)
     : m_painter(painter), m_fonts(fonts), m_pictures(pictures)
@@ -67,57 +58,38 @@ void CommandPainter::draw(const BarsCommand &bars, QPointF origin)
     if (!geometry)
         return;
 
-    const DigitFont &font = digitFont(bars, *geometry);
-    const int gap = geometry->module;
-    const int guards = kGuardDepth * geometry->module;
-    const int digits = font.digitHeight > 0 ? font.digitHeight + gap : 0;
-    const int beneath = std::min(std::max(digits, guards), (geometry->bottom - geometry->top) / 2);
-    const int bottom = geometry->bottom - beneath;
-
-    const auto rectangles =
-        barRectangles(bars.symbol, *geometry, bottom, std::min(bottom + guards, geometry->bottom));
+    const DigitStyle &style = digits(bars, *geometry);
+    const int bottom = barsBottom(*geometry, style);
+    const int guards = std::min(bottom + kGuardDepth * geometry->module, geometry->bottom);
+    const auto rectangles = barRectangles(bars.symbol, *geometry, bottom, guards);
     m_painter.setPen(Qt::NoPen);
     m_painter.setBrush(QColor(bars.colour));
     m_painter.drawRects(rectangles.data(), static_cast<int>(rectangles.size()));
-    if (font.digitHeight > 0)
-        drawDigits(bars, *geometry, font, bottom + gap + font.digitHeight);
+    if (style.height > 0)
+        drawDigits(bars, *geometry, style, bottom + geometry->module + style.height);
 }
 
-const CommandPainter::DigitFont &CommandPainter::digitFont(const BarsCommand &bars,
-                                                           const BarsGeometry &geometry)
+const DigitStyle &CommandPainter::digits(const BarsCommand &bars, const BarsGeometry &geometry)
 {
     const int height = geometry.bottom - geometry.top;
-    for (const DigitFont &known : m_digitFonts)
+    for (const KnownDigits &known : m_digits)
         if (known.source == bars.font && known.symbology == bars.symbol.name &&
             known.module == geometry.module && known.height == height)
-            return known;
-
-    // The element's font, made smaller until every group of digits fits beneath its bars.
-    QFont font = m_fonts.find(bars.font).font();
-    const QFontMetricsF wanted(font);
-    double scale = std::min(1.0, height * kDigitShare / wanted.capHeight());
-    for (const DigitGroup &group : bars.symbol.groups) {
-        const double room = (group.width - 1) * geometry.module;
-        const double width =
-            static_cast<double>(group.digits.size()) * wanted.horizontalAdvance(u'0');
-        scale = std::min(scale, room / width);
-    }
-    font.setPixelSize(std::max(static_cast<int>(font.pixelSize() * scale), 1));
-
-    const QFontMetricsF metrics(font);
-    const bool readable = font.pixelSize() >= kSmallestDigits;
-    const int digitHeight = readable ? static_cast<int>(std::ceil(metrics.capHeight())) : 0;
-    return m_digitFonts.emplace_back(DigitFont{bars.font, bars.symbol.name, geometry.module, height,
-                                               font, metrics.horizontalAdvance(u'0'), digitHeight});
+            return known.style;
+    const QFont wanted = m_fonts.find(bars.font).font();
+    return m_digits
+        .emplace_back(KnownDigits{bars.font, bars.symbol.name, geometry.module, height,
+                                  digitStyle(bars.symbol, geometry, wanted)})
+        .style;
 }
 
 void CommandPainter::drawDigits(const BarsCommand &bars, const BarsGeometry &geometry,
-                                const DigitFont &font, int baseline)
+                                const DigitStyle &style, int baseline)
 {
-    m_painter.setFont(font.font);
+    m_painter.setFont(style.font);
     m_painter.setPen(QColor(bars.colour));
     for (const DigitGroup &group : bars.symbol.groups) {
-        const double width = static_cast<double>(group.digits.size()) * font.advance;
+        const double width = static_cast<double>(group.digits.size()) * style.advance;
         const double left = geometry.x(group.left) + (group.width * geometry.module - width) / 2;
         m_painter.drawText(QPointF(std::round(left), baseline), group.digits);
     }

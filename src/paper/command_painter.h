@@ -27,16 +27,14 @@ public:
     void paint(std::span<const DrawCommand> commands, QPointF origin = {});
 
 private:
-    /// Font of a symbol's digits. Most symbols of a run share one.
-    struct DigitFont
+    /// Digits of a symbol. Most symbols of a run share one style.
+    struct KnownDigits
     {
         PaperFont source;
         QString symbology;
         int module = 0;
         int height = 0; ///< dots, of the symbol's box
-        QFont font;
-        double advance = 0;  ///< dots, of one digit
-        int digitHeight = 0; ///< dots; 0: the digits would be too small and are left out
+        DigitStyle style;
     };
 
     void draw(const PictureCommand &picture, QPointF origin);
@@ -45,8 +43,8 @@ private:
     void draw(const LineCommand &line, QPointF origin);
     void draw(const RectangleCommand &rectangle, QPointF origin);
 
-    const DigitFont &digitFont(const BarsCommand &bars, const BarsGeometry &geometry);
-    void drawDigits(const BarsCommand &bars, const BarsGeometry &geometry, const DigitFont &font,
+    const DigitStyle &digits(const BarsCommand &bars, const BarsGeometry &geometry);
+    void drawDigits(const BarsCommand &bars, const BarsGeometry &geometry, const DigitStyle &style,
                     int baseline);
     QRect dotBox(const QRectF &box, QPointF origin) const;
     int dotWidth(double mm) const;
@@ -54,5 +52,5 @@ private:
     QPainter &m_painter;
     const DeviceFonts &m_fonts;
     PictureStore &m_pictures;
-    std::deque<DigitFont> m_digitFonts;
+    std::deque<KnownDigits> m_digits;
 };

@@ -42,6 +42,19 @@ double turn(double angle)
     return std::isfinite(angle) ? std::fmod(angle, 360) : 0;
 }
 
+/// The largest size, no larger than the font's own, at which the text is as wide as the room.
+PaperFont shrunk(PaperFont font, const QString &text, double room, const TextMeasure &measure)
+{
+    constexpr double step = 0.98; // type grows in whole dots, so the quotient may be too large
+    constexpr double smallest = 1;
+    const double width = measure.width(font, text);
+    if (width > room && room > 0)
+        font.size = std::max(font.size * room / width, smallest);
+    while (font.size > smallest && measure.width(font, text) > room)
+        font.size *= step;
+    return font;
+}
+
 } // namespace
 
 QPointF sag0(QPointF at, double room)
@@ -109,22 +122,27 @@ QPointF alignText(QPointF at, Alignment alignment, double angle, double room)
 PlacedText placeText(const TextBlock &block, const TextMeasure &measure)
 {
     const RunBox box = runBox(block.box, block.angle);
-    const double lineHeight = measure.lineHeight(block.font);
+    const PaperFont font =
+        block.shrink ? shrunk(block.font, block.text, box.width, measure) : block.font;
+    const double lineHeight = measure.lineHeight(font);
 
+    // Only quarter turns run along their box.
     std::function<bool(QStringView)> fits;
-    if (block.angle == 0 && box.width > 0)
-        fits = [&](QStringView part) { return measure.width(block.font, part) <= box.width; };
+    if (box.width > 0 && startCorner(block.angle) && !block.shrink)
+        fits = [&](QStringView part) { return measure.width(font, part) <= box.width; };
+    const Breaking breaking = block.angle == 0 ? Breaking::words : Breaking::lineEnds;
 
-    const SplitText split = splitLines(block.text, lineRoom(box.height, lineHeight), fits);
+    const SplitText split =
+        splitLines(block.text, lineRoom(box.height, lineHeight), breaking, fits);
     PlacedText placed;
     placed.fits = split.complete && (lineHeight <= box.height + kTolerance || block.text.isEmpty());
     QPointF at = box.start;
     for (const QString &line : split.lines) {
         if (!line.isEmpty()) {
-            const double room = box.width - measure.width(block.font, line);
+            const double room = box.width - measure.width(font, line);
             placed.fits = placed.fits && room >= -kTolerance;
             placed.lines.push_back({alignText(at, block.alignment, block.angle, room),
-                                    turn(block.angle), block.font, block.colour, line});
+                                    turn(block.angle), font, block.colour, line});
         }
         at.ry() += lineHeight;
     }

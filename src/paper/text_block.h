@@ -34,8 +34,9 @@ struct TextBlock
     double angle = 0; ///< degrees, counter-clockwise
     Alignment alignment = Alignment::left;
     PaperFont font;
-    QRgb colour = 0;
+    QRgb colour = 0xFF000000;
     QString text;
+    bool shrink = false; ///< written on one line, smaller where it would be wider than its box
 };
 
 /// The lines of a block, each where it stands.
@@ -46,6 +47,6 @@ struct PlacedText
 };
 
 /// Breaks an upright text into lines as wide as its box and aligns them; turned texts stay on one
-/// line, only a line end inside the text starts another. What does not go into the box's height is
-/// left out, but for the first line.
+/// line, only a line end inside the text starts another. A text for which the box is too small
+/// keeps its type and its end, where the size of a pack stands: words of its middle give way.
 PlacedText placeText(const TextBlock &block, const TextMeasure &measure);

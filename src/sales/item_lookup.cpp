@@ -50,7 +50,7 @@ QString discountRemark(const SaleLine &line)
 
 } // namespace
 
-ItemLookup::ItemLookup(Program &program, const SaleSettings &settings)
+ItemLookup::ItemLookup(Program &program, const Settings &settings)
     : m_program(program), m_settings(settings)
 {}
 
@@ -99,13 +99,13 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
 
 void ItemLookup::calseson()
 {
-    if (m_settings.foundSound())
+    if (m_settings.ses.bulses)
         m_program.sounds.play(soundFile(m_program, kFoundSound));
 }
 
 void ItemLookup::calsesoff()
 {
-    if (m_settings.notFoundSound())
+    if (m_settings.ses.bulmases)
         m_program.sounds.play(soundFile(m_program, kNotFoundSound));
 }
 
@@ -142,9 +142,9 @@ QString ItemLookup::priceLine(SaleLine &line)
 {
     const QString &stockCode = line[SaleColumn::stockCode];
     RecordSet price = m_program.company().execute(host_queries::pricesOf(stockCode));
-    if (!moveToPrice(price, m_settings.fiyatip))
+    if (!moveToPrice(price, m_settings.stok.fiyatip))
         return u"%1: %2 numaralı fiyat tanımlı değil, satılamaz."_s.arg(line[SaleColumn::name],
-                                                                        m_settings.fiyatip);
+                                                                        m_settings.stok.fiyatip);
     const auto unitPrice = amount::parse(price.text(u"STKFIYTUTAR"));
     if (!unitPrice)
         return u"%1: fiyatı geçersiz (\"%2\"), satılamaz."_s.arg(line[SaleColumn::name],
@@ -161,7 +161,7 @@ QString ItemLookup::priceLine(SaleLine &line)
 QString ItemLookup::vatRate(const QString &vatClass) const
 {
     if (vatClass.trimmed().isEmpty())
-        return m_settings.kdv;
+        return m_settings.kdv.kdv;
     const auto row = amount::parse(vatClass);
     const auto last = static_cast<double>(m_program.kdvtab.size() - 1);
     if (!row || *row < 0.0 || *row > last)

@@ -25,7 +25,7 @@ struct LookupResult
 class ItemLookup
 {
 public:
-    ItemLookup(Program &program, const SaleSettings &settings);
+    ItemLookup(Program &program, const Settings &settings);
 
     /// The code is a barcode.
     LookupResult listebarkodkontrol(SaleList &list, const QString &code);
@@ -44,5 +44,5 @@ private:
     QString vatRate(const QString &vatClass) const;
 
     Program &m_program;
-    const SaleSettings &m_settings;
+    const Settings &m_settings;
 };

@@ -5,7 +5,6 @@
 #include "common/windows_colour.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
@@ -15,11 +14,9 @@ constexpr double kSmallestPoints = 9.0;
 constexpr double kLargestPoints = 28.0;
 constexpr double kPlainPoints = 14.0;
 
-QColor colourFrom(QStringView text, const QColor &plain)
+QColor colourFrom(int number, const QColor &plain)
 {
-    bool ok = false;
-    const int number = text.trimmed().toInt(&ok);
-    return ok && number >= 0 ? colourOf(number) : plain;
+    return number >= 0 ? colourOf(number) : plain;
 }
 
 double luminance(const QColor &colour)
@@ -40,13 +37,13 @@ double contrast(const QColor &a, const QColor &b)
 
 } // namespace
 
-ListLook listLook(const SaleSettings &settings)
+ListLook listLook(const Settings &settings)
 {
-    const auto colours = QStringView(settings.listrenk).split(kCodeMark);
+    const Settings::Liste &list = settings.liste;
     ListLook look;
-    look.row = colourFrom(colours.value(0), Qt::white);
-    look.alternate = colourFrom(colours.value(1), look.row);
-    look.text = colourFrom(settings.yzrenk, Qt::black);
+    look.row = colourFrom(list.listrenk.row, Qt::white);
+    look.alternate = colourFrom(list.listrenk.alternate, look.row);
+    look.text = colourFrom(list.yzrenk, Qt::black);
 
     const auto worst = [&](const QColor &text) {
         return std::min(contrast(text, look.row), contrast(text, look.alternate));
@@ -54,11 +51,11 @@ ListLook listLook(const SaleSettings &settings)
     if (worst(look.text) < kLeastContrast)
         look.text = worst(Qt::black) >= worst(Qt::white) ? Qt::black : Qt::white;
 
-    if (!settings.font.isEmpty())
-        look.font.setFamilies({settings.font});
-    look.font.setPointSizeF(std::clamp(amount::parse(settings.size).value_or(kPlainPoints),
+    if (!list.font.isEmpty())
+        look.font.setFamilies({list.font});
+    look.font.setPointSizeF(std::clamp(amount::parse(list.size).value_or(kPlainPoints),
                                        kSmallestPoints, kLargestPoints));
-    const int style = settings.bold.toInt();
+    const int style = list.bold;
     look.font.setBold(style == 1 || style == 3);
     look.font.setItalic(style == 2 || style == 3);
     return look;

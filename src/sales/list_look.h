@@ -16,4 +16,4 @@ struct ListLook
 
 /// The look the shop chose. A text colour that could not be read on its rows gives way to black or
 /// white; sizes are held between 9 and 28 points; unreadable values take plain ones.
-ListLook listLook(const SaleSettings &settings);
+ListLook listLook(const Settings &settings);

@@ -45,7 +45,7 @@ QString commonVatRate(const std::vector<SaleLine> &lines)
     return rate.isEmpty() ? u"0"_s : rate;
 }
 
-ledger::Header headerOf(const SaleSettings &settings, const Sale &sale)
+ledger::Header headerOf(const Settings &settings, const Sale &sale)
 {
     const QDate today = sale.moment.date();
     const QTime time = sale.moment.time();
@@ -54,12 +54,12 @@ ledger::Header headerOf(const SaleSettings &settings, const Sale &sale)
     h.year = QString::number(today.year());
     h.month = QString::number(today.month());
     h.time = u"%1:%2"_s.arg(time.hour()).arg(time.minute());
-    h.warehouse = settings.depo;
-    h.priceNumber = settings.fiyatip;
-    h.customerCode = settings.carikod;
-    h.customerName = settings.cari;
-    h.stockSlipType = settings.stkfistip;
-    h.accountSlipType = settings.crfistip;
+    h.warehouse = settings.stok.depo;
+    h.priceNumber = settings.stok.fiyatip;
+    h.customerCode = settings.stok.carikod;
+    h.customerName = settings.stok.cari;
+    h.stockSlipType = settings.stok.stkfistip;
+    h.accountSlipType = settings.stok.crfistip;
     h.cashierCode = sale.cashierCode;
     h.gross = ledger::decimal(sale.totals.gross);
     h.discount = ledger::decimal(sale.totals.discount);
@@ -86,8 +86,7 @@ struct DrawnCounter
 class Posting
 {
 public:
-    Posting(Program &program, const SaleSettings &settings, const Sale &sale,
-            PostingProgress &progress)
+    Posting(Program &program, const Settings &settings, const Sale &sale, PostingProgress &progress)
         : m_program(program), m_progress(progress), m_sale(withoutGrouping(sale)),
           m_header(headerOf(settings, m_sale)),
           m_grand(amount::parse(m_sale.totals.grand).value_or(0.0))
@@ -99,7 +98,8 @@ public:
 
     PostingResult run()
     {
-        DrawnCounter stock{ledger::kStockCounter, u"Stok fişi"_s, u"stok fişi"_s};
+        DrawnCounter stock{ledger::kStockCounter, u"Stok fişi"_s,
+                           u"stok fişi ve faturadaki fiş bağı"_s};
         DrawnCounter account{ledger::kAccountCounter, u"Cari fişi"_s, u"cari fişi"_s};
         DrawnCounter invoice{ledger::kInvoiceCounter, u"Fatura"_s,
                              u"fatura, fatura toplamları ve cari hareketi"_s};
@@ -121,6 +121,15 @@ public:
 
 private:
     RecordSet read(const QString &statement) { return m_program.openCompany().execute(statement); }
+
+    /// Numbers of documents hang on these: a read that failed is tried once more.
+    RecordSet readStubbornly(const QString &statement)
+    {
+        RecordSet rows;
+        if (!resumeNext([&] { rows = read(statement); }))
+            rows = read(statement);
+        return rows;
+    }
 
     void write(const QString &statement)
     {
@@ -169,7 +178,7 @@ private:
     void draw(DrawnCounter &drawn)
     {
         const auto readRow = [&] {
-            const RecordSet row = read(ledger::counterRow(drawn.counter));
+            const RecordSet row = readStubbornly(ledger::counterRow(drawn.counter));
             if (row.eof()) {
                 m_program.warn(u"Evrakno Hatası..."_s);
             } else {
@@ -202,15 +211,12 @@ private:
         });
     }
 
-    /// The next reference number of a table. A read that ran out of time is tried once more; when
-    /// that fails too the number stays empty, and what needs it is not sent.
+    /// The next reference number of a table. When it cannot be read the number stays empty, and
+    /// what needs it is not sent.
     void drawReference(QStringView column, QStringView table, QString &reference)
     {
         const auto readHighest = [&] {
-            const QString statement = ledger::highestReference(column, table);
-            RecordSet highest;
-            if (!resumeNext([&] { highest = read(statement); }))
-                highest = read(statement);
+            const RecordSet highest = readStubbornly(ledger::highestReference(column, table));
             const double last = highest.eof() ? 0.0 : highest.number(u"TOTAL");
             reference = QString::number(last + 1.0, 'f', 0);
         };
@@ -372,7 +378,7 @@ private:
 
 } // namespace
 
-PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale,
+PostingResult faturakaydet(Program &program, const Settings &settings, const Sale &sale,
                            PostingProgress &progress)
 {
     resumeNext(

@@ -33,5 +33,5 @@ struct PostingProgress
 /// Writes a sale into the host ledger: stock slip and movements, balances, account slip, invoice,
 /// account movement, document counters. Grouping points in the sale's amounts are taken off first.
 /// Shows a message for a missing document counter; throws nothing of the host.
-PostingResult faturakaydet(Program &program, const SaleSettings &settings, const Sale &sale,
+PostingResult faturakaydet(Program &program, const Settings &settings, const Sale &sale,
                            PostingProgress &progress);

@@ -15,6 +15,7 @@ constexpr double kMmPerPoint = kMmPerInch / kPointsPerInch;
 constexpr double kLeading = 1.25;  ///< line height over font size
 constexpr double kEdge = 2.0;      ///< mm left free above and below
 constexpr double kLeastRoom = 5.0; ///< mm
+constexpr double kNameGap = 1.0;   ///< mm between a name that fills its room and the next column
 
 /// Writes the receipt from top to bottom.
 class ReceiptWriter
@@ -42,7 +43,7 @@ public:
 
     void productLine(const SaleLine &line)
     {
-        put(0.0, column(0), line[SaleColumn::name], true);
+        put(0.0, column(0), line[SaleColumn::name], Fit::middle);
         put(offset(1), column(1), line[SaleColumn::quantity] + u'X');
         put(offset(2), column(2), line[SaleColumn::vatRate] + u" %"_s);
         put(offset(3), column(3), starred(pricing::valueOf(line, SaleColumn::amount)));
@@ -60,9 +61,9 @@ public:
     {
         const ReceiptStyle style = styleOf(options);
         if (m_layout.namedFonts)
-            m_font = style.font;
-        m_points = style.points;
-        m_bold = style.bold;
+            m_font.name = style.font;
+        m_font.size = style.points;
+        m_font.bold = style.bold;
     }
 
     ReceiptPage finish()
@@ -72,6 +73,14 @@ public:
     }
 
 private:
+    /// What a text does for which its room is too small. Columns must not be pushed apart: a name
+    /// loses words of its middle, figures are never cut and are written smaller.
+    enum class Fit
+    {
+        middle,
+        smaller
+    };
+
     /// Width of product column i, and where it starts behind the left margin.
     double column(std::size_t i) const { return m_layout.widths[2 + i]; }
     double offset(std::size_t i) const
@@ -82,22 +91,24 @@ private:
 
     static QString starred(double value) { return u'*' + amount::money(value); }
 
-    void put(double indent, double width, const QString &text, bool mayShorten = false)
+    void put(double indent, double width, const QString &text, Fit fit = Fit::smaller)
     {
         const double x = m_layout.leftMargin + indent;
-        const double room = std::max(m_page.width - x, kLeastRoom);
-        m_page.texts.push_back({x, m_y, width > 0.0 ? std::min(width, room) : room, m_font,
-                                m_points, m_bold, mayShorten, text});
+        const double left = std::max(m_page.width - x, kLeastRoom);
+        const double room = width > 0.0 ? std::min(width, left) : left;
+        const double gap = fit == Fit::middle ? std::min(kNameGap, room / 2) : 0.0;
+        m_page.texts.push_back({.box = {x, m_y, room - gap, lineHeight(m_font.size)},
+                                .font = m_font,
+                                .text = text,
+                                .shrink = fit == Fit::smaller});
     }
 
-    void feed() { m_y += lineHeight(m_points); }
+    void feed() { m_y += lineHeight(m_font.size); }
 
     const ReceiptLayout &m_layout;
     ReceiptPage m_page;
     double m_y = kEdge;
-    QString m_font;
-    double m_points = 9.0;
-    bool m_bold = false;
+    PaperFont m_font{.name = {}, .size = 9.0};
 };
 
 QString momentLine(const QDateTime &moment)
@@ -172,13 +183,22 @@ Receipt sampleReceipt(const QDateTime &moment)
     return receipt;
 }
 
+std::vector<DrawCommand> receiptCommands(const ReceiptPage &page, const TextMeasure &measure)
+{
+    std::vector<DrawCommand> commands;
+    for (const TextBlock &text : page.texts)
+        for (const TextCommand &line : placeText(text, measure).lines)
+            commands.push_back({line, {}});
+    return commands;
+}
+
 QString toText(const ReceiptPage &page)
 {
     QString text = u"page %1 x %2\n"_s.arg(amount::length(page.width), amount::length(page.length));
-    for (const ReceiptText &t : page.texts)
+    for (const TextBlock &t : page.texts)
         text += u"%1 %2 w%3 %4 %5%6%7 | %8\n"_s.arg(
-            amount::length(t.x), amount::length(t.y), amount::length(t.width),
-            t.font.isEmpty() ? u"-"_s : t.font, amount::points(t.points),
-            t.bold ? u" bold"_s : u""_s, t.mayShorten ? u" …"_s : u""_s, t.text);
+            amount::length(t.box.x()), amount::length(t.box.y()), amount::length(t.box.width()),
+            t.font.name.isEmpty() ? u"-"_s : t.font.name, amount::points(t.font.size),
+            t.font.bold ? u" bold"_s : u""_s, t.shrink ? u""_s : u" …"_s, t.text);
     return text;
 }

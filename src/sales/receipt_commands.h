@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paper/text_block.h"
 #include "sales/receipt_layout.h"
 #include "sales/sale.h"
 
@@ -10,31 +11,22 @@ struct Receipt
     QString number;
 };
 
-/// One piece of text on the receipt. Lengths in mm from the upper left corner of the paper.
-struct ReceiptText
-{
-    double x = 0.0;
-    double y = 0.0;     ///< upper edge of the line
-    double width = 0.0; ///< room to the right; a longer text is written smaller
-    QString font;       ///< empty: the printer's own
-    double points = 9.0;
-    bool bold = false;
-    bool mayShorten = false; ///< a text that is still too long may lose its middle
-    QString text;
-};
-
-/// A receipt as a list of texts: the same for paper, PDF, preview and tests.
+/// A receipt as plain values, millimetres from the upper left corner of the paper: texts, each in
+/// the room of its column.
 struct ReceiptPage
 {
-    double width = 0.0;  ///< of the paper, mm
-    double length = 0.0; ///< mm
-    std::vector<ReceiptText> texts;
+    double width = 0.0; ///< of the paper
+    double length = 0.0;
+    std::vector<TextBlock> texts;
 };
 
 /// Height of one printed line in mm.
 double lineHeight(double points);
 
 ReceiptPage drawReceipt(const ReceiptLayout &layout, const Receipt &receipt);
+
+/// What is drawn of a receipt: the same for paper, PDF and preview. `measure`: of the device.
+std::vector<DrawCommand> receiptCommands(const ReceiptPage &page, const TextMeasure &measure);
 
 /// A made-up sale for looking at the layout.
 Receipt sampleReceipt(const QDateTime &moment);

@@ -36,7 +36,7 @@ ReceiptPage ReceiptEditor::preview() const
 void ReceiptEditor::testPrint()
 {
     m_program.handle([this] {
-        const QString printer = settings::value(m_program, u"yazici", u"yazici1");
+        const QString printer = settings::read(m_program, {u"yazici"}).yazici.yazici1;
         if (!yaziciseciver(m_program, printer)) {
             m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                            "Deneyiniz..."_s);

@@ -76,17 +76,3 @@ double ReceiptLayout::paperWidth() const
 {
     return widths[6] > 0.0 ? std::clamp(widths[6], kNarrowestPaper, kWidestPaper) : kPlainPaper;
 }
-
-ReceiptLayout defaultReceiptLayout()
-{
-    ReceiptLayout layout;
-    layout.headerOptions = optionString({{}, u"Arial"_s, 12.0, true});
-    layout.headerText = blockText(u"MAĞAZA ADI\nAdres, ilçe / il\nVergi dairesi ve numarası"_s);
-    layout.receiptOptions = optionString({{}, u"Arial"_s, 9.0, false});
-    layout.belowText = blockText(u"Bilgi fişidir, mali değeri yoktur.\nTEŞEKKÜR EDERİZ"_s);
-    layout.productOptions = optionString({{}, u"Arial"_s, 9.0, false});
-    layout.lastNumber = u"0"_s;
-    layout.widths = {72.0, 72.0, 33.0, 10.0, 9.0, 20.0, 80.0};
-    layout.leftMargin = 4.0;
-    return layout;
-}

@@ -48,6 +48,3 @@ struct ReceiptLayout
 
     friend bool operator==(const ReceiptLayout &, const ReceiptLayout &) = default;
 };
-
-/// A decent receipt on paper 80 mm wide, for a shop that has not made its own yet.
-ReceiptLayout defaultReceiptLayout();

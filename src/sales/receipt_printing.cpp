@@ -1,7 +1,7 @@
 #include "sales/receipt_printing.h"
 
 #include "common/program.h"
-#include "sales/receipt_painter.h"
+#include "paper/paged_canvas.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,7 +32,9 @@ void printReceipt(Program &program, const QString &printer, const ReceiptPage &p
     const auto document = program.printers.open(printer, setupFor(printer, page));
     if (!document)
         throw PrintError(u"\"%1\" adlı yazıcı bulunamadı."_s.arg(printer));
-    if (!paintReceipt(document->device(), page))
+    PagedCanvas canvas(document->device());
+    if (!canvas.begin() || !canvas.paintStrip(receiptCommands(page, canvas.fonts())) ||
+        !canvas.end())
         throw PrintError(u"\"%1\" yazıcısı yazdırmayı kabul etmedi."_s.arg(printer));
     document->finish();
 }

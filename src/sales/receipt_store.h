@@ -8,10 +8,8 @@ class Program;
 /// settings database.
 namespace receipt_store {
 
-inline constexpr QStringView kFile = u"Fis.dbs";
-
-/// Reads the layout. Tables and rows that are missing are made with the values of
-/// defaultReceiptLayout(); what cannot be read at all has them too.
+/// Reads the layout. Tables, rows and columns that are missing are made with the design values: a
+/// decent receipt on paper 80 mm wide; what cannot be read at all has them too.
 ReceiptLayout fisoku(Program &program);
 
 /// Writes everything but the receipt counter. Apostrophes in texts become the typographic ’, which

@@ -15,7 +15,7 @@ constexpr double kLetterWidth = 0.6; ///< of a wide letter, in type sizes
 
 qsizetype lettersIn(double millimetres)
 {
-    const double letter = kLetterWidth * kPoints * kMmPerInch / 72.0;
+    const double letter = kLetterWidth * kPoints * kMmPerInch / kPointsPerInch;
     return std::max<qsizetype>(static_cast<qsizetype>(millimetres / letter), 8);
 }
 
@@ -48,7 +48,10 @@ ReceiptPage drawText(const ReceiptLayout &layout, const QString &text)
     for (const QString &paragraph : text.split(u'\n')) {
         for (const QString &line : wrapped(paragraph, lettersIn(room))) {
             if (!line.isEmpty())
-                page.texts.push_back({left, y, room, {}, kPoints, false, false, line});
+                page.texts.push_back({.box = {left, y, room, lineHeight(kPoints)},
+                                      .font = {.name = {}, .size = kPoints},
+                                      .text = line,
+                                      .shrink = true});
             y += lineHeight(kPoints);
         }
     }

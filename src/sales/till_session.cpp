@@ -310,7 +310,7 @@ void TillSession::setCashier(const Cashier &cashier)
 
 std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
 {
-    return std::make_unique<CashierChoice>(m_program, m_settings.cashierByCode());
+    return std::make_unique<CashierChoice>(m_program, m_settings.per.per);
 }
 
 Sale TillSession::capture(int number) const
@@ -349,7 +349,7 @@ bool TillSession::mayPost(const QString &unentered)
         Q_EMIT entryRefused();
         return false;
     }
-    if (!yaziciseciver(m_program, m_settings.yazici1)) {
+    if (!yaziciseciver(m_program, m_settings.yazici.yazici1)) {
         m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                        "Deneyiniz..."_s);
         return false;
@@ -385,7 +385,7 @@ void TillSession::postList(int number, PostingProgress &progress)
         clearList(number);
         showPosted(number, sale);
         at(number).lastReceipt = nextReceipt(sale);
-        if (m_settings.printsReceipt())
+        if (m_settings.yazici.yazdirma)
             print(*at(number).lastReceipt);
     }
     tellOutcome(number, sale, result);
@@ -420,7 +420,7 @@ Receipt TillSession::nextReceipt(Sale sale)
 void TillSession::print(const Receipt &receipt)
 {
     try {
-        printReceipt(m_program, m_settings.yazici1, drawReceipt(m_layout, receipt));
+        printReceipt(m_program, m_settings.yazici.yazici1, drawReceipt(m_layout, receipt));
     } catch (const PrintError &error) {
         m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
                        "yazdırabilirsiniz."_s.arg(error.text()));
@@ -462,7 +462,7 @@ void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult 
 void TillSession::printReport(const PostingReport &report)
 {
     try {
-        printReceipt(m_program, m_settings.yazici1, drawText(m_layout, report.text));
+        printReceipt(m_program, m_settings.yazici.yazici1, drawText(m_layout, report.text));
     } catch (const PrintError &error) {
         m_program.warn(u"Yazdırılamadı: %1"_s.arg(error.text()));
     }

@@ -35,7 +35,7 @@ public:
     /// Reads the settings and the receipt layout; again after they were changed.
     void load();
 
-    const SaleSettings &settings() const { return m_settings; }
+    const Settings &settings() const { return m_settings; }
     SaleList &list(int number) { return m_lists.at(static_cast<std::size_t>(number)).lines; }
     const pricing::Totals &totals(int number) const { return at(number).totals; }
     const QString &cash(int number) const { return at(number).cash; }
@@ -169,7 +169,7 @@ private:
     void tellOutcome(int number, const Sale &sale, const PostingResult &result);
 
     Program &m_program;
-    SaleSettings m_settings;
+    Settings m_settings;
     ReceiptLayout m_layout;
     ItemLookup m_lookup;
     std::array<ListState, kSaleLists> m_lists;

@@ -7,7 +7,7 @@
 
 /// Style of one form's window: title bar, buttons and frame, always-on-top, and dragging or opening
 /// the system menu from the client area. The setters of style bits return true only when the window
-/// took the change.
+/// took the change. Nothing but TopMost is used yet.
 class clsStyle : public QObject
 {
     Q_OBJECT

@@ -12,34 +12,25 @@ HostLink::HostLink(Program &program, QObject *parent) : QObject(parent), m_progr
 
 void HostLink::ayaroku()
 {
-    resumeNext([this] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        resumeNext([&] {
-            const RecordSet row = settings::row(db, u"server");
-            m_server.server = row.text(u"server");
-            m_server.company = row.text(u"sql");
-            m_server.master = row.text(u"msql");
-            m_server.user = row.text(u"kuladi");
-            m_server.password = row.text(u"sifre");
-        });
-        resumeNext([&] {
-            const RecordSet row = settings::row(db, u"instan");
-            m_server.instance = row.text(u"insname");
-            m_server.useInstance = row.text(u"inskullan");
-        });
-    });
+    settings::read(m_program, {u"server", u"instan"}, m_settings);
 }
 
+/// Null when it does not open; start-up goes on, and the connection dialog tells why.
 std::unique_ptr<HostConnection> HostLink::open(const QString &database)
 {
     try {
-        m_failure.clear();
+        m_failure.reset();
         return m_program.host.open(
-            connectionString({m_server.server, m_server.user, m_server.password, database}));
+            connectionString({server().server, server().kuladi, server().sifre, database}));
     } catch (const HostError &error) {
-        m_failure = error.text(); // start-up goes on; the connection dialog tells it
+        m_failure = error;
         return nullptr;
     }
+}
+
+QString HostLink::failure() const
+{
+    return m_failure ? m_failure->text() : QString();
 }
 
 void HostLink::sqlbaglan()
@@ -47,7 +38,7 @@ void HostLink::sqlbaglan()
     ayaroku();
     tellConnecting();
     m_program.anabag.reset();
-    m_program.anabag = open(m_server.master);
+    m_program.anabag = open(server().msql);
     if (!masterOpen()) {
         m_sinceFailure.start(); // the settings need not wait for the same server once more
         Q_EMIT connected();
@@ -67,7 +58,13 @@ void HostLink::sqlbaglan2()
 bool HostLink::openCompany()
 {
     m_program.bag.reset();
-    m_program.bag = open(m_server.company);
+    m_program.bag = open(server().sql);
+    m_program.bagFailure.reset();
+    if (m_failure)
+        m_program.bagFailure =
+            HostError(m_failure->number(),
+                      u"Şirket veritabanı açılamadı: %1\n%2"_s.arg(server().sql, failure()), {},
+                      m_failure->cause());
     Q_EMIT connected();
     if (!Program::isOpen(m_program.bag))
         return false;
@@ -90,8 +87,8 @@ void HostLink::reopenCompany()
 
 void HostLink::tellConnecting()
 {
-    if (!isEmbedded(m_server.server))
-        Q_EMIT connecting(m_server.server); // the embedded databases open in no time
+    if (!isEmbedded(server().server))
+        Q_EMIT connecting(server().server); // the embedded databases open in no time
 }
 
 void HostLink::loadVatClasses()

@@ -1,21 +1,10 @@
 #pragma once
 
 #include "common/program.h"
+#include "common/settings.h"
 
 #include <QElapsedTimer>
 #include <QObject>
-
-/// Where the host database is, as the settings tell it.
-struct ServerSettings
-{
-    QString server;  ///< host, including any instance part
-    QString company; ///< database of the company's books
-    QString master;  ///< shared database of the accounting system
-    QString user;
-    QString password;
-    QString instance; ///< kept only, the connection string does not use it
-    QString useInstance;
-};
 
 /// Opens the two program-wide connections and loads the VAT classes.
 class HostLink : public QObject
@@ -41,10 +30,10 @@ public:
     void reopenCompany();
 
     bool masterOpen() const { return Program::isOpen(m_program.anabag); }
-    const ServerSettings &server() const { return m_server; }
+    const Settings::Server &server() const { return m_settings.server; }
 
     /// Why the last connection did not open, in the engine's words; "" when it did.
-    const QString &failure() const { return m_failure; }
+    QString failure() const;
 
 Q_SIGNALS:
     void connecting(const QString &server); ///< an attempt begins that may block for seconds
@@ -59,7 +48,7 @@ private:
     void loadVatClasses();
 
     Program &m_program;
-    ServerSettings m_server;
-    QString m_failure;
+    Settings m_settings; ///< the tables server and instan
+    std::optional<HostError> m_failure;
     QElapsedTimer m_sinceFailure; ///< since a try failed
 };

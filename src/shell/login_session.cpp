@@ -10,7 +10,7 @@ LoginSession::LoginSession(Program &program, QObject *parent) : QObject(parent),
 
 void LoginSession::load()
 {
-    m_stored = settings::value(m_program, u"login", u"sifre");
+    m_stored = settings::read(m_program, {u"login"}).login.sifre;
 }
 
 void LoginSession::enter(const QString &typed)

@@ -9,7 +9,11 @@ class Program;
 /// HostError when it cannot be made.
 void createSettingsFile(Program &program);
 
-/// Adds the tables and rows that a settings file lacks, with empty values: nothing is invented for
-/// a shop that had its own. A file that is no database is kept as `data.dbs.bozuk` and made anew
-/// the same way. Returns what the user is to be told, "" when all was well. Throws HostError.
+/// Adds the tables, rows and columns that a settings file lacks, with empty values: nothing is
+/// invented for a shop that had its own. A file that is damaged or no database is kept as
+/// `data.dbs.bozuk` (`.bozuk2` and so on) and made anew the same way. Returns what the user is to
+/// be told, "" when all was well. Throws HostError, also for a file that is only in use.
 QString repairSettingsFile(Program &program);
+
+/// Removes what saves that were killed have left in the working folder.
+void clearUnfinished(const QString &directory);

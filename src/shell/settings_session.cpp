@@ -6,58 +6,42 @@
 #include "common/turkish.h"
 
 #include <QDir>
-#include <QFileInfo>
-#include <QStorageInfo>
+#include <QHash>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Copies the fields of one settings row into values; a missing field leaves its value alone.
-class RowReader
-{
-public:
-    RowReader(OpenDatabase &db, QStringView table)
-    {
-        resumeNext([&] { m_row = settings::row(db, table); });
-    }
-
-    void into(QString &target, QStringView column) const
-    {
-        resumeNext([&] { target = m_row.text(column); });
-    }
-    void into(bool &target, QStringView column) const
-    {
-        resumeNext([&] { target = m_row.text(column).toInt() != 0; });
-    }
-    void into(int &target, QStringView column) const
-    {
-        QString text;
-        into(text, column);
-        readNumber(target, text);
-    }
-
-    static void readNumber(int &target, const QString &text)
-    {
-        bool ok = false;
-        const int number = text.toInt(&ok);
-        if (ok)
-            target = number;
-    }
-
-private:
-    RecordSet m_row;
-};
-
-QString flag(bool on)
-{
-    return on ? u"1"_s : u"0"_s;
-}
+/// A settings file needs far less; a disk that cannot take this much is as good as full.
+constexpr qsizetype kLeastRoom = qsizetype{512} * 1024;
 
 constexpr int kLastStyle = 3; ///< bold italic
 
-/// A full disk shows up as a failed save long before the last byte; a settings file needs far less.
-constexpr qint64 kLeastFreeBytes = qint64{512} * 1024;
+/// How the dialog calls what it saves as text.
+QString captionOf(const QString &setting)
+{
+    static const QHash<QString, QString> captions = {{u"kdv.kdv"_s, u"KDV oranı"_s},
+                                                     {u"yazici.yazici1"_s, u"Fiş yazıcısı"_s},
+                                                     {u"login.sifre"_s, u"Giriş parolası"_s},
+                                                     {u"server.server"_s, u"Sunucu"_s},
+                                                     {u"server.kuladi"_s, u"Kullanıcı"_s},
+                                                     {u"server.sifre"_s, u"Parola"_s},
+                                                     {u"server.sql"_s, u"Şirket veritabanı"_s},
+                                                     {u"server.msql"_s, u"Ana veritabanı"_s},
+                                                     {u"instan.insname"_s, u"Örnek adı"_s},
+                                                     {u"stok.br1fytadi"_s, u"1. birim fiyatı"_s},
+                                                     {u"stok.br2fytadi"_s, u"2. birim fiyatı"_s},
+                                                     {u"liste.title"_s, u"Başlık"_s},
+                                                     {u"liste.font"_s, u"Yazı tipi"_s},
+                                                     {u"liste.size"_s, u"Boyut"_s}};
+    return captions.value(setting, setting);
+}
+
+bool hasLowerCase(const QString &password)
+{
+    return turkish::upper(password) != password;
+}
 
 } // namespace
 
@@ -71,96 +55,68 @@ void SettingsSession::load()
     sqloku();
 }
 
+/// By trying: on Windows neither rights nor a guarded folder can be told from a file's marks.
 QString SettingsSession::obstacle() const
 {
-    const QFileInfo file(m_program.path(settings::kFile));
     const QString folder = QDir::toNativeSeparators(m_program.directory());
-    if (!QFileInfo(m_program.directory()).isWritable() || (file.exists() && !file.isWritable()))
-        return u"Ayarlar kaydedilemez: %1 klasörüne yazma izni yok."_s.arg(folder);
-    const QStorageInfo disk(m_program.directory());
-    if (disk.isValid() && disk.bytesAvailable() < kLeastFreeBytes)
-        return u"Ayarlar kaydedilemez: %1 klasörünün diski dolu."_s.arg(folder);
+    const QString refused = u"Ayarlar kaydedilemez: %1"_s;
+    QTemporaryFile probe(m_program.path(u"deneme.XXXXXX.yeni"));
+    QFile file(m_program.path(settings::kFile));
+    if (!probe.open() || (file.exists() && !file.open(QIODevice::ReadWrite)))
+        return refused.arg(u"%1 klasörüne yazma izni yok."_s.arg(folder));
+    file.close();
+    if (probe.write(QByteArray(kLeastRoom, '\0')) != kLeastRoom || !probe.flush())
+        return refused.arg(u"%1 klasörünün diski dolu."_s.arg(folder));
+    try {
+        OpenDatabase db(m_program.db, file.fileName());
+        db.execute(u"begin immediate"_s);
+        db.execute(u"rollback"_s);
+    } catch (const HostError &error) {
+        return refused.arg(error.text());
+    }
     return {};
 }
 
-QStringList SettingsSession::warnings(const ParameterValues &v)
+QStringList SettingsSession::warnings(const Settings &v)
 {
-    const struct
-    {
-        QStringView name;
-        const QString &value;
-    } texts[] = {{u"KDV oranı", v.kdv},
-                 {u"Fiş yazıcısı", v.yazici},
-                 {u"Giriş parolası", v.lgpass},
-                 {u"Sunucu", v.srvadi},
-                 {u"Kullanıcı", v.kladi},
-                 {u"Parola", v.pass},
-                 {u"Şirket veritabanı", v.sqladi},
-                 {u"Ana veritabanı", v.mastersql},
-                 {u"Örnek adı", v.instance},
-                 {u"1. birim fiyatı", v.br1fyt},
-                 {u"2. birim fiyatı", v.br2fyt},
-                 {u"Başlık", v.bsl},
-                 {u"Yazı tipi", v.fnt},
-                 {u"Boyut", v.sz}};
     QStringList warnings;
-    for (const auto &text : texts)
-        if (text.value.contains(u'\''))
-            warnings += u"%1: tek tırnak (') içeren bölüm kaydedilemez."_s.arg(text.name);
-    for (const QString &part : {v.srvadi, v.kladi, v.pass, v.sqladi, v.mastersql})
+    Settings values = v;
+    for (const SettingRow &row : settingRows())
+        if (row.place && row.writer == SettingWriter::dialog &&
+            storedText(row.place(values)).contains(u'\''))
+            warnings += u"%1: tek tırnak (') içeren bölüm kaydedilemez."_s.arg(
+                captionOf(settings::nameOf(row)));
+    const Settings::Server &server = v.server;
+    for (const QString &part :
+         {server.server, server.kuladi, server.sifre, server.sql, server.msql})
         if (part.contains(u';')) {
             warnings += u"Sunucu bilgilerinde noktalı virgül bağlantıyı bozar."_s;
             break;
         }
-    if (turkish::upper(v.lgpass) != v.lgpass)
+    if (hasLowerCase(v.login.sifre))
         warnings += u"Giriş parolasında küçük harf var: girişte bu parola kabul edilmez."_s;
     return warnings;
 }
 
+bool SettingsSession::settlePassword(Settings &values)
+{
+    QString &password = values.login.sifre;
+    if (!hasLowerCase(password))
+        return true;
+    if (!m_program.ask(
+            u"Giriş parolasında küçük harf var. Girişte yazılan harfler büyütülür; parola "
+            "bu haliyle bir daha kabul edilmez.\n\nBüyük harflerle kaydedilsin mi?"_s))
+        return false;
+    password = turkish::upper(password);
+    return true;
+}
+
 void SettingsSession::oku()
 {
-    resumeNext([this] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        RowReader(db, u"login").into(m_values.lgpass, u"sifre");
-
-        const RowReader instan(db, u"instan");
-        instan.into(m_values.instance, u"insname");
-        instan.into(m_values.Check1, u"inskullan");
-
-        const RowReader ses(db, u"ses");
-        ses.into(m_values.uses1, u"bulses");
-        ses.into(m_values.uses2, u"bulmases");
-
-        const RowReader yazici(db, u"yazici");
-        yazici.into(m_values.yazici, u"yazici1");
-        yazici.into(m_values.fisyazdir, u"yazdirma");
-
-        RowReader(db, u"per").into(m_values.pers, u"per");
-
-        const RowReader server(db, u"server");
-        server.into(m_values.kladi, u"kuladi");
-        server.into(m_values.pass, u"sifre");
-        server.into(m_values.srvadi, u"server");
-        server.into(m_values.sqladi, u"sql");
-        server.into(m_values.mastersql, u"msql");
-
-        const RowReader liste(db, u"liste");
-        liste.into(m_values.c3, u"enust");
-        liste.into(m_values.c2, u"tmekran");
-        liste.into(m_values.c1, u"winac");
-        liste.into(m_values.yzrnk, u"yzrenk");
-        liste.into(m_values.bsl, u"title");
-        liste.into(m_values.stl, u"bold");
-        liste.into(m_values.fnt, u"font");
-        liste.into(m_values.sz, u"size");
-        if (m_values.stl < 0 || m_values.stl > kLastStyle)
-            m_values.stl = 0;
-        QString colours;
-        liste.into(colours, u"listrenk");
-        const QStringList both = colours.split(kCodeMark.toString());
-        RowReader::readNumber(m_values.renkl, both.value(0));
-        RowReader::readNumber(m_values.renkl1, both.value(1));
-    });
+    settings::read(m_program, {u"login", u"instan", u"ses", u"yazici", u"per", u"server", u"liste"},
+                   m_values);
+    if (m_values.liste.bold < 0 || m_values.liste.bold > kLastStyle)
+        m_values.liste.bold = 0;
 }
 
 void SettingsSession::sqloku()
@@ -190,64 +146,16 @@ void SettingsSession::sqloku()
 
 void SettingsSession::oku1()
 {
-    resumeNext([this] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        const RowReader stok(db, u"stok");
-        stok.into(m_values.dep, u"depoadi");
-        stok.into(m_values.fytp, u"fytadi");
-        stok.into(m_values.br1fyt, u"br1fytadi");
-        stok.into(m_values.br2fyt, u"br2fytadi");
-        stok.into(m_values.cr, u"cari");
-        stok.into(m_values.stkfistip, u"stkfistipadi");
-        stok.into(m_values.crfistip, u"crfistipadi");
-        stok.into(m_values.ftfistip, u"ftfistipadi");
-        stok.into(m_br1code, u"br1fyt");
-        stok.into(m_br2code, u"br2fyt");
-    });
-    m_values.br1fytIndex = m_lists.priceTypes.find(m_values.br1fyt, m_br1code);
-    m_values.br2fytIndex = m_lists.priceTypes.find(m_values.br2fyt, m_br2code);
+    settings::read(m_program, {u"stok"}, m_values);
 }
 
-void SettingsSession::serverkaydet(const ParameterValues &values)
+void SettingsSession::serverkaydet(const Settings &values)
 {
     resumeNext([&] {
         OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        for (const QString &statement : statements(values))
+        for (const QString &statement : settings::updates(values, SettingWriter::dialog))
             resumeNext([&] { db.execute(statement); });
     });
     m_values = values;
     Q_EMIT saved();
-}
-
-/// The values go between single quotes as typed, nothing is escaped: the settings file is shared
-/// with programs that read and write it the same way.
-QStringList SettingsSession::statements(const ParameterValues &v) const
-{
-    // With no price type chosen there is no code to take; the stored one stays, so that saving a
-    // corrected server name while the host is away does not lose the shop's prices.
-    const QString br1 = v.br1fytIndex < 0 ? m_br1code : m_lists.priceTypes.code(v.br1fytIndex);
-    const QString br2 = v.br2fytIndex < 0 ? m_br2code : m_lists.priceTypes.code(v.br2fytIndex);
-    const QString colours =
-        QString::number(v.renkl) + kCodeMark.toString() + QString::number(v.renkl1);
-    return {
-        u"Update kdv set kdv = '"_s + v.kdv + u"' Where id ='1'"_s,
-        u"Update ses set bulses = '"_s + flag(v.uses1) + u"',bulmases = '"_s + flag(v.uses2) +
-            u"' Where id ='1'"_s,
-        u"Update yazici set yazici1 = '"_s + v.yazici + u"',yazici2 = '' ,yazdirma = '"_s +
-            flag(v.fisyazdir) + u"' Where id ='1'"_s,
-        u"Update login set sifre = '"_s + v.lgpass + u"' Where id ='1'"_s,
-        u"Update server set kuladi = '"_s + v.kladi + u"',sifre = '"_s + v.pass +
-            u"',server = '"_s + v.srvadi + u"',sql = '"_s + v.sqladi + u"',msql = '"_s +
-            v.mastersql + u"' Where id ='1'"_s,
-        u"Update instan set insname = '"_s + v.instance + u"',inskullan = '"_s + flag(v.Check1) +
-            u"' Where id ='1'"_s,
-        u"Update stok set br2fytadi = '"_s + v.br2fyt + u"',br1fytadi = '"_s + v.br1fyt +
-            u"',br2fyt = '"_s + br2 + u"',br1fyt = '"_s + br1 + u"' Where id ='1'"_s,
-        u"Update liste set enust = '"_s + flag(v.c3) + u"',tmekran = '"_s + flag(v.c2) +
-            u"',winac = '"_s + flag(v.c1) + u"',yzrenk = '"_s + QString::number(v.yzrnk) +
-            u"',listrenk = '"_s + colours + u"',title = '"_s + v.bsl + u"',bold = '"_s +
-            QString::number(v.stl) + u"',font = '"_s + v.fnt + u"',size = '"_s + v.sz +
-            u"' Where id ='1'"_s,
-        u"Update per set per = '"_s + flag(v.pers) + u"' Where id ='1'"_s,
-    };
 }

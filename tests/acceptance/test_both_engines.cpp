@@ -1,3 +1,4 @@
+#include "fakes/label_shop.h"
 #include "labels/desk/invoice_picker.h"
 #include "labels/desk/label_desk.h"
 #include "labels/desk/price_change_request.h"
@@ -37,9 +38,7 @@ public:
     {
         QStringList lines;
         for (const StockRow &row : list.rows())
-            lines += QStringList{row.barcode, row.code,  row.name, row.unit,
-                                 row.price,   row.count, row.tag}
-                         .join(u'|');
+            lines += stockLine(row);
         rows(lines);
     }
 
@@ -53,36 +52,36 @@ void searches(RealShop &shop, Transcript &script)
 {
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
-    using Search = void (LabelDesk::*)(const QString &);
+    using Search = void (StockLoader::*)(const QString &);
     const auto ask = [&](Search search, const QStringList &texts) {
         for (const QString &text : texts) {
             script.title(text);
-            (desk.*search)(text);
+            (desk.loader().*search)(text);
             script.stocks(desk.stocks());
         }
     };
-    ask(&LabelDesk::stkcinsibul,
+    ask(&StockLoader::stkcinsibul,
         {u"SÜT"_s, u"ılık"_s, u"ILIK"_s, u"ilik"_s, u"çikolata"_s, u"ÇİKOLATA"_s, u"CIKOLATA"_s,
          u"ğ"_s, u"i"_s, u"I"_s, u"%5 kg"_s, u"1 [LK]"_s, u"Un_B"_s, u"''"_s, u"a?b"_s,
          u"{fn now()}"_s, u"-- x"_s, u"/*"_s, u"yok böyle"_s});
-    ask(&LabelDesk::stkkodbul, {u"gid.001"_s, u"_.001"_s, u"'"_s});
+    ask(&StockLoader::stkkodbul, {u"gid.001"_s, u"_.001"_s, u"'"_s});
     for (const UnitChoice units : {UnitChoice::first, UnitChoice::second, UnitChoice::both}) {
-        desk.setUnits(units);
-        ask(&LabelDesk::stkcinsibul, {u"süt"_s});
-        ask(&LabelDesk::stkkodbul, {u"GID.001"_s});
-        ask(&LabelDesk::brkdbul, {u"8688107052881"_s, u"86933308 "_s, u"1"_s, QString()});
+        desk.loader().setUnits(units);
+        ask(&StockLoader::stkcinsibul, {u"süt"_s});
+        ask(&StockLoader::stkkodbul, {u"GID.001"_s});
+        ask(&StockLoader::brkdbul, {u"8688107052881"_s, u"86933308 "_s, u"1"_s, QString()});
     }
     // The whole shop, then under the other prices.
-    desk.listele();
+    desk.loader().listele();
     script.stocks(desk.stocks());
     SettingsSession settings(shop.program);
     settings.load();
-    ParameterValues values = settings.values();
-    values.br1fytIndex = 1;
-    values.br2fytIndex = 0;
+    Settings values = settings.values();
+    values.stok.br1fyt = settings.lists().priceTypes.code(1);
+    values.stok.br2fyt = settings.lists().priceTypes.code(0);
     settings.serverkaydet(values);
     desk.loadPriceNumbers();
-    desk.fiyatoku();
+    desk.loader().fiyatoku();
     script.stocks(desk.stocks());
 }
 
@@ -92,7 +91,7 @@ void invoices(RealShop &shop, Transcript &script)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     InvoicePicker picker(shop.program);
-    QObject::connect(&picker, &InvoicePicker::transferred, &desk, &LabelDesk::listLines);
+    QObject::connect(&picker, &InvoicePicker::transferred, &desk.loader(), &StockLoader::listLines);
     picker.load();
     for (int type = 0; type < picker.types().size(); ++type)
         for (const int days : {0, 30, 400}) {
@@ -107,7 +106,7 @@ void invoices(RealShop &shop, Transcript &script)
             picker.invoices().checkAll(true);
             for (const QString &tracking : {QString(), u"T-1038"_s}) {
                 picker.loadLines({!tracking.isEmpty(), tracking});
-                desk.listLines({});
+                desk.loader().listLines({});
                 picker.anafatekle();
                 script.stocks(desk.stocks());
             }
@@ -119,7 +118,8 @@ void priceChanges(RealShop &shop, Transcript &script)
     const QDate today = shop.clock.now().date();
     LabelDesk desk(shop.program);
     PriceChangeRequest request(shop.program);
-    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk.loader(),
+                     &StockLoader::fiyatdegisbul);
     const std::vector<ChangeRange> ranges = {
         request.usualRange(),
         {today, today, QTime(0, 0), QTime(23, 59)},
@@ -137,8 +137,8 @@ void newNumbers(RealShop &shop, Transcript &script)
 {
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
-    desk.setUnits(UnitChoice::both);
-    desk.listele();
+    desk.loader().setUnits(UnitChoice::both);
+    desk.loader().listele();
     desk.ekbartum();
     NumberDesk &numbers = desk.numbers();
     script.title(numbers.summary());
@@ -147,9 +147,9 @@ void newNumbers(RealShop &shop, Transcript &script)
     numbers.brgnc();
     QStringList rows;
     for (const QueueRow &row : desk.queue().rows())
-        rows += QStringList{row.barcode, row.code, row.tag}.join(u'|');
+        rows += QStringList{row.barcode, row.code, row.tag()}.join(u'|');
     script.rows(rows);
-    desk.listele();
+    desk.loader().listele();
     script.stocks(desk.stocks());
     // What was written goes to other programs as it stands in the table.
     RecordSet table = shop.program.company().execute(u"select * from STKBARKOD"_s);

@@ -13,6 +13,8 @@ struct AwayCase
     std::string name;
     std::optional<FakeSqlServer::Fault> fault; ///< none: nobody listens
     bool tray;
+
+    friend void PrintTo(const AwayCase &one, std::ostream *out) { *out << one.name; }
 };
 
 class ConnectionRoad : public RoomsTest, public testing::WithParamInterface<AwayCase>

@@ -16,6 +16,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+PrintRequest wholeQueue(const PrintQueue &queue)
+{
+    PrintRequest request;
+    for (int row = 0; row < queue.size(); ++row)
+        request.rows.push_back(labelOf(queue.at(row), row));
+    return request;
+}
+
+} // namespace
+
+namespace {
+
 class DemoShop : public testing::Test
 {
 protected:
@@ -46,7 +58,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     const auto found = [&](const QString &text) {
-        desk.stkcinsibul(text);
+        desk.loader().stkcinsibul(text);
         return desk.stocks().size();
     };
     const int lower = found(u"süt"_s);
@@ -59,7 +71,7 @@ TEST_F(DemoShop, SearchesAsATurkishServerDoesAndPricesEveryRow)
     // A quote breaks the statement: the user is told, list and queue stay.
     desk.ektm();
     const int listed = desk.stocks().size();
-    desk.stkcinsibul(u"Ali'nin"_s);
+    desk.loader().stkcinsibul(u"Ali'nin"_s);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(desk.stocks().size(), listed);
     EXPECT_EQ(desk.queue().size(), listed);
@@ -82,7 +94,8 @@ TEST_F(DemoShop, PriceChangesAreFoundByDaysAndByTheTimeOfEveryDay)
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
     PriceChangeRequest request(shop.program);
-    QObject::connect(&request, &PriceChangeRequest::requested, &desk, &LabelDesk::fiyatdegisbul);
+    QObject::connect(&request, &PriceChangeRequest::requested, &desk.loader(),
+                     &StockLoader::fiyatdegisbul);
     request.send({first, today, QTime(8, 30), QTime(12, 0)});
     QStringList found;
     for (const StockRow &row : desk.stocks().rows())
@@ -94,22 +107,20 @@ TEST_F(DemoShop, SettingsAreSavedAndReadBack)
 {
     SettingsSession first(shop.program);
     first.load();
-    EXPECT_EQ(first.values().dep, u"MAĞAZA"_s);
+    EXPECT_EQ(first.values().stok.depoadi, u"MAĞAZA"_s);
     EXPECT_EQ(first.lists().customers.code(0), u"120.00.001"_s);
-    ParameterValues v = first.values();
-    EXPECT_GE(v.br1fytIndex, 0);
-    v.bsl = u"Çarşı Şubesi"_s;
-    v.br1fytIndex = 2;
-    v.br1fyt = u"TOPTAN"_s;
-    v.lgpass = u"o'nun"_s; // breaks its own statement only
+    Settings v = first.values();
+    v.liste.title = u"Çarşı Şubesi"_s;
+    v.stok.br1fytadi = u"TOPTAN"_s;
+    v.stok.br1fyt = u"3"_s;
+    v.login.sifre = u"o'nun"_s; // breaks its own statement only
     first.serverkaydet(v);
 
     SettingsSession second(shop.program);
     second.load();
-    EXPECT_EQ(second.values().bsl, u"Çarşı Şubesi"_s);
-    EXPECT_EQ(second.values().br1fytIndex, 2);
-    EXPECT_EQ(second.values().lgpass, QString());
-    EXPECT_EQ(settings::value(shop.program, u"stok", u"br1fyt"), u"3"_s);
+    EXPECT_EQ(second.values().liste.title, u"Çarşı Şubesi"_s);
+    EXPECT_EQ(second.values().stok.br1fyt, u"3"_s);
+    EXPECT_EQ(second.values().login.sifre, QString());
     EXPECT_TRUE(shop.prompt.shown.empty());
 }
 
@@ -117,16 +128,17 @@ TEST_F(DemoShop, EveryShippedLayoutPrintsTheQueue)
 {
     LabelDesk desk(shop.program);
     desk.loadPriceNumbers();
-    desk.stkkodbul(u"GID.001"_s);
+    desk.loader().stkkodbul(u"GID.001"_s);
     desk.ektm();
     PrintRun run(shop.program);
     const QStringList layouts = run.layouts().names();
     EXPECT_GE(layouts.size(), 4);
-    shop.prompt.answers.assign(static_cast<std::size_t>(layouts.size()), Answer::yes);
-    for (const QString &layout : layouts) {
-        EXPECT_TRUE(run.yazzzz({PrintMode::all, desk.queue().labels()}, layout))
-            << layout.toStdString();
-    }
+    int printed = 0;
+    QObject::connect(&run, &PrintRun::problemsFound, [&run] { run.answer(true); });
+    QObject::connect(&run, &PrintRun::finished, [&printed](bool done) { printed += done ? 1 : 0; });
+    for (const QString &layout : layouts)
+        run.yazzzz(wholeQueue(desk.queue()), layout);
+    EXPECT_EQ(printed, layouts.size());
     EXPECT_EQ(QDir(shop.program.path(u"cikti")).entryList(QDir::Files).size(), layouts.size());
 }
 
@@ -141,10 +153,10 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
         shop.open();
         LabelDesk desk(shop.program);
         desk.loadPriceNumbers();
-        desk.stkkodbul(u"GID.001"_s);
+        desk.loader().stkkodbul(u"GID.001"_s);
         desk.ektm();
         PrintRun run(shop.program);
-        run.start({PrintMode::all, desk.queue().labels()});
+        run.start(wholeQueue(desk.queue()));
         SettingsSession session(shop.program);
         session.load();
         session.serverkaydet(session.values());
@@ -152,7 +164,7 @@ TEST(DamagedFiles, NoFileOfTheFolderCanEndTheProgram)
             EXPECT_FALSE(shop.prompt.shown.empty()) << "a lost search is told";
         }
         if (name == u"data.dbs"_s) {
-            EXPECT_EQ(session.values().renkl, 0xFFFFFF) << "design values stay";
+            EXPECT_EQ(session.values().liste.listrenk.row, 0xFFFFFF) << "design values stay";
         }
     }
 }

@@ -36,8 +36,8 @@ protected:
     {
         HostLink link(shop.program);
         link.ayaroku();
-        const ServerSettings &s = link.server();
-        return {s.server, s.user, s.password, s.master, s.company};
+        const Settings::Server &s = link.server();
+        return {s.server, s.kuladi, s.sifre, s.msql, s.sql};
     }
 
     RealShop shop{GetParam()};

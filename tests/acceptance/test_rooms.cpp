@@ -4,6 +4,7 @@
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
 #include "labels/desk/print_queue.h"
+#include "labels/print/forms/print_problems.h"
 #include "labels/print/forms/yazfrm.h"
 #include "platform/machine/window_style.h"
 #include "sales/forms/receipt_designer.h"
@@ -15,15 +16,25 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QDateEdit>
 #include <QDir>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPointer>
+#include <QPushButton>
 #include <QToolButton>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+struct RoomsWithTray : RoomsTest
+{
+    RoomsWithTray() : RoomsTest(OdbcEngine::kPatience, true) {}
+};
+
+} // namespace
 
 TEST_F(RoomsTest, TheStockListIsTheFirstWindowAndIsMadeOnce)
 {
@@ -129,11 +140,11 @@ TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
     click(list, u"fytdegisbul"_s);
     ASSERT_EQ(open<fytdegisbul>().size(), 1);
     const QPointer<fytdegisbul> form = open<fytdegisbul>().first();
-    form->findChild<QDateEdit *>(u"tr1"_s)->setDate(QDate(2000, 1, 1));
+    form->findChild<QLineEdit *>(u"tr1"_s)->setText(u"01.01.2000"_s);
     const auto *stocks = list->findChild<QTreeView *>(u"l1"_s)->model();
     QObject::connect(stocks, &QAbstractItemModel::rowsInserted, form.data(),
                      [&] { QTimer::singleShot(0, form.data(), &QWidget::close); });
-    QTest::keyClick(form->findChild<QDateEdit *>(u"tr1"_s), Qt::Key_Return);
+    QTest::keyClick(form->findChild<QLineEdit *>(u"tr1"_s), Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return list->findChild<QPushButton *>(u"ektm"_s)->isEnabled(); }, 60'000));
@@ -194,9 +205,10 @@ TEST_F(RoomsTest, ADoubleClickOnALayoutPrintsWhenItsListIsDoneWithIt)
     click(list, u"ektm"_s);
     click(list, u"chooseLayout"_s);
     auto *const layouts = await<yazfrm>()->findChild<QListWidget *>(u"liste"_s);
-    shop.prompt.confirmWith = true;
     ASSERT_TRUE(QTest::qWaitForWindowActive(layouts->window()));
     const auto printed = [this] {
+        for (const PrintProblems *asked : open<PrintProblems>())
+            asked->findChild<QPushButton *>(u"yazdir"_s)->click();
         return !QDir(shop.program.path(u"cikti")).entryList({u"*.pdf"_s}).isEmpty();
     };
     const QPoint first = layouts->visualItemRect(layouts->item(0)).center();
@@ -222,6 +234,43 @@ TEST_F(RoomsTest, WhoDoesNotWantToEndKeepsEveryForm)
         QTest::qWait(20);
         EXPECT_EQ(shop.prompt.shown.size(), 1U);
         EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
+    }
+}
+
+// With a tray the program goes on without a window; whoever starts it again gets the last one back.
+TEST_F(RoomsWithTray, TheLastWindowComesBackAndBearsTheMenu)
+{
+    rooms.open();
+    QTest::qWait(20); // the start timer shows the stock list
+    rooms.showSales();
+    await<stkkart>()->close();
+    stfatura *const till = await<stfatura>();
+    EXPECT_TRUE(till->menuButton()->isVisible());
+    till->close();
+    QTest::qWait(20);
+    EXPECT_TRUE(open<stfatura>().isEmpty());
+    rooms.showLastWindow();
+    EXPECT_EQ(open<stfatura>().size(), 1);
+    EXPECT_TRUE(open<stkkart>().isEmpty());
+}
+
+TEST_F(RoomsTest, ASavedServerIsConnectedOnOneKeyAndTheTillKeepsItsGoods)
+{
+    rooms.open();
+    rooms.showSales();
+    enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
+    for (const Answer answer : {Answer::no, Answer::yes}) {
+        rooms.showLogin();
+        enter(await<login>(), u"lgpass"_s, {});
+        const QString company = answer == Answer::yes ? u"YOK"_s : u"BASKA"_s;
+        await<parametre>()->findChild<QLineEdit *>(u"sqladi"_s)->setText(company);
+        shop.prompt.shown.clear();
+        shop.prompt.answers = {answer};
+        click(open<parametre>().first(), u"button1"_s);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
+        QTest::qWait(20);
+        EXPECT_EQ(Program::isOpen(shop.program.bag), answer == Answer::no);
+        EXPECT_EQ(open<stfatura>().size(), 1);
     }
 }
 

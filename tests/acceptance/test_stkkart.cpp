@@ -12,7 +12,6 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTimer>
 #include <QTreeView>
 
@@ -180,12 +179,13 @@ TEST_F(StockForm, AnEmptiedQueueHasNoCountAndAFreshListShowsItsStart)
 TEST_F(StockForm, PrintKeysAndMenusAskForTheQueueOrItsSelectedRow)
 {
     QStringList requests;
-    QObject::connect(&shop.desk, &LabelDesk::printWanted, [&](const PrintRequest &request) {
-        requests += QString::number(static_cast<int>(request.mode));
-        for (const LabelRow &row : request.rows)
-            requests.last() += u' ' + QString::number(row.queueRow) + row.stockCode;
-        requests.last() += request.chooseLayout ? u" ?"_s : QString();
-    });
+    QObject::connect(
+        &shop.desk.printing(), &LabelPrinting::printWanted, [&](const PrintRequest &request) {
+            requests += QString::number(static_cast<int>(request.mode));
+            for (const LabelRow &row : request.rows)
+                requests.last() += u' ' + QString::number(row.queueRow) + row.stockCode;
+            requests.last() += request.chooseLayout ? u" ?"_s : QString();
+        });
     auto *menu = child<QMenu>("yzdlst");
     auto *stockMenu = child<QMenu>("stklist");
     const auto rightClick = [this](const char *name) {

@@ -3,6 +3,19 @@
 #include "fakes/fake_ports.h"
 #include "labels/desk/label_desk.h"
 
+/// "barcode|code|name|unit|price|count|unit number"
+inline QString stockLine(const StockRow &row)
+{
+    return QStringList{row.barcode,
+                       row.code,
+                       row.name,
+                       row.unitText(),
+                       row.price,
+                       QString::number(row.count),
+                       QString::number(row.unit)}
+        .join(u'|');
+}
+
 /// A machine of fakes with a few stocks, and the label desk at work on it.
 ///
 /// stock  first unit   second unit     barcodes               prices under 1 and 2
@@ -47,14 +60,12 @@ struct LabelShop
                          [this](const QString &text) { status = text; });
     }
 
-    /// The stock list as lines "barcode|code|name|unit|price|count|tag".
+    /// The stock list as stockLine()s.
     QStringList stocks()
     {
         QStringList lines;
         for (const StockRow &row : desk.stocks().rows())
-            lines += QStringList{row.barcode, row.code,  row.name, row.unit,
-                                 row.price,   row.count, row.tag}
-                         .join(u'|');
+            lines += stockLine(row);
         return lines;
     }
     /// The queue as lines "code tag".
@@ -62,7 +73,7 @@ struct LabelShop
     {
         QStringList lines;
         for (const QueueRow &row : desk.queue().rows())
-            lines += row.code + u' ' + row.tag;
+            lines += row.code + u' ' + row.tag();
         return lines;
     }
 

@@ -1,3 +1,4 @@
+#include "fakes/fixed_measure.h"
 #include "paper/command_painter.h"
 #include "paper/millimetres.h"
 #include "paper/text_block.h"
@@ -119,4 +120,39 @@ TEST(TextBlock, SaysWhetherAllOfTheTextIsInItsBox)
                 .fits,
             c.fits)
             << c.text.toStdString() << ' ' << c.box.width();
+}
+
+TEST(TextBlock, ALongNameKeepsItsEndAndItsType)
+{
+    // A letter is 2 mm wide and a line 4 mm high.
+    const struct
+    {
+        QSizeF box;
+        double angle;
+        QString text;
+        QString lines;
+    } cases[] = {
+        {{54, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy Peyniri Tam Yağlı 500 g"_s},
+        {{52, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy Peyniri Tam … 500 g"_s},
+        {{30, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy … 500 g"_s},
+        {{20, 8}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy …|500 g"_s},
+        {{18, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Kö… 500 g"_s},
+        {{4, 20}, 90, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy… 500 g"_s},
+        {{28, 4}, 180, u"Kola Hediyeli 6 x 200 ml"_s, u"Ko… 6 x 200 ml"_s},
+        {{20, 4}, 0, u"Bulaşık Süngeri Mavi"_s, u"Bula… Mavi"_s},
+        {{10, 4}, 0, u"12.345,50"_s, u"12.345,50"_s}, // a figure runs over
+        {{8, 4}, 0, u"Un 1.000 g"_s, u"Un"_s},        // no room for its end at all
+    };
+    for (const auto &c : cases) {
+        const PlacedText placed = placeText(
+            {.box = {{0, 0}, c.box}, .angle = c.angle, .font = {u"Sans"_s, 10}, .text = c.text},
+            FixedMeasure());
+        QStringList lines;
+        for (const TextCommand &line : placed.lines) {
+            lines += line.text;
+            EXPECT_EQ(line.font.size, 10);
+        }
+        EXPECT_EQ(lines.join(u'|'), c.lines) << c.text.toStdString();
+        EXPECT_EQ(placed.fits, c.lines == c.text && c.box.width() > 10);
+    }
 }

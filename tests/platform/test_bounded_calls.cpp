@@ -12,9 +12,9 @@ namespace {
 TEST(BoundedCalls, WaitsAsLongAsTheCallShowsLife)
 {
     BoundedCalls calls;
-    EXPECT_TRUE(calls.run(500ms, [](BoundedCalls::Life &life) {
-        for (int i = 0; i < 20; ++i) {
-            std::this_thread::sleep_for(50ms);
+    EXPECT_TRUE(calls.run(200ms, [](BoundedCalls::Life &life) {
+        for (int i = 0; i < 15; ++i) {
+            std::this_thread::sleep_for(20ms);
             life.show();
         }
     }));
@@ -26,7 +26,7 @@ TEST(BoundedCalls, LeavesASilentCallAloneAndRunsTheNext)
     {
         BoundedCalls calls;
         EXPECT_FALSE(calls.run(50ms, [&](BoundedCalls::Life &) {
-            std::this_thread::sleep_for(1s);
+            std::this_thread::sleep_for(300ms);
             finished = true;
         }));
         EXPECT_FALSE(finished);

@@ -93,27 +93,6 @@ TEST(DemoShop, IsMadeWholeOrNotAtAll)
               HostError::kConnectionLost);
 }
 
-TEST(DemoShop, BecomesAScriptForTheServer)
-{
-    const QString script = demoSqlServerScript(kText);
-    const QStringList parts = {
-        u"CREATE DATABASE DEMOSIRKET COLLATE Turkish_CI_AS;\nGO\nUSE DEMOSIRKET;\nGO\n"_s,
-        u"    STKKOD varchar(20) COLLATE Turkish_CI_AS NOT NULL,\n"_s,
-        u"    STKBAKIYE float NULL,\n    STKSIRA int NULL,\n    STKFIYAT money NULL,\n"
-        "    STKSYFTARIHI datetime NULL,\n"_s,
-        u"    CONSTRAINT PK_STKKART PRIMARY KEY NONCLUSTERED (STKKOD)\n);\n"
-        "CREATE INDEX IX_STKKART_STKCINSI ON STKKART (STKCINSI);\nGO\n"_s,
-        u"INSERT INTO STKKART (STKKOD, STKCINSI, STKBIRIM2, STKBAKIYE, STKSIRA, STKFIYAT, "
-        "STKSYFTARIHI, STKSYFSAATI) VALUES\n"
-        "(N'S001', N'İÇLİ KÖFTE', N' ', 12.5, 1, 149.9, "
-        "DATEADD(day,DATEDIFF(day,0,GETDATE())-0,0), NULL),\n"_s,
-        u"(N'S003', N'Çay ''Rize'' 1 kg', N'KOLİ', -2, NULL, NULL, '20251224', NULL);\nGO\n"_s,
-    };
-    for (const QString &part : parts)
-        EXPECT_TRUE(script.contains(part)) << part.toStdString() << "\nin\n"
-                                           << script.toStdString();
-}
-
 /// The script in the repository is made from the text beside it.
 TEST(DemoShop, TheCommittedScriptIsUpToDate)
 {

@@ -4,6 +4,7 @@
 #include "platform/host/engine_connector.h"
 #include "platform/host/odbc_session.h"
 #include "platform/host/sqlite_file.h"
+#include "platform/host/statement_batch.h"
 #include "platform/scratch.h"
 #include "support/print_qt.h"
 #include "support/test_server.h"
@@ -115,6 +116,46 @@ class ServerTypes : public Engines
 /// The driver for SQLite knows no dates.
 class Dates : public Engines
 {};
+
+TEST_P(Engines, ManySelectsAreAnsweredEachByItself)
+{
+    for (int i = 0; i < 40; ++i)
+        insert(u"'S%1','Ürün %1','%1','0.5'"_s.arg(i));
+    QStringList statements;
+    for (int i = 0; i < 40; ++i)
+        statements += u"select * from STKKART where STKKOD='S%1'"_s.arg(i);
+    statements[3] = u"select * from STKKART where STKKOD='x;'''"_s;
+    statements[5] = u"select STKKOD from STKKART where STKSIRA<2"_s;
+    std::vector<RecordSet> answers;
+    host->executeAll(statements, answers);
+    ASSERT_EQ(answers.size(), 40U);
+    EXPECT_TRUE(answers[3].eof());
+    EXPECT_EQ(answers[5].rowCount(), 2);
+    EXPECT_EQ(answers[39].text(u"STKCINSI"), u"Ürün 39"_s);
+
+    // A value with a quote in it spoils its own statement, those before it are answered.
+    statements[20] = u"select * from STKKART where STKKOD='O'nun'"_s;
+    answers.clear();
+    EXPECT_THROW(host->executeAll(statements, answers), HostError);
+    ASSERT_EQ(answers.size(), 20U);
+    EXPECT_EQ(answers[19].text(u"STKKOD"), u"S19"_s);
+    statements[20] = u"select YOK from STKKART"_s;
+    answers.clear();
+    EXPECT_THROW(host->executeAll(statements, answers), HostError);
+    EXPECT_EQ(answers.size(), 20U);
+    EXPECT_EQ(host->execute(statements[39]).rowCount(), 1);
+}
+
+TEST(StatementBatch, OnlyStatementsThatEndWhereTheyEndTravelTogether)
+{
+    const QString plain = u"select * from T where A='x'"_s;
+    EXPECT_EQ(statementBatch({plain, plain}), plain + u";\n"_s + plain);
+    EXPECT_TRUE(statementBatch({plain, u"SELECT * from T where A='O''nun; -- [x] /*'"_s}));
+    for (const QString &open :
+         {u"select * from T where A='O'nun'"_s, u"select 1 -- x"_s, u"select 1 /* x"_s,
+          u"select \"a"_s, u"select [a"_s, u"select 1; delete from T"_s, u"delete from T"_s})
+        EXPECT_FALSE(statementBatch({plain, open, plain})) << open.toStdString();
+}
 
 TEST_P(Engines, WritesAndReadsEveryType)
 {

@@ -53,6 +53,37 @@ TEST(OdbcErrors, TheGravestMessageDecides)
             << (messages.empty() ? "" : messages.front().state.toStdString());
 }
 
+TEST(OdbcErrors, TheReasonIsToldInTurkish)
+{
+    using Cause = HostError::Cause;
+    struct Case
+    {
+        std::vector<OdbcMessage> messages;
+        QString word;
+        Cause cause;
+    };
+    const std::vector<Case> cases = {
+        {{{u"28000"_s, 18456, {}}, {u"42000"_s, 4060, {}}},
+         u"Veritabanı açılamadı"_s,
+         Cause::database},
+        {{{u"28000"_s, 18456, {}}}, u"parola kabul edilmedi"_s, Cause::login},
+        {{{u"IM002"_s, 0, {}}}, u"sürücüsü"_s, Cause::noDriver},
+        {{{u"08001"_s, 18, u"[DBNETLIB]SSL Güvenlik hatası"_s}},
+         u"şifrelemede"_s,
+         Cause::encryption},
+        {{{u"08S01"_s, 10054, u"SSL Provider: bağlantı kapatıldı"_s}}, u"koptu"_s, Cause::unknown},
+        {{{u"42000"_s, 229, {}}}, u"hakkı yok"_s, Cause::right},
+        {{{u"42S02"_s, 208, {}}}, u"Tablo bulunamadı"_s, Cause::noTable},
+        {{{u"08001"_s, 0, {}}}, u"ulaşılamıyor"_s, Cause::unknown},
+        {{{u"HYT00"_s, 0, {}}}, u"süresinde"_s, Cause::silent},
+        {{{u"42000"_s, 50000, {}}}, QString(), Cause::unknown},
+    };
+    for (const Case &c : cases) {
+        EXPECT_TRUE(odbcReason(c.messages).contains(c.word)) << c.word.toStdString();
+        EXPECT_EQ(odbcCause(c.messages), c.cause) << c.word.toStdString();
+    }
+}
+
 TEST(SqlBrowser, ReadsThePortOfAnInstance)
 {
     const auto answer = [](const QByteArray &text) { return QByteArray("\x05\x40\x00", 3) + text; };

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr std::chrono::milliseconds kShort{400}; ///< for servers that never answer
 constexpr std::chrono::seconds kAboutFive{9};
 
 class OdbcFaults : public testing::Test
@@ -27,10 +28,12 @@ protected:
 
     void TearDown() override { EXPECT_LT(std::chrono::steady_clock::now() - m_start, kAboutFive); }
 
-    std::unique_ptr<OdbcEngine> connect(const QString &server, const QString &password = u"gizli"_s)
+    std::unique_ptr<OdbcEngine> connect(const QString &server, const QString &password = u"gizli"_s,
+                                        std::chrono::milliseconds patience = OdbcEngine::kPatience)
     {
         const ConnectionSettings settings{server, u"sa"_s, password, u"DEMOSIRKET"_s};
-        return std::make_unique<OdbcEngine>(calls, settings, OdbcOverride{u"FreeTDS"_s, {}});
+        return std::make_unique<OdbcEngine>(calls, settings, OdbcOverride{u"FreeTDS"_s, {}},
+                                            patience);
     }
 
     std::shared_ptr<BoundedCalls> calls = std::make_shared<BoundedCalls>();
@@ -51,7 +54,7 @@ TEST_F(OdbcFaults, ConnectionsThatNeverCome)
 TEST_F(OdbcFaults, AServerThatNeverAnswers)
 {
     const FakeSqlServer server(FakeSqlServer::Fault::silent);
-    EXPECT_EQ(errorOf([&] { connect(server.name()); }), HostError::kConnectionLost);
+    EXPECT_EQ(errorOf([&] { connect(server.name(), {}, kShort); }), HostError::kConnectionLost);
 }
 
 TEST_F(OdbcFaults, ASoundServerIsReadInEveryType)
@@ -82,8 +85,8 @@ TEST_F(OdbcFaults, ASoundServerIsReadInEveryType)
 TEST_F(OdbcFaults, PasswordsArriveAsTheyWereTyped)
 {
     const FakeSqlServer server(FakeSqlServer::Fault::none);
-    for (const QString &password :
-         {u"a=b"_s, u"{x"_s, u"a{b!@"_s, u"şifre İ"_s, u"a}b"_s, u"'\""_s}) {
+    for (const QString &password : {u"a=b"_s, u"{x"_s, u"a{b!@"_s, u"şifre İ"_s, u"a}b"_s, u"'\""_s,
+                                    u"{ab}c"_s, u"{ab}"_s, u"{"_s}) {
         connect(server.name(), password);
         EXPECT_EQ(server.password(), password);
     }
@@ -104,7 +107,9 @@ TEST_P(OdbcStatementFaults, AStatementFailsAndSaysSo)
 {
     const FaultCase &param = GetParam();
     const FakeSqlServer server(param.fault);
-    const auto host = connect(server.name());
+    const bool silent = param.fault == FakeSqlServer::Fault::silentOnQuery ||
+                        param.fault == FakeSqlServer::Fault::silentInResult;
+    const auto host = connect(server.name(), u"gizli"_s, silent ? kShort : OdbcEngine::kPatience);
     ASSERT_EQ(host->state(), 1);
     EXPECT_EQ(errorOf([&] { host->execute(u"select * from STKKART"_s); }), param.expected);
     EXPECT_EQ(host->state(), param.alive ? 1 : 0);

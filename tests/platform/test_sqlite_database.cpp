@@ -2,8 +2,6 @@
 #include "platform/scratch.h"
 #include "support/print_qt.h"
 
-#include <QFileInfo>
-
 #include <gtest/gtest.h>
 using namespace Qt::StringLiterals;
 

@@ -23,7 +23,7 @@ struct Lookup : testing::Test
     LookupResult type(const QString &code) { return lookup.listestokkodkontrol(list, code); }
 
     TillShop shop;
-    SaleSettings settings = oku(shop.program);
+    Settings settings = oku(shop.program);
     ItemLookup lookup{shop.program, settings};
     SaleList list;
 };
@@ -89,8 +89,8 @@ TEST_F(Lookup, UnknownCodesAddNothingAndAreHeard)
 
 TEST_F(Lookup, SoundsFollowTheirSwitches)
 {
-    settings.bulses = u"0"_s;
-    settings.bulmases = u""_s;
+    settings.ses.bulses = false;
+    settings.ses.bulmases = false;
     scan(u"869001"_s);
     scan(u"869001"_s);
     scan(u"111"_s);
@@ -129,7 +129,7 @@ TEST_F(Lookup, AnItemWithoutAPriceIsNotSold)
         shop.add({u"869003"_s, u"S3"_s, u"Tuz"_s, price});
         EXPECT_EQ(scan(u"869003"_s).outcome, Outcome::unpriced);
     }
-    settings.fiyatip = u"3"_s;
+    settings.stok.fiyatip = u"3"_s;
     const LookupResult result = type(u"S1"_s);
     EXPECT_EQ(result.outcome, Outcome::unpriced);
     EXPECT_TRUE(result.remark.contains(u"3 numaralı fiyat"_s));

@@ -3,6 +3,7 @@
 #include "sales/pricing.h"
 #include "sales/quantity.h"
 #include "sales/sale_list.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -11,37 +12,14 @@ using namespace Qt::StringLiterals;
 
 TEST(Pricing, DiscountsApplyToWhatTheOneBeforeLeft)
 {
-    struct Case
-    {
-        QString price;
-        double quantity;
-        std::array<float, 3> percent;
-        QString figures; ///< amount - discount = net
-        QString tag;
-    };
-    for (const Case &c : std::vector<Case>{
-             {u"100,00"_s, 1, {10, 10, 0}, u"100,00 - 19,00 = 81,00"_s, u"10<>10<>0<>10<>9<>0"_s},
-             {u"100,00"_s,
-              3,
-              {10, 10, 10},
-              u"300,00 - 81,30 = 218,70"_s,
-              u"10<>10<>10<>30<>27<>24,3"_s},
-             {u"1.234,50"_s,
-              1.5,
-              {2.5F, 0, 0},
-              u"1.851,75 - 46,29 = 1.805,46"_s,
-              u"2,5<>0<>0<>46,29375<>0<>0"_s},
-             {u"10,00"_s, 1, {100, 50, 0}, u"10,00 - 10,00 = 0,00"_s, u"100<>50<>0<>10<>0<>0"_s},
-             {u"10,00"_s, 1, {150, 0, 0}, u"10,00 - 15,00 = -5,00"_s, u"150<>0<>0<>15<>0<>0"_s},
-             // 8,245 as a single lies under it, so that discount and net still make the amount.
-             {u"164,90"_s, 1, {5, 0, 0}, u"164,90 - 8,24 = 156,66"_s, u"5<>0<>0<>8,245<>0<>0"_s},
-             {u""_s, 2, {10, 0, 0}, u"0,00 - 0,00 = 0,00"_s, u"10<>0<>0<>0<>0<>0"_s},
-         }) {
-        const SaleLine line = pricedLine(c.price, c.quantity, c.percent);
+    for (const Case &c : cases(u"sale_lines"_s)) { // price, quantity, percents, figures, tag
+        const SaleLine line =
+            pricedLine(c.value(0), c.number(1), pricing::discountsOf(u"<>"_s + c.value(2)).percent);
         EXPECT_EQ(line[SaleColumn::amount] + u" - "_s + line[SaleColumn::discount] + u" = "_s +
                       line[SaleColumn::net],
-                  c.figures);
-        EXPECT_EQ(line.tag, u"<>"_s + c.tag);
+                  c.value(3))
+            << c;
+        EXPECT_EQ(line.tag, u"<>"_s + c.value(2) + u"<>"_s + c.value(4)) << c;
     }
 }
 
@@ -83,43 +61,18 @@ TEST(Pricing, TotalsAreSummedInSinglePrecision)
 
 TEST(Pricing, ChangeIsCashLessTheGrandTotal)
 {
-    struct Case
-    {
-        QString cash, grand, change;
-    };
-    for (const auto &[cash, grand, change] : std::vector<Case>{
-             {u"50,00"_s, u"12,50"_s, u"37,50"_s},
-             {u"1.500"_s, u"1.234,50"_s, u"265,50"_s},
-             {u"1500"_s, u"1.234,50"_s, u"265,50"_s},
-             {u"5"_s, u"12,50"_s, u"-7,50"_s},
-             {u""_s, u"12,50"_s, u"0,00"_s},
-             {u","_s, u"12,50"_s, u"0,00"_s},
-         })
-        EXPECT_EQ(pricing::change(cash, grand), change) << cash.toStdString();
+    EXPECT_EQ(pricing::change(u"50,00", u"12,50"), u"37,50"_s);
+    EXPECT_EQ(pricing::change(u"1.500", u"1.234,50"), u"265,50"_s);
+    EXPECT_EQ(pricing::change(u"5", u"12,50"), u"-7,50"_s);
+    EXPECT_EQ(pricing::change(u"", u"12,50"), u"0,00"_s);
+    EXPECT_EQ(pricing::change(u",", u"12,50"), u"0,00"_s);
 }
 
 TEST(Quantity, TypedTextIsAQuantityOrRefused)
 {
-    struct Case
-    {
-        QString text;
-        double value;
-    };
-    for (const auto &[text, value] : std::vector<Case>{
-             {u"1"_s, 1.0},
-             {u"1,5"_s, 1.5},
-             {u" 2 "_s, 2.0},
-             {u",25"_s, 0.25},
-             {u"1.250"_s, 1250.0},
-             {u"1.250,5"_s, 1250.5},
-             {u"999.999"_s, 999999.0},
-         })
-        EXPECT_EQ(quantity::parse(text), value) << text.toStdString();
-    for (const QString &refused : {u"999.999.999"_s, u"8690123456789"_s, u"12345670"_s, u"1.5"_s,
-                                   u"1.25.000"_s, u"1,250.000"_s, u"1,2,3"_s, u"0"_s, u"0,000"_s,
-                                   u"-1"_s, u"1E5"_s, u""_s, u","_s, u"üç"_s})
-        EXPECT_FALSE(quantity::parse(refused)) << refused.toStdString();
-    EXPECT_EQ(quantity::parseCash(u"0"), 0.0);
-    EXPECT_EQ(quantity::parseCash(u"1.000,50"), 1000.5);
-    EXPECT_FALSE(quantity::parseCash(u"86901234"));
+    for (const Case &c : cases(u"quantities"_s)) {
+        const auto value =
+            c.value(0) == u"cash" ? quantity::parseCash(c.value(1)) : quantity::parse(c.value(1));
+        EXPECT_EQ(value ? QString::number(*value) : u"refused"_s, c.value(2)) << c;
+    }
 }

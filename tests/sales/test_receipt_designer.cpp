@@ -79,14 +79,14 @@ TEST(ListColours, TextIsAlwaysReadable)
              {u""_s, u"mavi"_s, Qt::black},
              {u"-2147483643<1234>x"_s, u"0"_s, Qt::black},
          }) {
-        SaleSettings settings;
-        settings.listrenk = rows;
-        settings.yzrenk = text;
+        Settings settings;
+        takeStored(&settings.liste.listrenk, rows);
+        takeStored(&settings.liste.yzrenk, text);
         EXPECT_EQ(listLook(settings).text, shown) << rows.toStdString();
     }
-    SaleSettings settings;
-    settings.size = u"400"_s;
-    settings.bold = u"3"_s;
+    Settings settings;
+    settings.liste.size = u"400"_s;
+    settings.liste.bold = 3;
     const ListLook look = listLook(settings);
     EXPECT_EQ(look.font.pointSizeF(), 28.0);
     EXPECT_TRUE(look.font.bold() && look.font.italic());

@@ -1,5 +1,6 @@
 #include "fakes/fake_ports.h"
 #include "shell/settings_session.h"
+#include "support/golden.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -39,46 +40,22 @@ TEST_F(SettingsTest, SavesOneStatementPerTableInOrder)
     machine.db.statements.clear();
     const int closedBefore = machine.db.closed;
 
-    ParameterValues v = session.values();
-    v.uses1 = true;
-    v.yazici = u"PDF"_s;
-    v.fisyazdir = true;
-    v.lgpass = u"GİZLİ"_s;
-    v.kladi = u"sa"_s;
-    v.pass = u"x"_s;
-    v.srvadi = u"KASA1"_s;
-    v.sqladi = u"SIRKET"_s;
-    v.mastersql = u"ANA"_s;
-    v.instance = u"SQL2"_s;
-    v.Check1 = true;
-    v.br1fyt = u"PERAKENDE"_s;
-    v.br1fytIndex = 0;
-    v.br2fyt = u"KOLİ"_s;
-    v.br2fytIndex = 1;
-    v.c3 = true;
-    v.yzrnk = 255;
-    v.renkl = 16777215;
-    v.renkl1 = 12640511;
-    v.bsl = u"KASA"_s;
-    v.stl = 3;
-    v.fnt = u"Arial"_s;
-    v.sz = u"14"_s;
+    Settings v = session.values();
+    v.ses.bulses = true;
+    v.yazici = {u"PDF"_s, true};
+    v.login.sifre = u"GİZLİ"_s;
+    v.server = {u"sa"_s, u"x"_s, u"KASA1"_s, u"SIRKET"_s, u"ANA"_s};
+    v.instan = {u"SQL2"_s, true};
+    v.stok.br1fytadi = u"PERAKENDE"_s;
+    v.stok.br1fyt = u"1"_s;
+    v.stok.br2fytadi = u"KOLİ"_s;
+    v.stok.br2fyt = u"2"_s;
+    v.liste = {true, false, false, 255, {16777215, 12640511}, u"KASA"_s, 3, u"Arial"_s, u"14"_s};
     int saved = 0;
     QObject::connect(&session, &SettingsSession::saved, [&] { ++saved; });
     session.serverkaydet(v);
 
-    const QStringList expected = {
-        u"Update kdv set kdv = '20' Where id ='1'"_s,
-        u"Update ses set bulses = '1',bulmases = '0' Where id ='1'"_s,
-        u"Update yazici set yazici1 = 'PDF',yazici2 = '' ,yazdirma = '1' Where id ='1'"_s,
-        u"Update login set sifre = 'GİZLİ' Where id ='1'"_s,
-        u"Update server set kuladi = 'sa',sifre = 'x',server = 'KASA1',sql = 'SIRKET',msql = 'ANA' Where id ='1'"_s,
-        u"Update instan set insname = 'SQL2',inskullan = '1' Where id ='1'"_s,
-        u"Update stok set br2fytadi = 'KOLİ',br1fytadi = 'PERAKENDE',br2fyt = '2',br1fyt = '1' Where id ='1'"_s,
-        u"Update liste set enust = '1',tmekran = '0',winac = '0',yzrenk = '255',listrenk = '16777215<1234>12640511',title = 'KASA',bold = '3',font = 'Arial',size = '14' Where id ='1'"_s,
-        u"Update per set per = '0' Where id ='1'"_s,
-    };
-    EXPECT_EQ(machine.db.statements, expected);
+    expectGolden(u"shell/settings_save.txt"_s, machine.db.statements.join(u'\n') + u'\n');
     EXPECT_EQ(machine.db.closed, closedBefore + 1);
     EXPECT_EQ(saved, 1);
 }
@@ -100,26 +77,19 @@ TEST_F(SettingsTest, ReadsRowsInOrderAndSplitsTheListColours)
     EXPECT_EQ(m_host->statements.join(u'|'),
               u"select * from DEPO|select * from STKFIYTIP|select * from STKFISTIP|"
               "select * from CARKART|select * from CARFISTIP|select * from FATFISTIP"_s);
-    const ParameterValues &v = session.values();
-    EXPECT_EQ(v.renkl, 255);
-    EXPECT_EQ(v.renkl1, 65280);
-    EXPECT_TRUE(v.c3);
-    EXPECT_EQ(v.kdv, u"20"_s) << "the stored rate is not shown";
-    EXPECT_EQ(v.br1fytIndex, 1);
-    EXPECT_EQ(v.br2fytIndex, -1);
+    const Settings &v = session.values();
+    EXPECT_EQ(v.liste.listrenk, (ListColours{255, 65280}));
+    EXPECT_TRUE(v.liste.enust);
+    EXPECT_EQ(v.kdv.kdv, u"20"_s) << "the stored rate is not shown";
+    EXPECT_EQ(v.stok.br2fyt, u"9"_s);
     EXPECT_EQ(session.lists().depots.codes, u"01<1234>"_s);
-
-    // Nothing chosen for the second unit: its stored code stays.
-    machine.db.statements.clear();
-    session.serverkaydet(v);
-    EXPECT_TRUE(machine.db.statements.at(6).contains(u"br2fyt = '9',br1fyt = '2'"_s));
 }
 
 TEST_F(SettingsTest, MissingRowsAndALostHostLeaveTheDesignValues)
 {
     machine.db.failOn = [](const QString &) { return true; };
     session.load();
-    EXPECT_EQ(session.values().renkl, 0xFFFFFF);
+    EXPECT_EQ(session.values().liste.listrenk.row, 0xFFFFFF);
     EXPECT_TRUE(session.lists().depots.names.isEmpty());
     EXPECT_TRUE(machine.prompt.shown.empty());
 }

@@ -7,6 +7,7 @@
 #include "shell/login_session.h"
 #include "shell/settings_session.h"
 #include "shell/start_session.h"
+#include "support/keyboard.h"
 #include "support/print_qt.h"
 
 #include <QCheckBox>
@@ -17,21 +18,12 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <typename T>
-T *child(QWidget &form, const QString &name)
-{
-    T *found = form.findChild<T *>(name);
-    EXPECT_NE(found, nullptr) << name.toStdString();
-    return found;
-}
 
 struct SettingsForm : testing::Test
 {
@@ -139,8 +131,47 @@ TEST_F(SettingsForm, WarnsOfWhatWouldNotBeSaved)
     auto *warning = child<QLabel>(form, u"uyari"_s);
     QTest::keyClicks(child<QLineEdit>(form, u"bsl"_s), u"Ali'nin"_s);
     EXPECT_TRUE(warning->text().contains(u"Başlık: tek tırnak"_s));
-    child<QLineEdit>(form, u"lgpass"_s)->setText(u"küçük"_s);
-    EXPECT_TRUE(warning->text().contains(u"küçük harf"_s));
+    machine.db.failOn = [](const QString &statement) { return statement.startsWith(u"begin"_s); };
+    QTest::keyClick(child<QLineEdit>(form, u"srvadi"_s), Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(warning->text().contains(u"Ayarlar kaydedilemez"_s));
+}
+
+TEST_F(SettingsForm, AStoredPasswordIsNeverShownAndSmallLettersAreAskedFor)
+{
+    machine.db.setRow(u"login"_s, {{u"sifre"_s, u"GİZLİ"_s}});
+    parametre form(session);
+    form.show();
+    auto *password = child<QLineEdit>(form, u"lgpass"_s);
+    EXPECT_EQ(password->text(), u"GİZLİ"_s);
+    child<QCheckBox>(form, u"goster"_s)->setChecked(true);
+    EXPECT_EQ(password->echoMode(), QLineEdit::Password);
+    QTest::keyClick(password, Qt::Key_End);
+    QTest::keyClick(password, Qt::Key_A);
+    EXPECT_EQ(password->text(), u"a"_s);
+    EXPECT_EQ(password->echoMode(), QLineEdit::Normal);
+    password->undo();
+    EXPECT_FALSE(password->text().contains(u"GİZLİ"_s));
+
+    password->setText(u"ılık"_s);
+    QTest::keyClick(password, Qt::Key_Return);
+    EXPECT_TRUE(form.isVisible()) << "nobody said yes to capitals";
+    EXPECT_FALSE(machine.prompt.shown.back().text.contains(u"ılık"_s));
+    machine.prompt.answers = {Answer::yes};
+    QTest::keyClick(password, Qt::Key_Return);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(machine.db.statements.contains(u"Update login set sifre = 'ILIK' Where id ='1'"_s));
+}
+
+TEST_F(SettingsForm, AllFontsMayBeListedWithoutLosingTheChosenOneAndItsSize)
+{
+    machine.db.setRow(u"liste"_s, {{u"font"_s, u"Sökülmüş"_s}, {u"size"_s, u"15,5"_s}});
+    parametre form(session);
+    for (const bool all : {true, false}) {
+        child<QCheckBox>(form, u"Check2"_s)->setChecked(all);
+        EXPECT_EQ(child<QComboBox>(form, u"fnt"_s)->placeholderText(), u"Sökülmüş"_s);
+        EXPECT_EQ(child<QComboBox>(form, u"sz"_s)->currentText(), u"15,5"_s);
+    }
 }
 
 TEST_F(SettingsForm, TheInstanceBoxFollowsItsCheckBoxAndSamplesShowTheirFont)

@@ -2,6 +2,7 @@
 
 #include "support/files.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <ostream>
@@ -28,6 +29,7 @@ inline std::vector<Case> cases(const QString &name)
 {
     static constexpr QStringView kEscapes = u"nrt0sz\\";
     static constexpr QStringView kMeant(u"\n\r\t\0 \x1A\\", 7);
+    static const QRegularExpression kBar(QStringLiteral(" \\|(?= |$)"));
     const auto plain = [](const QString &field) {
         QString text;
         for (qsizetype i = 0; i < field.size(); ++i) {
@@ -44,7 +46,7 @@ inline std::vector<Case> cases(const QString &name)
             continue;
         Case &one = table.emplace_back();
         one.line = line;
-        for (const QString &field : (line + u' ').split(QStringLiteral(" | ")))
+        for (const QString &field : line.split(kBar))
             one += plain(field.trimmed());
     }
     EXPECT_FALSE(table.empty()) << path.toStdString();

@@ -5,6 +5,15 @@
 
 #include <gtest/gtest.h>
 
+/// The control of that name; a missing one fails the test.
+template <typename T>
+T *child(const QWidget &form, const QString &name)
+{
+    T *found = form.findChild<T *>(name);
+    EXPECT_NE(found, nullptr) << name.toStdString();
+    return found;
+}
+
 // Keys go where the focus is, as on a real keyboard.
 
 /// The control that has the keyboard; waits until a window has taken it.

@@ -3,9 +3,9 @@
 using namespace Qt::StringLiterals;
 
 InvoiceList::InvoiceList(QObject *parent)
-    : RowTable({{u"Tarih"_s, &InvoiceRow::date},
-                {u"Evrak No"_s, &InvoiceRow::document},
-                {u"Cari Ünvanı"_s, &InvoiceRow::customer}},
+    : RowTable({{u"Tarih"_s, shown<&InvoiceRow::date>},
+                {u"Evrak No"_s, shown<&InvoiceRow::document>},
+                {u"Cari Ünvanı"_s, shown<&InvoiceRow::customer>}},
                parent)
 {}
 
@@ -57,7 +57,7 @@ bool InvoiceList::setData(const QModelIndex &index, const QVariant &value, int r
 }
 
 InvoiceLineList::InvoiceLineList(QObject *parent)
-    : RowTable(
-          {{u"Stok Kodu"_s, &InvoiceLine::stockCode}, {u"Miktar"_s, &InvoiceLine::quantity, true}},
-          parent)
+    : RowTable({{u"Stok Kodu"_s, shown<&InvoiceLine::stockCode>},
+                {u"Miktar"_s, shown<&InvoiceLine::quantity>, true}},
+               parent)
 {}

@@ -4,7 +4,9 @@
 #include "common/code_list.h"
 #include "common/host_queries.h"
 #include "common/program.h"
+#include "common/select_many.h"
 #include "labels/desk/invoice_queries.h"
+#include "labels/desk/typed_moment.h"
 
 using namespace Qt::StringLiterals;
 
@@ -104,6 +106,10 @@ bool InvoicePicker::refuseListing(int type, QDate from, QDate to)
         m_program.caution(u"Fatura Tipi Seçimi Yapmanız Gerekiyor..."_s);
         return true;
     }
+    if (!from.isValid() || !to.isValid()) {
+        m_program.caution(typed_moment::kNoDate.toString());
+        return true;
+    }
     if (from > to) {
         m_program.caution(u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s);
         return true;
@@ -153,18 +159,19 @@ void InvoicePicker::loadLines(const TrackingFilter &filter)
 
 QString InvoicePicker::readLines(const QStringList &references, const TrackingFilter &filter)
 {
-    qsizetype done = 0;
-    for (const QString &reference : references) {
-        RecordSet records = m_program.company().execute(
-            filter.on ? invoice_queries::trackedLines(reference, filter.number)
-                      : invoice_queries::lines(reference));
+    const auto statement = [&](int i) {
+        return filter.on ? invoice_queries::trackedLines(references.at(i), filter.number)
+                         : invoice_queries::lines(references.at(i));
+    };
+    const auto take = [&](int i, RecordSet records) {
         std::vector<InvoiceLine> lines;
         for (; !records.eof(); records.moveNext())
             lines.push_back({records.text(u"FATHARSTKKOD"), records.text(u"FATHARMIKTAR")});
         m_lines.append(lines);
-        if (!m_task.goOn(u"Fatura satırları okunuyor"_s, ++done, references.size()))
-            return u"Durduruldu: "_s + countText(u"satır getirildi.", m_lines.size());
-    }
+        return m_task.goOn(u"Fatura satırları okunuyor"_s, i + 1, references.size());
+    };
+    if (!selectMany(m_program, static_cast<int>(references.size()), statement, take))
+        return u"Durduruldu: "_s + countText(u"satır getirildi.", m_lines.size());
     if (m_lines.size() > 0)
         return countText(u"satır getirildi.", m_lines.size());
     return filter.on ? u"Seçili faturalarda bu takip numarasıyla satır yok."_s

@@ -5,7 +5,10 @@
 #include "common/program.h"
 #include "common/resume_next.h"
 #include "common/settings_database.h"
-#include "labels/desk/stock_queries.h"
+
+#include <QFile>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,31 +18,51 @@ constexpr QStringView kWidthFile = u"Ayar.zev";
 constexpr QStringView kStockSection = u"List";
 constexpr QStringView kQueueSection = u"List2";
 
+/// Bytes of the largest file of counts that is read.
+constexpr qint64 kLargestFile = 10'000'000;
+
+/// How many times rows can be brought back.
+constexpr std::size_t kMostRemovals = 20;
+
 } // namespace
 
 LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_program(program)
 {
     relay(m_loader, *this);
     relay(m_numbers, *this);
+    relay(m_printing, *this);
+    // What changes the queue by itself needs the connection, and the numbers need the list.
+    const auto lock = [this] { m_loader.setLocked(isQueueBusy()); };
+    connect(&m_numbers, &NumberDesk::busyChanged, this, lock);
+    connect(&m_printing, &LabelPrinting::busyChanged, this, lock);
+    connect(&m_store, &QueueStore::statusChanged, this, &LabelDesk::statusChanged);
+    connect(&m_scan, &ShelfScan::removalWanted, this, [this](int row) { removeRows({row}); });
+    // After the load: while it runs nothing comes into the queue.
+    connect(&m_loader, &StockLoader::counted, this, &LabelDesk::queueCounted, Qt::QueuedConnection);
+}
+
+void LabelDesk::keepQueue()
+{
+    m_store.start();
+    if (m_numbers.unsaved() > 0)
+        m_numbers.resume();
 }
 
 void LabelDesk::loadPriceNumbers()
 {
-    resumeNext([this] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
-        const RecordSet row = settings::row(db, u"stok");
-        // Where no label price was chosen, the label bears the price the till will ask.
-        const QString tillPrice = row.text(u"fiyatip").trimmed();
-        const QString first = row.text(u"br1fyt").trimmed();
-        const QString second = row.text(u"br2fyt").trimmed();
-        m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
-    });
+    const Settings::Stok stok = settings::read(m_program, {u"stok"}).stok;
+    // Where no label price was chosen, the label bears the price the till will ask.
+    const QString tillPrice = stok.fiyatip.trimmed();
+    const QString first = stok.br1fyt.trimmed();
+    const QString second = stok.br2fyt.trimmed();
+    m_prices = {first.isEmpty() ? tillPrice : first, second.isEmpty() ? tillPrice : second};
 }
 
 bool LabelDesk::mayClose()
 {
-    if (m_numbers.isBusy()) {
+    if (isQueueBusy()) {
         m_numbers.stop();
+        m_printing.stop();
         return false;
     }
     return m_numbers.mayClose();
@@ -72,99 +95,64 @@ void LabelDesk::saveWidths(const QList<int> &stockList, const QList<int> &printQ
     save(kQueueSection, printQueue);
 }
 
-void LabelDesk::stkcinsibul(const QString &name)
-{
-    load([&] { m_loader.find(stock_queries::byName(name)); });
-}
-
-void LabelDesk::stkkodbul(const QString &code)
-{
-    load([&] { m_loader.find(stock_queries::byCode(code)); });
-}
-
-void LabelDesk::brkdbul(const QString &barcode)
-{
-    load([&] { m_loader.findBarcode(barcode); });
-}
-
-void LabelDesk::listele()
-{
-    load([&] { m_loader.find(stock_queries::all()); });
-}
-
-void LabelDesk::fiyatoku()
-{
-    load([&] { m_loader.readPrices(); });
-}
-
-void LabelDesk::fatekle(const QString &stockCode, const QString &quantity)
-{
-    load([&] { m_loader.addLine({stockCode, quantity}); });
-}
-
-void LabelDesk::listLines(const QList<InvoiceLine> &lines)
-{
-    load([&] { m_loader.replaceByLines(lines); });
-}
-
-void LabelDesk::fiyatdegisbul(const QString &fromDate, const QString &toDate,
-                              const QString &fromTime, const QString &toTime)
-{
-    load([&] { m_loader.find(stock_queries::changed(fromDate, toDate, fromTime, toTime)); });
-}
-
-/// A load needs the connection, and the numbers being saved need the list.
-void LabelDesk::load(const std::function<void()> &start)
-{
-    if (m_numbers.isBusy())
-        refuseWhileBusy();
-    else
-        start();
-}
-
 void LabelDesk::stop()
 {
     m_loader.stop();
     m_numbers.stop();
+    m_printing.stop();
 }
 
-void LabelDesk::addOne(int stockRow)
+void LabelDesk::addRows(const QList<int> &stockRows)
 {
     if (refuseWhileBusy() || refuseWhileNumbering())
         return;
-    if (!m_stocks.isValidRow(stockRow)) {
+    if (stockRows.isEmpty()) {
         Q_EMIT statusChanged(u"Önce stok listesinden bir satır seçiniz."_s);
         return;
     }
-    const StockRow &stock = m_stocks.at(stockRow);
-    m_queue.append({queuedRow(stock, queue_state::kSingle)});
-    Q_EMIT rowQueued(m_queue.size() - 1);
-    Q_EMIT statusChanged(u"Kuyruğa eklendi: %1"_s.arg(stock.name));
+    std::vector<QueueRow> rows;
+    QList<int> places;
+    for (const int stockRow : stockRows) {
+        places += m_queue.size() + static_cast<int>(places.size());
+        rows.push_back(queued(m_stocks.at(stockRow), QueueState::single));
+    }
+    m_queue.append(rows);
+    Q_EMIT rowsQueued(places);
+    Q_EMIT statusChanged(rows.size() == 1
+                             ? u"Kuyruğa eklendi: %1"_s.arg(rows.front().name)
+                             : u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(places.size())));
+}
+
+QueueRow LabelDesk::queued(const StockRow &stock, QueueState state) const
+{
+    QueueRow row = {stock, state};
+    row.priceRead = m_stocks.pricesRead();
+    return row;
 }
 
 void LabelDesk::ekbr1()
 {
-    addBulk(kFirstUnit);
+    addBulk(UnitChoice::first);
 }
 
 void LabelDesk::ekbr2()
 {
-    addBulk(kSecondUnit);
+    addBulk(UnitChoice::second);
 }
 
 void LabelDesk::ektm()
 {
-    addBulk({});
+    addBulk(UnitChoice::both);
 }
 
-void LabelDesk::addBulk(QStringView unitEnding)
+void LabelDesk::addBulk(UnitChoice units)
 {
     if (refuseWhileBusy() || refuseWhileNumbering())
         return;
     std::vector<QueueRow> rows;
     for (const StockRow &stock : m_stocks.rows())
-        if (stock.unit.endsWith(unitEnding))
-            rows.push_back(queuedRow(stock, queue_state::kBulk));
+        if (stock.isOf(units))
+            rows.push_back(queued(stock, QueueState::bulk));
     m_queue.append(rows);
     Q_EMIT statusChanged(
         u"Kuyruğa %1 satır eklendi."_s.arg(amount::whole(static_cast<qint64>(rows.size()))));
@@ -172,77 +160,225 @@ void LabelDesk::addBulk(QStringView unitEnding)
 
 void LabelDesk::ekbar1()
 {
-    gather(kFirstUnit);
+    gather(UnitChoice::first);
 }
 
 void LabelDesk::ekbar2()
 {
-    gather(kSecondUnit);
+    gather(UnitChoice::second);
 }
 
 void LabelDesk::ekbartum()
 {
-    gather({});
+    gather(UnitChoice::both);
 }
 
-void LabelDesk::gather(QStringView unitEnding)
+void LabelDesk::gather(UnitChoice units)
 {
-    if (!refuseWhileBusy())
-        m_numbers.gather(unitEnding);
-}
-
-void LabelDesk::setCount(int queueRow, const QString &text)
-{
-    if (refuseCount(text) || refuseRow(queueRow))
+    if (refuseWhileBusy())
         return;
-    m_queue.setCount(queueRow, text);
+    Removal before = {m_queue.everyPlace(), m_queue.rows(), m_numbers.isOn()};
+    if (m_numbers.gather(units))
+        remember(std::move(before));
+}
+
+void LabelDesk::setCounts(const QList<int> &queueRows, const QString &text)
+{
+    const auto labels = readCount(text);
+    if (!labels || isQueueBusy() || refuseRows(queueRows))
+        return;
+    m_queue.setCounts(queueRows, *labels);
     Q_EMIT countSet();
 }
 
 void LabelDesk::setAllCounts(const QString &text)
 {
-    if (refuseCount(text))
+    const auto labels = readCount(text);
+    if (!labels || isQueueBusy())
         return;
-    m_queue.setAllCounts(text);
+    m_queue.setCounts(m_queue.everyPlace(), *labels);
     Q_EMIT allCountsSet();
 }
 
-void LabelDesk::removeOne(int queueRow)
+void LabelDesk::removeRows(const QList<int> &queueRows)
 {
-    if (m_numbers.isBusy() || refuseRow(queueRow))
+    if (isQueueBusy() || refuseRows(queueRows))
         return;
-    if (m_queue.at(queueRow).state() != queue_state::kNew || m_numbers.mayDrop(1))
-        m_queue.remove(queueRow);
+    const auto fresh = std::count_if(queueRows.cbegin(), queueRows.cend(), [this](int row) {
+        return m_queue.at(row).state == QueueState::fresh;
+    });
+    if (m_numbers.mayDrop(static_cast<int>(fresh)))
+        takeOut(queueRows);
 }
 
 void LabelDesk::clearQueue()
 {
-    if (!m_numbers.isBusy() && m_numbers.mayDrop(m_numbers.unsaved()))
-        m_queue.clear();
+    if (m_queue.size() == 0 || isQueueBusy() || !m_numbers.mayDrop(m_numbers.unsaved()))
+        return;
+    takeOut(m_queue.everyPlace());
+    Q_EMIT statusChanged(u"Kuyruk boşaltıldı. Ctrl+Z geri getirir."_s);
+}
+
+void LabelDesk::takeOut(const QList<int> &queueRows)
+{
+    const bool numbering = m_numbers.isOn();
+    remember({queueRows, m_queue.take(queueRows), numbering});
+}
+
+void LabelDesk::remember(Removal removal)
+{
+    if (removal.rows.empty())
+        return;
+    if (m_removals.size() == kMostRemovals)
+        m_removals.erase(m_removals.begin());
+    m_removals.push_back(std::move(removal));
+    Q_EMIT undoChanged(true);
+}
+
+void LabelDesk::undoRemoval()
+{
+    if (m_removals.empty() || refuseWhileBusy())
+        return;
+    // Rows that are to be printed do not go among those that wait for a number.
+    if (!m_removals.back().numbering && refuseWhileNumbering())
+        return;
+    const Removal removal = std::move(m_removals.back());
+    m_removals.pop_back();
+    m_queue.putBack(removal.places, removal.rows);
+    if (removal.numbering)
+        m_numbers.resume();
+    Q_EMIT undoChanged(!m_removals.empty());
+    Q_EMIT rowsQueued(removal.places);
+    Q_EMIT statusChanged(u"%1 satır geri geldi."_s.arg(amount::whole(removal.places.size())));
+}
+
+void LabelDesk::removePrinted()
+{
+    const QList<int> printed = m_queue.printedPlaces();
+    if (printed.isEmpty()) {
+        Q_EMIT statusChanged(u"Kuyrukta basılmış satır yok."_s);
+        return;
+    }
+    if (refuseWhileBusy())
+        return;
+    takeOut(printed);
+    Q_EMIT statusChanged(
+        u"Basılmış %1 satır çıkarıldı. Ctrl+Z geri getirir."_s.arg(amount::whole(printed.size())));
+}
+
+void LabelDesk::sortStocks(int column)
+{
+    if (!refuseWhileBusy())
+        m_stocks.sortNext(column);
+}
+
+void LabelDesk::sortQueue(int column)
+{
+    if (refuseWhileBusy())
+        return;
+    if (column == PrintQueue::number) // the numbers follow the order
+        m_queue.sort(-1, Qt::AscendingOrder);
+    else
+        m_queue.sortNext(column);
+}
+
+void LabelDesk::openQueue(const QString &name)
+{
+    if (refuseWhileBusy() || refuseWhileNumbering())
+        return;
+    const std::vector<QueueRow> rows = m_store.rows(name);
+    if (rows.empty()) {
+        m_program.caution(u"Bu adda okunabilen bir kuyruk yok: %1"_s.arg(name));
+        return;
+    }
+    takeOut(m_queue.everyPlace());
+    m_queue.append(rows);
+    if (m_numbers.unsaved() > 0)
+        m_numbers.resume();
+    Q_EMIT statusChanged(
+        u"%1: %2 satır."_s.arg(name, amount::whole(static_cast<qint64>(rows.size()))));
+}
+
+bool LabelDesk::saveQueue(const QString &name)
+{
+    if (m_store.exists(name) &&
+        !m_program.ask(
+            u"\"%1\" adında bir kuyruk var.\nYerine bu kuyruk kaydedilsin mi?"_s.arg(name)))
+        return false;
+    if (!m_store.save(name))
+        return false;
+    Q_EMIT statusChanged(u"Kuyruk kaydedildi: %1"_s.arg(name));
+    return true;
+}
+
+void LabelDesk::deleteQueue(const QString &name)
+{
+    if (m_program.ask(u"\"%1\" adlı kuyruk silinsin mi?"_s.arg(name)))
+        m_store.remove(name);
+}
+
+void LabelDesk::importCounts(const QString &path)
+{
+    if (refuseWhileBusy() || refuseWhileNumbering())
+        return;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile) {
+        m_program.caution(u"Dosya okunamadı:\n%1"_s.arg(path));
+        return;
+    }
+    const count_file::Content content = count_file::read(file.readAll());
+    if (content.lines.empty())
+        m_program.caution(u"Bu dosyada kod ve adet yok.\nHer satırda bir kod ve adedi olmalıdır; "
+                          "örneğin: 8690000000012;3"_s);
+    else
+        m_loader.listCounted(content);
+}
+
+void LabelDesk::queueCounted(const QString &problems)
+{
+    ektm();
+    if (!problems.isEmpty())
+        Q_EMIT importReported(problems);
+}
+
+void LabelDesk::startScan()
+{
+    if (!refuseWhileBusy() && !refuseWhileNumbering())
+        Q_EMIT scanFormWanted();
 }
 
 void LabelDesk::yzdtum()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
-        Q_EMIT printWanted({PrintMode::all, m_queue.labels()});
+    print(PrintMode::all, m_queue.everyPlace());
 }
 
 void LabelDesk::chooseLayout()
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering())
-        Q_EMIT printWanted({PrintMode::all, m_queue.labels(), true});
+    print(PrintMode::all, m_queue.everyPlace(), true);
 }
 
-void LabelDesk::yzdsec(int queueRow)
+void LabelDesk::yzdsec(const QList<int> &queueRows)
 {
-    if (m_queue.size() > 0 && !refuseWhileBusy() && !refuseWhileNumbering() && !refuseRow(queueRow))
-        Q_EMIT printWanted({PrintMode::selected, {m_queue.label(queueRow)}});
+    if (m_queue.size() > 0 && !refuseRows(queueRows))
+        print(PrintMode::selected, queueRows);
+}
+
+void LabelDesk::repeatPrinting()
+{
+    if (!refuseWhileBusy() && !refuseWhileNumbering())
+        m_printing.repeat();
+}
+
+void LabelDesk::print(PrintMode mode, const QList<int> &places, bool chooseLayout)
+{
+    if (!places.isEmpty() && !refuseWhileBusy() && !refuseWhileNumbering())
+        m_printing.print(mode, places, chooseLayout);
 }
 
 bool LabelDesk::refuseWhileBusy()
 {
     if (isBusy())
-        Q_EMIT statusChanged(u"İşlem sürüyor: bitmesini bekleyin ya da Esc ile durdurun."_s);
+        Q_EMIT statusChanged(kWorkGoesOn.toString());
     return isBusy();
 }
 
@@ -254,19 +390,21 @@ bool LabelDesk::refuseWhileNumbering()
     return m_numbers.isOn();
 }
 
-bool LabelDesk::refuseRow(int queueRow)
+bool LabelDesk::refuseRows(const QList<int> &queueRows)
 {
-    if (m_queue.isValidRow(queueRow))
+    if (!queueRows.isEmpty())
         return false;
     Q_EMIT statusChanged(u"Önce kuyruktan bir satır seçiniz."_s);
     return true;
 }
 
-bool LabelDesk::refuseCount(const QString &text)
+/// Tells the user when the text is no count of labels.
+std::optional<int> LabelDesk::readCount(const QString &text)
 {
-    if (amount::labelCount(text))
-        return false;
-    m_program.caution(
-        u"Etiket adedi 1 ile 999999 arasında bir tam sayı olmalıdır.\nYazılan: \"%1\""_s.arg(text));
-    return true;
+    const auto labels = amount::labelCount(text);
+    if (!labels)
+        m_program.caution(
+            u"Etiket adedi 1 ile 999999 arasında bir tam sayı olmalıdır.\nYazılan: \"%1\""_s.arg(
+                text));
+    return labels;
 }

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "labels/desk/label_printing.h"
 #include "labels/desk/number_desk.h"
 #include "labels/desk/print_queue.h"
+#include "labels/desk/queue_store.h"
+#include "labels/desk/shelf_scan.h"
 #include "labels/desk/stock_list.h"
 #include "labels/desk/stock_loader.h"
-#include "labels/print/print_request.h"
 
 #include <QObject>
 
-#include <functional>
+#include <optional>
 
 class Program;
 
@@ -26,12 +28,19 @@ public:
     StockList &stocks() { return m_stocks; }
     PrintQueue &queue() { return m_queue; }
     const PriceNumbers &priceNumbers() const { return m_prices; }
+    StockLoader &loader() { return m_loader; }
     NumberDesk &numbers() { return m_numbers; }
+    LabelPrinting &printing() { return m_printing; }
+    ShelfScan &scan() { return m_scan; }
+    QueueStore &store() { return m_store; }
 
-    /// True while a load runs, or numbers are made or saved. The desk must not be destroyed then.
-    bool isBusy() const { return m_loader.isBusy() || m_numbers.isBusy(); }
+    /// True while a load runs, numbers are made or saved, or prices are read anew. The desk must
+    /// not be destroyed then.
+    bool isBusy() const { return m_loader.isBusy() || isQueueBusy(); }
     /// True while rows may be queued and printed.
     bool isFree() const { return !isBusy() && !m_numbers.isOn(); }
+
+    bool canUndo() const { return !m_removals.empty(); }
 
     /// False while numbers are made or saved (they are stopped), and when the user would rather not
     /// give up unsaved ones.
@@ -42,32 +51,18 @@ public:
     QList<int> queueWidths() const;
     void saveWidths(const QList<int> &stockList, const QList<int> &printQueue);
 
+    /// Brings back the queue of the last time and keeps it from now on.
+    void keepQueue();
+
 public Q_SLOTS:
     /// Reads the price numbers from the settings; again after they were changed.
     void loadPriceNumbers();
 
-    void setUnits(UnitChoice units) { m_loader.setUnits(units); }
-
-    void stkcinsibul(const QString &name);
-    void stkkodbul(const QString &code);
-    void brkdbul(const QString &barcode);
-    void listele();
-    void fiyatoku();
-
-    /// Appends a stock of an invoice line with as many labels as its quantity asks for.
-    void fatekle(const QString &stockCode, const QString &quantity);
-    /// Replaces the list by the stocks of invoice lines.
-    void listLines(const QList<InvoiceLine> &lines);
-    /// Lists the stocks changed in a range of days, each day between two times; see
-    /// stock_queries::changed().
-    void fiyatdegisbul(const QString &fromDate, const QString &toDate, const QString &fromTime,
-                       const QString &toTime);
-
-    /// Ends a search after the statement it is at; the rows listed so far stay.
+    /// Ends whatever runs.
     void stop();
 
-    /// Queue one row of the stock list; other rows than 0 to size − 1 only tell the user.
-    void addOne(int stockRow);
+    /// Queue these rows of the stock list, each for itself; without any the user is told.
+    void addRows(const QList<int> &stockRows);
     /// Queue the rows of the first unit, of the second, all.
     void ekbr1();
     void ekbr2();
@@ -78,16 +73,37 @@ public Q_SLOTS:
     void ekbar2();
     void ekbartum();
 
-    void setCount(int queueRow, const QString &text);
+    void setCounts(const QList<int> &queueRows, const QString &text);
     void setAllCounts(const QString &text);
-    void removeOne(int queueRow);
+    void removeRows(const QList<int> &queueRows);
     void clearQueue();
+    /// Takes the rows out that were printed.
+    void removePrinted();
+    /// Brings back the rows that were taken out of the queue last.
+    void undoRemoval();
 
-    /// Print the whole queue, or one row of it.
+    /// Sort by a column: upwards, downwards, and then as the rows were added.
+    void sortStocks(int column);
+    void sortQueue(int column);
+
+    /// Replaces the queue by the one kept under a name.
+    void openQueue(const QString &name);
+    /// Keeps the queue under a name, deletes what is kept under it; asks before either costs
+    /// anything.
+    bool saveQueue(const QString &name);
+    void deleteQueue(const QString &name);
+    /// Queues the stocks of a file of codes and counts.
+    void importCounts(const QString &path);
+    /// Asks for the form of a walk along the shelf.
+    void startScan();
+
+    /// Print the whole queue, or these rows of it.
     void yzdtum();
-    void yzdsec(int queueRow);
+    void yzdsec(const QList<int> &queueRows);
     /// Print the whole queue with a layout that the user chooses.
     void chooseLayout();
+    /// Print once more what was printed last.
+    void repeatPrinting();
 
 Q_SIGNALS:
     void busyChanged(bool busy);
@@ -95,31 +111,55 @@ Q_SIGNALS:
     void progressed(const QString &text, int done, int total);
     void statusChanged(const QString &text);
 
-    /// A row came into the queue by itself: the row its count is meant for.
-    void rowQueued(int queueRow);
+    /// These rows came into the queue one by one, or back into it: those the next count is meant
+    /// for.
+    void rowsQueued(const QList<int> &queueRows);
+    /// Whether rows can be brought back.
+    void undoChanged(bool possible);
     /// The labels of this row are being printed.
     void rowPrinting(int queueRow);
+    /// The user wants to see to a row before it is printed.
+    void rowWanted(int queueRow);
     /// A count was taken; one that was not leaves its box as it is.
     void countSet();
     void allCountsSet();
 
-    void printWanted(const PrintRequest &request);
+    /// The lines of an imported file that nothing came of, in words.
+    void importReported(const QString &problems);
+    void scanFormWanted();
 
 private:
+    /// Rows that left the queue together.
+    struct Removal
+    {
+        QList<int> places;
+        std::vector<QueueRow> rows;
+        bool numbering; ///< the desk was numbering stocks
+    };
+
     QList<int> widths(QStringView section, int columns) const;
 
+    bool isQueueBusy() const { return m_numbers.isBusy() || m_printing.isBusy(); }
     bool refuseWhileBusy();
     bool refuseWhileNumbering();
-    void load(const std::function<void()> &start);
-    void gather(QStringView unitEnding);
-    bool refuseRow(int queueRow);
-    bool refuseCount(const QString &text);
-    void addBulk(QStringView unitEnding);
+    void gather(UnitChoice units);
+    bool refuseRows(const QList<int> &queueRows);
+    std::optional<int> readCount(const QString &text);
+    void takeOut(const QList<int> &queueRows);
+    void remember(Removal removal);
+    QueueRow queued(const StockRow &stock, QueueState state) const;
+    void addBulk(UnitChoice units);
+    void print(PrintMode mode, const QList<int> &places, bool chooseLayout = false);
+    void queueCounted(const QString &problems);
 
     Program &m_program;
     StockList m_stocks;
     PrintQueue m_queue;
+    std::vector<Removal> m_removals; ///< the last one last
     PriceNumbers m_prices;
     StockLoader m_loader{m_program, m_stocks, m_prices};
     NumberDesk m_numbers{m_program, m_stocks, m_queue, m_prices};
+    LabelPrinting m_printing{m_program, m_queue, m_prices};
+    ShelfScan m_scan{m_program, m_queue, m_prices};
+    QueueStore m_store{m_program, m_queue};
 };

@@ -3,11 +3,11 @@
 #include "common/amount.h"
 #include "common/discounts.h"
 
-QString PriceNumbers::wanted(QStringView tag) const
+QString PriceNumbers::wanted(int unit) const
 {
-    if (tag == u"1")
+    if (unit == 1)
         return first;
-    return tag == u"2" ? second : QString();
+    return unit == 2 ? second : QString();
 }
 
 QString labelPrice(RecordSet prices, QStringView wantedNumber)

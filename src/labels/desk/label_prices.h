@@ -8,8 +8,8 @@ struct PriceNumbers
     QString first;  ///< for rows of the first unit
     QString second; ///< for rows of the second unit
 
-    /// The number for a row's tag; "" for other tags and when none is chosen: no price then.
-    QString wanted(QStringView tag) const;
+    /// The number for a unit; "" for others than 1 and 2 and when none is chosen: no price then.
+    QString wanted(int unit) const;
 };
 
 /// Label price "###,###0.00", discounts::shelfPrice(), from a stock's `STKFIYAT` records: the last

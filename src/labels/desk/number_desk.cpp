@@ -4,10 +4,9 @@
 #include "common/host_error.h"
 #include "common/host_queries.h"
 #include "common/program.h"
+#include "common/select_many.h"
 #include "labels/desk/number_generation.h"
 #include "labels/desk/stock_queries.h"
-
-#include <QSet>
 
 #include <algorithm>
 
@@ -18,14 +17,9 @@ namespace {
 constexpr QStringView kMemoryFile = u"Ayar.zev";
 const QString kMemorySection = QStringLiteral("barno");
 
-QString unitKey(const QueueRow &row)
-{
-    return row.unitNumber() + u' ' + row.code;
-}
-
 QString unitKey(const StockRow &row)
 {
-    return row.tag + u' ' + row.code;
+    return QString::number(row.unit) + u' ' + row.code;
 }
 
 } // namespace
@@ -44,37 +38,42 @@ NumberDesk::NumberDesk(Program &program, StockList &stocks, PrintQueue &queue,
 
 int NumberDesk::waiting() const
 {
-    return static_cast<int>(
-        std::count_if(m_queue.rows().cbegin(), m_queue.rows().cend(),
-                      [](const QueueRow &row) { return row.barcode.isEmpty(); }));
+    return static_cast<int>(rowsWaiting().size());
 }
 
 int NumberDesk::unsaved() const
 {
     return static_cast<int>(
         std::count_if(m_queue.rows().cbegin(), m_queue.rows().cend(),
-                      [](const QueueRow &row) { return row.state() == queue_state::kNew; }));
+                      [](const QueueRow &row) { return row.state == QueueState::fresh; }));
 }
 
-void NumberDesk::gather(QStringView unitEnding)
+bool NumberDesk::gather(UnitChoice units)
 {
     if (!m_stocks.allBarcodesRead()) {
         m_program.caution(u"Listenin bir kısmının barkodu okunmadı; barkodu olan stoğa yeni "
                           "numara verilebilir.\nAramayı yeniden yapıp bitmesini bekleyiniz."_s);
-        return;
+        return false;
     }
     if (!mayDrop(unsaved()))
-        return;
+        return false;
     std::vector<QueueRow> rows;
     for (const StockRow &stock : m_stocks.rows())
-        if (stock.barcode.isEmpty() && stock.unit.endsWith(unitEnding))
-            rows.push_back(queuedRow(stock, queue_state::kBulk));
+        if (stock.barcode.isEmpty() && stock.isOf(units))
+            rows.push_back({stock, QueueState::bulk});
     m_queue.clear();
     m_queue.append(rows);
     setOn(!rows.empty());
     refresh();
     Q_EMIT statusChanged(rows.empty() ? u"Listede barkodsuz stok yok."_s
                                       : u"Barkodsuz stoklar toplandı: numara üretip kaydediniz."_s);
+    return true;
+}
+
+void NumberDesk::resume()
+{
+    setOn(true);
+    refresh();
 }
 
 void NumberDesk::brkdurt()
@@ -88,10 +87,16 @@ QString NumberDesk::caption() const
     return numbering::caption(m_symbology);
 }
 
-QString NumberDesk::rememberedBase() const
+QString NumberDesk::nextBase() const
 {
-    return m_program.keys.read(kMemorySection, numbering::memoryKey(m_symbology),
-                               m_program.path(kMemoryFile));
+    const QString used = m_program.keys.read(kMemorySection, numbering::memoryKey(m_symbology),
+                                             m_program.path(kMemoryFile));
+    return used.trimmed().isEmpty() ? numbering::suggestedBase(m_symbology) : used;
+}
+
+QString NumberDesk::rangeHint(const QString &base) const
+{
+    return numbering::rangeHint(m_symbology, base);
 }
 
 QString NumberDesk::completeNumber(const QString &base) const
@@ -163,41 +168,57 @@ QString NumberDesk::number(qint64 base)
     return {};
 }
 
+/// Every row needs one number at least, so as many as there are rows left can be asked for at once.
 NumberDesk::Outcome NumberDesk::findNumbers(Numbering &numbering)
 {
-    const int total = waiting();
-    QSet<QString> unsavedNumbers; // the ledger does not know them yet
-    for (const QueueRow &row : m_queue.rows())
-        if (row.state() == queue_state::kNew)
-            unsavedNumbers.insert(row.barcode);
-    for (int row = 0; row < m_queue.size(); ++row) {
-        if (!m_queue.at(row).barcode.isEmpty())
-            continue;
-        for (bool free = false; !free;) {
-            if (numbering.last == numbering::largestBase(m_symbology))
-                return Outcome::exhausted;
-            const auto done = static_cast<int>(numbering.given.size());
-            if (!m_task.goOn(u"Numaralar veriliyor"_s, done, total))
-                return Outcome::stopped;
-            const QString barcode = numbering::complete(m_symbology, numbering.last + 1);
-            free = isFree(barcode) && !unsavedNumbers.contains(barcode);
-            ++numbering.last;
-            if (free)
-                numbering.given.push_back({row, barcode});
-        }
+    const std::vector<int> rows = rowsWaiting();
+    const QSet<QString> unsavedNumbers = freshNumbers(); // the ledger does not know them yet
+    while (numbering.given.size() < rows.size()) {
+        const qint64 base = numbering.last + 1;
+        const qint64 left = numbering::largestBase(m_symbology) - numbering.last;
+        if (left == 0)
+            return Outcome::exhausted;
+        const auto wanted = static_cast<qint64>(rows.size() - numbering.given.size());
+        const auto number = [&](int i) { return numbering::complete(m_symbology, base + i); };
+        const bool went = selectMany(
+            m_program, static_cast<int>(std::min(wanted, left)),
+            [&](int i) { return host_queries::barcode(number(i)); },
+            [&](int i, const RecordSet &owners) {
+                numbering.last = base + i;
+                if (owners.eof() && !unsavedNumbers.contains(number(i)))
+                    numbering.given.push_back({rows[numbering.given.size()], number(i)});
+                return m_task.goOn(u"Numaralar veriliyor"_s,
+                                   static_cast<qsizetype>(numbering.given.size()),
+                                   static_cast<qsizetype>(rows.size()));
+            });
+        if (!went && numbering.given.size() < rows.size())
+            return Outcome::stopped;
     }
     return Outcome::complete;
 }
 
-bool NumberDesk::isFree(const QString &barcode)
+std::vector<int> NumberDesk::rowsWaiting() const
 {
-    return m_program.company().execute(host_queries::barcode(barcode)).eof();
+    std::vector<int> rows;
+    for (int row = 0; row < m_queue.size(); ++row)
+        if (m_queue.at(row).barcode.isEmpty())
+            rows.push_back(row);
+    return rows;
+}
+
+QSet<QString> NumberDesk::freshNumbers() const
+{
+    QSet<QString> numbers;
+    for (const QueueRow &row : m_queue.rows())
+        if (row.state == QueueState::fresh)
+            numbers.insert(row.barcode);
+    return numbers;
 }
 
 void NumberDesk::give(const Numbering &numbering)
 {
     for (const NewNumber &number : numbering.given)
-        m_queue.setNumber(number.row, number.barcode, queue_state::kNew);
+        m_queue.setNumber(number.row, number.barcode, QueueState::fresh);
     const QString last = QString::number(numbering.last);
     const QString file = m_program.path(kMemoryFile);
     if (!m_program.keys.write(kMemorySection, numbering::memoryKey(m_symbology), last, file))
@@ -214,9 +235,34 @@ void NumberDesk::brgnc()
         return;
     }
     bool saved = false;
-    m_program.handle([&] { saved = save(); });
+    m_program.handle([&] {
+        try {
+            saved = save();
+        } catch (const HostError &error) {
+            if (error.number() != HostError::kDuplicate)
+                throw;
+            tellRefused(error);
+        }
+    });
     if (saved)
         m_program.tell(u"Yeni Barkod Numaraları Eklendi..."_s);
+}
+
+/// The first row that is not saved yet is the one the ledger refused.
+void NumberDesk::tellRefused(const HostError &error)
+{
+    int row = 0;
+    while (m_queue.at(row).state != QueueState::fresh)
+        ++row;
+    const QueueRow &refused = m_queue.at(row);
+    Q_EMIT rowRefused(row);
+    m_program.warn(
+        u"Muhasebe %1 numarasını kabul etmedi: bu numara artık başka bir stokta var.\n\n"
+        "Stok: %2 %3\nKuyruktaki sırası: %4 (seçildi)\n\nSatırı silip kalanları kaydediniz; sonra "
+        "stoğu yeniden toplayıp başka bir numara veriniz.\n\n%5"_s
+            .arg(refused.barcode, refused.code, refused.name)
+            .arg(row + 1)
+            .arg(error.text()));
 }
 
 /// False when it was stopped.
@@ -238,7 +284,7 @@ bool NumberDesk::saveRows(int total)
     QString type;
     int done = 0;
     for (int row = 0; row < m_queue.size(); ++row) {
-        if (m_queue.at(row).state() != queue_state::kNew)
+        if (m_queue.at(row).state != QueueState::fresh)
             continue;
         if (!m_task.goOn(u"Numaralar kaydediliyor"_s, done++, total))
             return false;
@@ -263,10 +309,10 @@ NumberDesk::StockRows NumberDesk::unnumberedStocks() const
 void NumberDesk::saveRow(int row, const QString &type)
 {
     const QueueRow &queued = m_queue.at(row);
-    const QString unit = queued.unitNumber();
-    m_program.company().execute(stock_queries::insertBarcode(queued.barcode, queued.code, unit,
-                                                             type, m_prices.wanted(unit)));
-    m_queue.setNumber(row, queued.barcode, queue_state::kSaved);
+    m_program.company().execute(stock_queries::insertBarcode(queued.barcode, queued.code,
+                                                             QString::number(queued.unit), type,
+                                                             m_prices.wanted(queued.unit)));
+    m_queue.setNumber(row, queued.barcode, QueueState::saved);
 }
 
 bool NumberDesk::mayDrop(int numbers)

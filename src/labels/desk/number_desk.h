@@ -8,7 +8,9 @@
 
 #include <QMultiHash>
 #include <QObject>
+#include <QSet>
 
+class HostError;
 class Program;
 
 /// Gives the stock units without a barcode new numbers. Gathering them into the queue turns the
@@ -36,13 +38,19 @@ public:
     /// Both in words; "" when there is nothing left to do.
     QString summary() const;
 
-    /// Replaces the queue by the stock-list rows without a barcode whose unit text ends so.
-    void gather(QStringView unitEnding);
+    /// Replaces the queue by the stock-list rows of these units that have no barcode. False when it
+    /// stays as it is.
+    bool gather(UnitChoice units);
+    /// Turns the label form to numbering again, because rows that wait for it are back.
+    void resume();
 
     ean::Symbology symbology() const { return m_symbology; }
     QString caption() const;
-    /// The base number used last for the chosen symbology, "" when there is none.
-    QString rememberedBase() const;
+    /// The base number to count on from: the one used last for the chosen symbology, or where there
+    /// is none, one that suits.
+    QString nextBase() const;
+    /// What the base in the box means, for the user.
+    QString rangeHint(const QString &base) const;
     /// The complete number of the base in the box, "" when it is none.
     QString completeNumber(const QString &base) const;
     bool takesKey(const QString &box, const QString &key) const;
@@ -72,6 +80,8 @@ Q_SIGNALS:
     /// As summary().
     void summaryChanged(const QString &text);
     void generatorRequested();
+    /// The ledger did not take this row's number; the user is told after.
+    void rowRefused(int queueRow);
     /// The last base number used.
     void baseChanged(const QString &base);
 
@@ -99,7 +109,9 @@ private:
     QString number(qint64 base);
     Outcome findNumbers(Numbering &numbering);
     void give(const Numbering &numbering);
-    bool isFree(const QString &barcode);
+    std::vector<int> rowsWaiting() const;
+    QSet<QString> freshNumbers() const;
+    void tellRefused(const HostError &error);
 
     bool save();
     bool saveRows(int total);

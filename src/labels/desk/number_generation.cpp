@@ -22,6 +22,33 @@ QString caption(ean::Symbology symbology)
                                              : u"Ean 13  (12 Karakter)"_s;
 }
 
+QString suggestedBase(ean::Symbology symbology)
+{
+    return u"2"_s + QString(baseDigits(symbology) - 1, u'0');
+}
+
+QString rangeHint(ean::Symbology symbology, QStringView base)
+{
+    const auto number = readBase(symbology, base);
+    if (!number)
+        return {};
+    const QString digits = complete(symbology, *number);
+    const bool ean8 = symbology == ean::Symbology::ean8;
+    if (digits.startsWith(u'2') && (ean8 || digits.at(1) < u'7'))
+        return u"%1 ile başlayan numaralar mağazaların kendi malları içindir: hiçbir üreticinin "
+               "barkoduyla çakışmaz."_s.arg(ean8 ? u"2"_s : u"20"_s);
+    if (digits.startsWith(u'2'))
+        return u"27, 28 ve 29 ile başlayan numaraları teraziler tartılan mal için basar; kasada "
+               u"ağırlık "
+               "sanılabilir. 20 ile başlayınız."_s;
+    if (digits.startsWith(u'0') && ean8)
+        return u"0 ile başlayan sekiz haneli numaralar mağaza içidir, ama bazı okuyucular baştaki "
+               "sıfırı atar. 2 ile başlayınız."_s;
+    return u"Bu aralık üreticilerindir: numara başka bir ürünün barkodu olabilir. Kendi malınız "
+           u"için "
+           "%1 ile başlayınız."_s.arg(ean8 ? u"2"_s : u"20"_s);
+}
+
 QString memoryKey(ean::Symbology symbology)
 {
     return symbology == ean::Symbology::ean8 ? u"Ean8"_s : u"Ean13"_s;

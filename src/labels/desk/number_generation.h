@@ -17,6 +17,13 @@ qint64 largestBase(ean::Symbology symbology);
 /// Names the symbology and its digits: "Ean 8  (7 Karakter)".
 QString caption(ean::Symbology symbology);
 
+/// The base to begin with where none was used yet: the first of the numbers that every shop may use
+/// for its own goods.
+QString suggestedBase(ean::Symbology symbology);
+
+/// What a base means for the numbers made from it, for the user; "" when there is nothing to say.
+QString rangeHint(ean::Symbology symbology, QStringView base);
+
 /// Key under which the last base number used is remembered: "Ean8".
 QString memoryKey(ean::Symbology symbology);
 

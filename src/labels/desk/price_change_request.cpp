@@ -1,8 +1,25 @@
 #include "labels/desk/price_change_request.h"
 
 #include "common/program.h"
+#include "labels/desk/typed_moment.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Why nothing can be found in this range; "" when it can be asked for.
+QString problemOf(const ChangeRange &range)
+{
+    if (!range.from.isValid() || !range.to.isValid())
+        return typed_moment::kNoDate.toString();
+    if (!range.start.isValid() || !range.end.isValid())
+        return typed_moment::kNoTime.toString();
+    if (range.from > range.to)
+        return u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s;
+    return range.start > range.end ? u"Başlangıç saati bitiş saatinden sonra olamaz."_s : QString();
+}
+
+} // namespace
 
 PriceChangeRequest::PriceChangeRequest(Program &program, QObject *parent)
     : QObject(parent), m_program(program)
@@ -17,10 +34,9 @@ ChangeRange PriceChangeRequest::usualRange() const
 
 void PriceChangeRequest::send(const ChangeRange &range)
 {
-    if (range.from > range.to || range.start > range.end) {
-        m_program.caution(range.from > range.to
-                              ? u"Başlangıç tarihi bitiş tarihinden sonra olamaz."_s
-                              : u"Başlangıç saati bitiş saatinden sonra olamaz."_s);
+    const QString problem = problemOf(range);
+    if (!problem.isEmpty()) {
+        m_program.caution(problem);
         return;
     }
     // A change made in the start minute itself belongs to the range. Midnight has none before it.

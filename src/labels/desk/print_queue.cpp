@@ -1,103 +1,102 @@
 #include "labels/desk/print_queue.h"
 
-#include "common/amount.h"
-#include "labels/desk/stock_list.h"
-
 #include <QBrush>
 
+#include <algorithm>
 #include <array>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString makeTag(QStringView unitNumber, QStringView state)
+/// How a row shows that is not like the others: pale, a strong mark, a hint.
+struct Look
 {
-    return u"%1%2%3"_s.arg(unitNumber, kTagSeparator, state);
-}
-
-/// How a state shows: a pale row, a strong mark beside the number, a hint.
-struct StateLook
-{
-    QStringView state;
     QRgb row;
     QRgb mark;
     QStringView hint;
 };
 
-constexpr std::array<StateLook, 2> kLooks = {
-    {{queue_state::kNew, 0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"},
-     {queue_state::kSaved, 0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"}}};
+constexpr Look kFresh = {0xFFFFF3C4, 0xFFE0A100, u"Yeni numara: henüz kaydedilmedi"};
+constexpr Look kSaved = {0xFFE0F3E0, 0xFF2E8B57, u"Yeni numara: kaydedildi"};
+constexpr Look kPrinted = {0xFFE9EDF2, 0xFF7A8899, u"Basıldı"};
+
+const Look *lookOf(const QueueRow &row)
+{
+    if (row.state == QueueState::fresh)
+        return &kFresh;
+    if (row.printed)
+        return &kPrinted;
+    return row.state == QueueState::saved ? &kSaved : nullptr;
+}
+
+/// The last part of a tag, in the order of QueueState.
+constexpr std::array<QStringView, 4> kStates = {u"0", u"a0", u"a1", u"a2"};
+constexpr QStringView kSeparator = u"<123>";
 
 } // namespace
 
-QString QueueRow::unitNumber() const
+QString QueueRow::tag() const
 {
-    return tag.section(kTagSeparator.toString(), 0, 0);
+    return u"%1%2%3"_s.arg(unit).arg(kSeparator, kStates.at(static_cast<std::size_t>(state)));
 }
 
-QString QueueRow::state() const
+bool QueueRow::setTag(const QString &text)
 {
-    return tag.section(kTagSeparator.toString(), 1);
+    const QString separator = kSeparator.toString();
+    bool isUnit = false;
+    const int unitNumber = text.section(separator, 0, 0).toInt(&isUnit);
+    const auto found = std::find(kStates.begin(), kStates.end(), text.section(separator, 1));
+    if (!isUnit || found == kStates.end())
+        return false;
+    unit = unitNumber;
+    state = static_cast<QueueState>(found - kStates.begin());
+    return true;
 }
 
-QueueRow queuedRow(const StockRow &stock, QStringView state)
+LabelRow labelOf(const QueueRow &row, int place)
 {
-    return {.number = {},
-            .barcode = stock.barcode,
-            .code = stock.code,
-            .name = stock.name,
-            .unit = stock.unit,
-            .price = stock.price,
-            .count = stock.count,
-            .tag = makeTag(stock.tag, state)};
+    return {.barcode = row.barcode,
+            .stockCode = row.code,
+            .stockName = row.name,
+            .price = row.price,
+            .count = row.count,
+            .queueRow = place,
+            .unit = row.unitName};
 }
 
 PrintQueue::PrintQueue(QObject *parent)
-    : RowTable({{u"No"_s, &QueueRow::number},
-                {u"Barkod"_s, &QueueRow::barcode},
-                {u"Stok Kodu"_s, &QueueRow::code},
-                {u"Stok Adı"_s, &QueueRow::name},
-                {u"Birim"_s, &QueueRow::unit},
-                {u"Fiyat"_s, &QueueRow::price, true},
-                {u"Adet"_s, &QueueRow::count, true}},
+    : RowTable({{u"No"_s, [](const QueueRow &row) { return QString::number(row.number); }},
+                {u"Barkod"_s, shown<&QueueRow::barcode>},
+                {u"Stok Kodu"_s, shown<&QueueRow::code>},
+                {u"Stok Adı"_s, shown<&QueueRow::name>},
+                {u"Birim"_s, [](const QueueRow &row) { return row.unitText(); }},
+                {u"Fiyat"_s, shown<&QueueRow::price>, true},
+                {u"Adet"_s, [](const QueueRow &row) { return QString::number(row.count); }, true}},
                parent)
 {}
 
 QVariant PrintQueue::data(const QModelIndex &index, int role) const
 {
+    if (index.isValid() && role == Qt::UserRole)
+        return at(index.row()).tag();
     const bool mark = role == Qt::DecorationRole && index.column() == barcode;
     if (!index.isValid() || (role != Qt::BackgroundRole && role != Qt::ToolTipRole && !mark))
         return RowTable::data(index, role);
-    const QueueRow &row = at(index.row());
-    for (const StateLook &look : kLooks) {
-        if (row.state() != look.state)
-            continue;
-        if (role == Qt::ToolTipRole)
-            return look.hint.toString();
-        return mark ? QVariant(QColor(look.mark)) : QVariant(QBrush(QColor(look.row)));
-    }
-    return {};
+    const Look *look = lookOf(at(index.row()));
+    if (!look)
+        return {};
+    if (role == Qt::ToolTipRole)
+        return look->hint.toString();
+    return mark ? QVariant(QColor(look->mark)) : QVariant(QBrush(QColor(look->row)));
 }
 
-LabelRow PrintQueue::label(int row) const
+QList<int> PrintQueue::everyPlace() const
 {
-    const QueueRow &queued = at(row);
-    return {.barcode = queued.barcode,
-            .stockCode = queued.code,
-            .stockName = queued.name,
-            .price = queued.price,
-            .count = amount::labelCount(queued.count).value_or(0),
-            .queueRow = row};
-}
-
-std::vector<LabelRow> PrintQueue::labels() const
-{
-    std::vector<LabelRow> labels;
-    labels.reserve(m_rows.size());
-    for (int row = 0; row < size(); ++row)
-        labels.push_back(label(row));
-    return labels;
+    QList<int> places(size());
+    std::iota(places.begin(), places.end(), 0);
+    return places;
 }
 
 void PrintQueue::append(const std::vector<QueueRow> &rows)
@@ -109,14 +108,23 @@ void PrintQueue::append(const std::vector<QueueRow> &rows)
     sirala(first);
 }
 
-void PrintQueue::remove(int row)
+std::vector<QueueRow> PrintQueue::take(const QList<int> &places)
 {
-    if (!isValidRow(row))
-        return;
-    beginRemoveRows({}, row, row);
-    m_rows.erase(m_rows.begin() + row);
-    endRemoveRows();
-    sirala(row);
+    std::vector<QueueRow> taken = takeRows(places);
+    sirala(0);
+    return taken;
+}
+
+void PrintQueue::putBack(const QList<int> &places, const std::vector<QueueRow> &rows)
+{
+    putRows(places, rows);
+    sirala(0);
+}
+
+void PrintQueue::sort(int column, Qt::SortOrder order)
+{
+    RowTable::sort(column, order);
+    sirala(0);
 }
 
 void PrintQueue::clear()
@@ -125,46 +133,74 @@ void PrintQueue::clear()
     sirala(0);
 }
 
-bool PrintQueue::setCount(int row, QStringView text)
+void PrintQueue::setCounts(const QList<int> &places, int labels)
 {
-    return isValidRow(row) && setCounts(row, row, text);
+    if (places.isEmpty())
+        return;
+    for (const int place : places) {
+        edit(place).count = labels;
+        edit(place).printed = false;
+    }
+    tellRows(places);
+    sirala(size());
 }
 
-bool PrintQueue::setAllCounts(QStringView text)
-{
-    return setCounts(0, size() - 1, text);
-}
-
-void PrintQueue::setNumber(int row, const QString &barcodeText, QStringView state)
+void PrintQueue::setNumber(int row, const QString &barcodeText, QueueState state)
 {
     QueueRow &queued = edit(row);
     queued.barcode = barcodeText;
-    queued.tag = makeTag(queued.unitNumber(), state);
-    Q_EMIT dataChanged(index(row, 0), index(row, columns - 1));
+    queued.state = state;
+    tellRows({row});
+    Q_EMIT changed();
 }
 
-bool PrintQueue::setCounts(int first, int last, QStringView text)
+void PrintQueue::markPrinted(const QList<int> &places)
 {
-    const auto labels = amount::labelCount(text);
-    if (!labels)
-        return false;
-    const QString written = QString::number(*labels);
-    for (int row = first; row <= last; ++row)
-        edit(row).count = written;
-    if (first <= last)
-        Q_EMIT dataChanged(index(first, count), index(last, count), {Qt::DisplayRole});
-    sirala(size());
-    return true;
+    for (const int place : places)
+        edit(place).printed = true;
+    tellRows(places);
+    Q_EMIT changed();
+}
+
+QList<int> PrintQueue::printedPlaces() const
+{
+    QList<int> places;
+    for (int row = 0; row < size(); ++row)
+        if (at(row).printed)
+            places += row;
+    return places;
+}
+
+void PrintQueue::setPrice(int row, const QString &text, qint64 moment)
+{
+    edit(row).price = text;
+    edit(row).priceRead = moment;
+    tellRows({row});
+    Q_EMIT changed();
+}
+
+void PrintQueue::setRows(const std::vector<QueueRow> &rows)
+{
+    RowTable::clear();
+    RowTable::append(rows);
+    sirala(0);
+}
+
+void PrintQueue::tellRows(const QList<int> &places)
+{
+    if (!places.isEmpty())
+        Q_EMIT dataChanged(index(places.first(), 0), index(places.last(), columns - 1));
 }
 
 void PrintQueue::sirala(int firstRow)
 {
     for (int row = firstRow; row < size(); ++row)
-        edit(row).number = QString::number(row + 1);
+        edit(row).number = row + 1;
     if (isValidRow(firstRow))
         Q_EMIT dataChanged(index(firstRow, number), index(size() - 1, number), {Qt::DisplayRole});
     m_total = 0;
     for (const QueueRow &row : m_rows)
-        m_total += amount::labelCount(row.count).value_or(0);
+        m_total += row.count;
     Q_EMIT totalChanged(m_total);
+    Q_EMIT changed();
 }

@@ -5,18 +5,19 @@
 using namespace Qt::StringLiterals;
 
 StockList::StockList(QObject *parent)
-    : RowTable({{u"Barkod"_s, &StockRow::barcode},
-                {u"Stok Kodu"_s, &StockRow::code},
-                {u"Stok Adı"_s, &StockRow::name},
-                {u"Birim"_s, &StockRow::unit},
-                {u"Fiyat"_s, &StockRow::price, true},
-                {u"Adet"_s, &StockRow::count, true}},
+    : RowTable({{u"Barkod"_s, shown<&StockRow::barcode>},
+                {u"Stok Kodu"_s, shown<&StockRow::code>},
+                {u"Stok Adı"_s, shown<&StockRow::name>},
+                {u"Birim"_s, [](const StockRow &row) { return row.unitText(); }},
+                {u"Fiyat"_s, shown<&StockRow::price>, true},
+                {u"Adet"_s, [](const StockRow &row) { return QString::number(row.count); }, true}},
                parent)
 {}
 
 void StockList::clear()
 {
     m_barcodesRead = 0;
+    m_pricesRead = 0;
     m_firstChange = m_lastChange = {};
     RowTable::clear();
 }

@@ -1,24 +1,7 @@
 #pragma once
 
 #include "labels/desk/row_table.h"
-
-/// One unit of a stock as the stock list shows it; every cell is the text on screen.
-struct StockRow
-{
-    QString barcode; ///< "" when the unit has none
-    QString code;
-    QString name;
-    QString unit;  ///< unit name followed by " (BIRIM1)" or " (BIRIM2)"
-    QString price; ///< label price "###,###0.00", "" when the unit has none
-    QString count; ///< labels to print
-    QString tag;   ///< unit number, "1" or "2"
-
-    friend bool operator==(const StockRow &, const StockRow &) = default;
-};
-
-/// Endings of the unit text; the bulk commands go by them.
-inline constexpr QStringView kFirstUnit = u"(BIRIM1)";
-inline constexpr QStringView kSecondUnit = u"(BIRIM2)";
+#include "labels/desk/stock_row.h"
 
 /// The stock list `l1`.
 class StockList final : public RowTable<StockRow>
@@ -47,6 +30,11 @@ public:
     void setPrice(int row, const QString &text);
     void announceChanges();
 
+    /// When all its prices were read, or the earliest of them was, in milliseconds since 1970; 0
+    /// when some were not.
+    qint64 pricesRead() const { return m_pricesRead; }
+    void setPricesRead(qint64 moment) { m_pricesRead = moment; }
+
     /// Notes that the host was asked for this row's barcode; rows are asked for from first to last.
     void barcodeRead(int row);
     /// True when it was asked for every row: only then a row without a barcode has none.
@@ -55,6 +43,7 @@ public:
 private:
     void setCell(int row, Cell column, QString &cell, const QString &text);
 
+    qint64 m_pricesRead = 0;
     int m_barcodesRead = 0;    ///< rows from the first whose barcode was asked for
     QModelIndex m_firstChange; ///< corners of the rectangle not yet announced; invalid: none
     QModelIndex m_lastChange;

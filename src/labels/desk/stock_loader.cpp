@@ -3,6 +3,9 @@
 #include "common/amount.h"
 #include "common/host_queries.h"
 #include "common/program.h"
+#include "common/select_many.h"
+#include "labels/desk/count_import.h"
+#include "labels/desk/stock_queries.h"
 
 #include <utility>
 
@@ -10,18 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString stageText(SearchStage stage)
-{
-    switch (stage) {
-    case SearchStage::rows:
-        return u"Stoklar listeleniyor"_s;
-    case SearchStage::barcodes:
-        return u"Barkodlar okunuyor"_s;
-    case SearchStage::prices:
-        return u"Fiyatlar okunuyor"_s;
-    }
-    return {};
-}
+/// Rows that reach the list together; few enough to draw progress in between.
+constexpr std::size_t kSlice = 2000;
+
+const QString kReadingBarcodes = QStringLiteral("Barkodlar okunuyor");
+const QString kReadingPrices = QStringLiteral("Fiyatlar okunuyor");
 
 } // namespace
 
@@ -36,78 +32,70 @@ StockLoader::StockLoader(Program &program, StockList &list, const PriceNumbers &
     relay(m_task, *this);
 }
 
-void StockLoader::find(const QString &statement)
+void StockLoader::stkcinsibul(const QString &name)
 {
-    run([this, statement] {
-        StockSearch steps = search();
-        return steps.list(statement, m_units) && readDetails(steps);
-    });
+    list(stock_queries::byName(name));
 }
 
-void StockLoader::findBarcode(const QString &barcode)
+void StockLoader::stkkodbul(const QString &code)
 {
-    run([this, barcode] {
-        StockSearch steps = search();
-        return steps.byBarcode(barcode) && readDetails(steps);
-    });
+    list(stock_queries::byCode(code));
 }
 
-void StockLoader::readPrices()
+void StockLoader::listele()
 {
-    run([this] { return search().pricePass(m_prices); });
+    list(stock_queries::all());
 }
 
-void StockLoader::addLine(const InvoiceLine &line)
+void StockLoader::fiyatdegisbul(const QString &fromDate, const QString &toDate,
+                                const QString &fromTime, const QString &toTime)
 {
-    run([this, line] {
-        StockSearch steps = search();
-        return append(steps, line);
-    });
+    list(stock_queries::changed(fromDate, toDate, fromTime, toTime));
 }
 
-void StockLoader::replaceByLines(const QList<InvoiceLine> &lines)
+void StockLoader::brkdbul(const QString &barcode)
+{
+    run([this, barcode] { return listScanned(barcode) && readDetails(); });
+}
+
+void StockLoader::fiyatoku()
+{
+    run([this] { return readPrices(); });
+}
+
+void StockLoader::fatekle(const QString &stockCode, const QString &quantity)
+{
+    run([this, stockCode, quantity] { return addLines({{stockCode, quantity}}); });
+}
+
+void StockLoader::listLines(const QList<InvoiceLine> &lines)
 {
     run([this, lines] {
         m_list.clear();
-        int done = 0;
-        const auto total = static_cast<int>(lines.size());
-        StockSearch steps(m_program, m_list, [this, &done, total](SearchStage, int, int) {
-            return m_task.goOn(u"Fatura satırları ekleniyor"_s, done, total);
-        });
-        for (; done < total; ++done)
-            if (!append(steps, lines.at(done)))
-                return false;
-        return true;
+        return addLines(lines);
     });
 }
 
-StockSearch StockLoader::search()
+void StockLoader::listCounted(const count_file::Content &content)
 {
-    return {m_program, m_list, [this](SearchStage stage, int done, int total) {
-                return m_task.goOn(stageText(stage), done, total);
-            }};
+    run([this, content] {
+        m_list.clear();
+        return addCounted(content);
+    });
 }
 
-bool StockLoader::append(StockSearch &search, const InvoiceLine &line)
+void StockLoader::stop()
 {
-    const int before = m_list.size();
-    const QString count = QString::number(labelsFor(line.quantity));
-    if (!search.append(host_queries::card(line.stockCode), m_units, count))
-        return false;
-    if (m_list.size() == before)
-        ++m_unknownLines;
-    else if (!isLabelCount(line.quantity))
-        ++m_roundedLines;
-    return readDetails(search);
-}
-
-bool StockLoader::readDetails(StockSearch &search)
-{
-    return search.barcodePass() && search.pricePass(m_prices);
+    m_next = {};
+    m_task.stop();
 }
 
 void StockLoader::run(const Load &load)
 {
+    if (m_locked) {
+        Q_EMIT statusChanged(kWorkGoesOn.toString());
+        return;
+    }
     if (isBusy()) {
         m_next = load;
         m_task.stop();
@@ -122,6 +110,163 @@ void StockLoader::runOne(const Load &load)
     m_unknownLines = m_roundedLines = 0;
     LongTask::Run run(m_task, u"Aranıyor…"_s);
     run.outcome = load() ? foundText() : stoppedText();
+}
+
+void StockLoader::list(const QString &statement)
+{
+    run([this, statement] {
+        return show(m_program.company().execute(statement),
+                    [this](const RecordSet &card, std::vector<StockRow> &rows) {
+                        appendUnitRows(card, m_units, 1, rows);
+                    }) &&
+               readDetails();
+    });
+}
+
+bool StockLoader::listScanned(const QString &barcode)
+{
+    QString stockCode;
+    int unit = 0;
+    RecordSet owners = m_program.company().execute(host_queries::barcode(barcode));
+    for (; !owners.eof(); owners.moveNext()) {
+        stockCode = owners.text(u"STKBARSTKKOD");
+        unit = owners.text(u"STKBARBRMNO").trimmed().toInt();
+    }
+    return show(m_program.company().execute(host_queries::card(stockCode)),
+                [unit](const RecordSet &card, std::vector<StockRow> &rows) {
+                    rows.push_back(scannedRow(card, unit));
+                });
+}
+
+bool StockLoader::show(RecordSet cards, const RowMaker &makeRows)
+{
+    m_list.clear();
+    return add(std::move(cards), makeRows);
+}
+
+bool StockLoader::add(RecordSet cards, const RowMaker &makeRows)
+{
+    const qsizetype total = cards.rowCount();
+    qsizetype done = 0;
+    std::vector<StockRow> slice;
+    while (!cards.eof()) {
+        slice.clear();
+        for (; !cards.eof() && slice.size() < kSlice; cards.moveNext(), ++done)
+            makeRows(cards, slice);
+        m_list.append(slice);
+        if (!m_task.goOn(u"Stoklar listeleniyor"_s, done, total))
+            return false;
+    }
+    return true;
+}
+
+/// A line's barcodes and prices and the next line's card are asked for together: they are what
+/// comes next, whatever the answers are.
+bool StockLoader::addLines(const QList<InvoiceLine> &lines)
+{
+    if (lines.isEmpty())
+        return true;
+    // Rows that are there already were read before, or nobody knows when.
+    if (m_list.size() == 0)
+        m_list.setPricesRead(now());
+    RecordSet cards = m_program.company().execute(host_queries::card(lines.first().stockCode));
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        const int first = m_list.size();
+        addLine(std::exchange(cards, {}), lines.at(line));
+        const int rows = m_list.size() - first;
+        const int more = line + 1 < lines.size() ? 1 : 0;
+        const auto statement = [&](int i) {
+            if (i == 2 * rows)
+                return host_queries::card(lines.at(line + 1).stockCode);
+            const QString &code = m_list.at(first + i % rows).code;
+            return i < rows ? host_queries::barcodesOf(code) : host_queries::pricesOf(code);
+        };
+        const auto take = [&](int i, RecordSet answer) {
+            if (i == 2 * rows)
+                cards = std::move(answer);
+            else if (i < rows)
+                takeBarcode(first + i, std::move(answer));
+            else
+                takePrice(first + i - rows, std::move(answer));
+            return m_task.goOn(u"Fatura satırları ekleniyor"_s, line, lines.size());
+        };
+        if (!selectMany(m_program, 2 * rows + more, statement, take)) {
+            m_list.setPricesRead(0);
+            return false;
+        }
+    }
+    return true;
+}
+
+void StockLoader::addLine(RecordSet cards, const InvoiceLine &line)
+{
+    std::vector<StockRow> rows;
+    for (; !cards.eof(); cards.moveNext())
+        appendUnitRows(cards, m_units, labelsFor(line.quantity), rows);
+    m_list.append(rows);
+    if (rows.empty())
+        ++m_unknownLines;
+    else if (!isLabelCount(line.quantity))
+        ++m_roundedLines;
+}
+
+bool StockLoader::addCounted(count_file::Content content)
+{
+    const auto rows = findCounted(
+        m_program, content.lines, m_units, content.problems,
+        [this](int done, int total) { return m_task.goOn(u"Kodlar aranıyor"_s, done, total); });
+    if (!rows)
+        return false;
+    m_list.append(*rows);
+    if (!readDetails())
+        return false;
+    Q_EMIT counted(count_file::report(std::move(content.problems)));
+    return true;
+}
+
+bool StockLoader::readDetails()
+{
+    const int rows = m_list.size();
+    const bool read = selectMany(
+        m_program, rows, [this](int row) { return host_queries::barcodesOf(m_list.at(row).code); },
+        [&](int row, RecordSet answer) {
+            takeBarcode(row, std::move(answer));
+            return m_task.goOn(kReadingBarcodes, row + 1, rows);
+        });
+    return read && readPrices();
+}
+
+bool StockLoader::readPrices()
+{
+    const int rows = m_list.size();
+    const qint64 begun = now();
+    const bool read = selectMany(
+        m_program, rows, [this](int row) { return host_queries::pricesOf(m_list.at(row).code); },
+        [&](int row, RecordSet answer) {
+            takePrice(row, std::move(answer));
+            return m_task.goOn(kReadingPrices, row + 1, rows);
+        });
+    m_list.setPricesRead(read ? begun : 0);
+    return read;
+}
+
+qint64 StockLoader::now() const
+{
+    return m_program.clock.now().toMSecsSinceEpoch();
+}
+
+void StockLoader::takeBarcode(int row, RecordSet barcodes)
+{
+    const QString barcode = unitBarcode(std::move(barcodes), m_list.at(row).unit);
+    if (!barcode.isEmpty())
+        m_list.setBarcode(row, barcode);
+    m_list.barcodeRead(row);
+}
+
+/// A row without a price under the wanted number ends with an empty one.
+void StockLoader::takePrice(int row, RecordSet prices)
+{
+    m_list.setPrice(row, labelPrice(std::move(prices), m_prices.wanted(m_list.at(row).unit)));
 }
 
 QString StockLoader::foundText() const
@@ -150,10 +295,4 @@ QString StockLoader::lineNotes() const
         notes += u" %1 satırın miktarı tam sayı değil: etiket adedi yukarı yuvarlandı."_s.arg(
             amount::whole(m_roundedLines));
     return notes;
-}
-
-void StockLoader::stop()
-{
-    m_next = {};
-    m_task.stop();
 }

@@ -20,6 +20,16 @@ double bounded(double value, double most)
     return std::fabs(value) <= most ? value : 0;
 }
 
+/// Other programs, and people, write 12.5 where a layout has 12,5; nobody groups the digits of a
+/// length.
+QString withDecimalComma(QStringView text)
+{
+    QString number = text.toString();
+    if (number.count(u'.') == 1 && !number.contains(u','))
+        number.replace(u'.', u',');
+    return number;
+}
+
 /// A picture is only ever taken from the picture folder, whatever path a file names.
 QString bareName(const QString &path)
 {
@@ -37,7 +47,7 @@ public:
     QString text(const QString &key) const { return m_keys.read(m_section, key, m_file); }
     float length(const QString &key) const
     {
-        const float value = amount::single(text(key));
+        const float value = layoutLength(text(key));
         return std::fabs(value) <= kLongestLength ? value : 0;
     }
     int number(const QString &key) const { return amount::integer(text(key)); }
@@ -45,7 +55,8 @@ public:
 
     double points(const QString &key) const
     {
-        return std::max(0.0, bounded(amount::parse(text(key)).value_or(0), kLargestFont));
+        return std::max(
+            0.0, bounded(amount::parse(withDecimalComma(text(key))).value_or(0), kLargestFont));
     }
 
     double degrees(const QString &key) const
@@ -204,6 +215,10 @@ TextElement readText(const Reader &in)
     if (border == u"1" || border == u"0")
         text.border = border == u"1";
     text.box = readTextBox(in, text.angle);
+    if (!startCorner(text.angle)) {
+        text.startLeft = in.length(u"posx"_s);
+        text.startTop = in.length(u"posy"_s);
+    }
     text.marked = in.text(u"tur"_s) == u"1";
     readTag(in, &text);
     text.caption = in.text(u"yz"_s);
@@ -252,6 +267,11 @@ QString defaultFile(const QString &directory)
 }
 
 } // namespace
+
+float layoutLength(QStringView text)
+{
+    return amount::single(withDecimalComma(text));
+}
 
 QString layoutFolder(const QString &directory)
 {

@@ -44,10 +44,14 @@ struct TextElement
     LabelBox box; ///< the element's own box; the file keeps its anchor point instead
     PaperFont font;
     bool border = false;
-    int colour = 0;      ///< 0x00BBGGRR
-    double angle = 0;    ///< degrees, key "hz"; only 0, 90, 180 and 270 have an anchor point, and
-                         ///< only their position is kept
-    QString alignment;   ///< key "angl": "1" left, "2" centre, "3" right
+    int colour = 0;    ///< 0x00BBGGRR
+    double angle = 0;  ///< degrees, key "hz"; only 0, 90, 180 and 270 have an anchor point, and
+                       ///< only their position is kept
+    QString alignment; ///< key "angl": "1" left, "2" centre, "3" right
+    /// Where printing starts a text of any other angle (mm). Such texts lie at no place of the
+    /// page, so that saving does not keep it.
+    float startLeft = 0;
+    float startTop = 0;
     bool marked = false; ///< key "tur": the element is painted in the marking colour
     QString field;       ///< bound stock field, "" = free text; what is saved of it is the caption
     QString caption;     ///< key "yz"; of a bound text the name of its field
@@ -87,6 +91,10 @@ inline constexpr int kMostElements = 1000;
 /// read as 0, before they reach the arithmetic of paper and screen.
 inline constexpr float kLongestLength = 10'000.0F;
 inline constexpr double kLargestFont = 1638.0;
+
+/// A length (mm) as a layout file or a person writes it: a lone point is a decimal point. 0 for
+/// unreadable text.
+float layoutLength(QStringView text);
 
 /// Where the layout files and their pictures are. `directory`: the working folder.
 QString layoutFolder(const QString &directory);

@@ -1,8 +1,24 @@
 #include "labels/layout/layout_folder.h"
 
+#include "labels/layout/layout_encoding.h"
+
 #include <QDir>
+#include <QFile>
+#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kLargestFile = 1 << 24; ///< bytes; no layout comes near
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(kLargestFile) : QByteArray();
+}
+
+} // namespace
 
 QString LayoutFolder::path(const QString &name) const
 {
@@ -13,6 +29,49 @@ QStringList LayoutFolder::names() const
 {
     return QDir(layoutFolder(m_program.directory()))
         .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
+}
+
+QString LayoutFolder::find(const QString &typed) const
+{
+    const QStringList all = names();
+    for (const QString &wanted : {typed, layoutFileName(typed)})
+        for (const QString &name : all)
+            if (name.compare(wanted, Qt::CaseInsensitive) == 0)
+                return name;
+    return {};
+}
+
+bool LayoutFolder::isReadable(const QString &name) const
+{
+    return encodingOf(bytesOf(path(name))) == LayoutEncoding::codePage;
+}
+
+bool LayoutFolder::makeReadable(const QString &name)
+{
+    const QString file = path(name);
+    const QByteArray bytes = bytesOf(file);
+    const LayoutEncoding encoding = encodingOf(bytes);
+    if (encoding == LayoutEncoding::codePage)
+        return true;
+    const auto converted = inCodePage(bytes);
+    const QString kind = encoding == LayoutEncoding::utf8 ? u"UTF-8"_s : u"UTF-16"_s;
+    if (!converted) {
+        m_program.prompt.warn(
+            u"“%1” tasarımı bir düzenleyicide %2 olarak kaydedilmiş ve Türkçe "
+            u"kodlamada olmayan harfler içeriyor; böyle okunamaz.\n\nDosyayı "
+            u"düzenleyicide “ANSI” ya da “Windows-1254” olarak kaydediniz."_s.arg(name, kind),
+            false);
+        return false;
+    }
+    if (!m_program.prompt.confirm(
+            u"“%1” tasarımı bir düzenleyicide %2 olarak kaydedilmiş; Türkçe harfleri böyle yanlış "
+            u"okunur.\n\nDosya Türkçe kodlamaya (Windows-1254) dönüştürülsün mü?"_s.arg(name,
+                                                                                        kind)))
+        return false;
+    QSaveFile saved(file);
+    return told(saved.open(QIODevice::WriteOnly) && saved.write(*converted) == converted->size() &&
+                    saved.commit(),
+                file);
 }
 
 LabelLayout LayoutFolder::open(const QString &name) const
@@ -39,6 +98,6 @@ bool LayoutFolder::setPrinter(const QString &name, const QString &printer)
 bool LayoutFolder::told(bool written, const QString &file)
 {
     if (!written)
-        m_program.prompt.warn(u"Dosya yazılamadı, seçiminiz saklanmadı:\n%1"_s.arg(file), true);
+        m_program.prompt.warn(u"Dosya yazılamadı:\n%1"_s.arg(file), true);
     return written;
 }

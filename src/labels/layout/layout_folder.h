@@ -13,7 +13,17 @@ public:
     /// Names of the layout files, in alphabetical order.
     QStringList names() const;
 
+    /// The file that a typed name stands for, with or without its extension and in any case; ""
+    /// when there is none.
+    QString find(const QString &typed) const;
+
     LabelLayout open(const QString &name) const;
+
+    /// True while the file is in the code page of layouts; an editor may have saved it in Unicode.
+    bool isReadable(const QString &name) const;
+
+    /// Offers to convert a file that is not. False when it stays unreadable (told).
+    bool makeReadable(const QString &name);
 
     /// The layout that prints without a question, "" when there is none.
     QString defaultName() const;

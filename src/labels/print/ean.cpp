@@ -86,6 +86,8 @@ private:
     int m_at = 0;
 };
 
+constexpr double kFullModule = 0.33; ///< mm, of a symbol at 100 %
+
 BarSymbol ean8Symbol(const QString &digits, std::vector<Bar> bars)
 {
     return {.name = u"EAN-8"_s,
@@ -93,6 +95,7 @@ BarSymbol ean8Symbol(const QString &digits, std::vector<Bar> bars)
             .modules = 67,
             .quietLeft = 7,
             .quietRight = 7,
+            .barHeight = 18.23 / kFullModule,
             .bars = std::move(bars),
             .groups = {{digits.first(4), 3, 28}, {digits.sliced(4), 36, 28}}};
 }
@@ -105,6 +108,7 @@ BarSymbol ean13Symbol(const QString &digits, std::vector<Bar> bars)
             .modules = 95,
             .quietLeft = 11,
             .quietRight = 7,
+            .barHeight = 22.85 / kFullModule,
             .bars = std::move(bars),
             .groups = {{digits.first(1), -10, 8},
                        {digits.sliced(1, 6), 3, 42},

@@ -1,6 +1,8 @@
 #include "labels/print/label_builder.h"
 
 #include "common/windows_colour.h"
+#include "labels/print/label_fields.h"
+#include "paper/turned_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,15 @@ QRectF rectangle(const LabelBox &box)
             static_cast<double>(box.width), static_cast<double>(box.height)};
 }
 
+/// The box of a text; one of an odd angle begins where its file says.
+QRectF textBox(const TextElement &element)
+{
+    const QPointF start(static_cast<double>(element.startLeft),
+                        static_cast<double>(element.startTop));
+    return startCorner(element.angle) ? rectangle(element.box)
+                                      : rectangle(element.box).translated(start);
+}
+
 /// Key "angl": "2" centre, "3" right; everything else stands left.
 Alignment alignmentOf(const TextElement &element)
 {
@@ -27,17 +38,7 @@ Alignment alignmentOf(const TextElement &element)
 
 QString boundText(const TextElement &element, const LabelRow &row)
 {
-    if (element.field.isEmpty())
-        return element.caption;
-    if (element.field == u"Stok Kodu"_s)
-        return row.stockCode;
-    if (element.field == u"Barkod"_s)
-        return row.barcode;
-    if (element.field == u"Stok Adı"_s)
-        return row.stockName;
-    if (element.field == u"Fiyat"_s)
-        return row.price;
-    return {};
+    return element.field.isEmpty() ? element.caption : fieldText(element.field, row);
 }
 
 BuiltLabel LabelBuilder::label(const LabelRow &row)
@@ -80,7 +81,7 @@ void LabelBuilder::addBarcodes(const LabelRow &row, BuiltLabel &label)
 void LabelBuilder::addText(std::size_t index, const LabelRow &row, BuiltLabel &label) const
 {
     const TextElement &element = m_job.texts[index];
-    const PlacedText placed = placeText({.box = rectangle(element.box),
+    const PlacedText placed = placeText({.box = textBox(element),
                                          .angle = element.angle,
                                          .alignment = alignmentOf(element),
                                          .font = element.font,

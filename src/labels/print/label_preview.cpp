@@ -25,10 +25,15 @@ double side(float step, float count, double paper, float margin)
 
 } // namespace
 
+QSizeF labelRoom(const PrintJob &job)
+{
+    return {side(job.grid.stepX, job.grid.across, job.paper.width(), job.grid.left),
+            side(job.grid.stepY, job.grid.down, job.paper.height(), job.grid.top)};
+}
+
 QSizeF labelSize(const PrintJob &job)
 {
-    QSizeF size(side(job.grid.stepX, job.grid.across, job.paper.width(), job.grid.left),
-                side(job.grid.stepY, job.grid.down, job.paper.height(), job.grid.top));
+    QSizeF size = labelRoom(job);
     const auto include = [&](const LabelBox &box) {
         const QSizeF end(static_cast<double>(box.left + box.width),
                          static_cast<double>(box.top + box.height));

@@ -14,6 +14,9 @@ QImage previewLabel(const PrintJob &job, const QString &pictures, QSize most);
 /// one, and never less than its elements need.
 QSizeF labelSize(const PrintJob &job);
 
+/// The same without regard to its elements; empty when the layout does not say.
+QSizeF labelRoom(const PrintJob &job);
+
 /// A complete number as the print engine draws its bars, `size` pixels on a screen of `dpi` dots
 /// per inch. Empty when the symbology refuses the number.
 QImage previewBars(ean::Symbology symbology, const QString &number, QSize size, double dpi);

@@ -13,8 +13,8 @@ constexpr int kFinestQuality = 4800; ///< dots per inch
 
 QSizeF paperSize(const LabelLayout &layout)
 {
-    const QSizeF size(static_cast<double>(amount::single(layout.paperWidth)),
-                      static_cast<double>(amount::single(layout.paperHeight)));
+    const QSizeF size(static_cast<double>(layoutLength(layout.paperWidth)),
+                      static_cast<double>(layoutLength(layout.paperHeight)));
     const auto usable = [](double side) { return side > 0 && side <= kLongestPaper; };
     return usable(size.width()) && usable(size.height()) ? size : QSizeF();
 }
@@ -29,15 +29,24 @@ qint64 PrintJob::labelCount() const
     return count;
 }
 
+qint64 PrintJob::placeAfter() const
+{
+    const qint64 places = grid.places();
+    if (places == 0)
+        return 1;
+    const qint64 first = firstPlace <= places ? std::max<qint64>(firstPlace, 1) : 1;
+    return (first - 1 + labelCount()) % places + 1;
+}
+
 PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows)
 {
     PrintJob job;
-    job.grid = {.left = amount::single(layout.left),
-                .top = amount::single(layout.top),
-                .stepX = amount::single(layout.stepX),
-                .stepY = amount::single(layout.stepY),
-                .across = amount::single(layout.across),
-                .down = amount::single(layout.down)};
+    job.grid = {.left = layoutLength(layout.left),
+                .top = layoutLength(layout.top),
+                .stepX = layoutLength(layout.stepX),
+                .stepY = layoutLength(layout.stepY),
+                .across = layoutLength(layout.across),
+                .down = layoutLength(layout.down)};
     job.paper = paperSize(layout);
     job.pictures = layout.pictures;
     job.barcodes = layout.barcodes;

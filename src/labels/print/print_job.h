@@ -15,9 +15,13 @@ struct PrintJob
     std::vector<BarcodeElement> barcodes;
     std::vector<TextElement> texts;
     std::vector<LabelRow> rows;
+    qint64 firstPlace = 1; ///< of the first sheet, from 1
 
     /// Labels of all rows together.
     qint64 labelCount() const;
+
+    /// The place after the last label, on a sheet that is partly used then; 1 after a full one.
+    qint64 placeAfter() const;
 };
 
 /// Reads the layout's numbers; unreadable ones count as 0.

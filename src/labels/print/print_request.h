@@ -17,5 +17,6 @@ struct PrintRequest
 {
     PrintMode mode = PrintMode::all;
     std::vector<LabelRow> rows; ///< in printing order
+    qint64 firstPlace = 1;      ///< of the first sheet; the places before it are used already
     bool chooseLayout = false;  ///< ask for the layout even where there is a default
 };

@@ -2,18 +2,36 @@
 
 #include "common/amount.h"
 #include "labels/print/label_builder.h"
+#include "labels/print/label_fields.h"
 #include "labels/print/label_preview.h"
-#include "labels/print/scan_problems.h"
+#include "paper/millimetres.h"
 #include "paper/paged_canvas.h"
 
 #include <QFileInfo>
 #include <QPagedPaintDevice>
 #include <QScopeGuard>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QStringList boundFields(const LabelLayout &layout)
+{
+    QStringList names;
+    for (const TextElement &text : layout.texts)
+        names += text.field;
+    return names;
+}
+
+const QString kKept = u" Etiketler kuyrukta duruyor."_s;
+
+} // namespace
+
 PrintRun::PrintRun(Program &program, QObject *parent)
-    : QObject(parent), m_program(program), m_layouts(program)
+    : QObject(parent), m_program(program), m_layouts(program), m_memory(program)
 {}
 
 QImage PrintRun::preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const
@@ -24,10 +42,13 @@ QImage PrintRun::preview(const PrintRequest &request, const LabelLayout &layout,
     return previewLabel(job, pictureFolder(m_program.directory()), most);
 }
 
-QString PrintRun::describe(const LabelLayout &layout)
+QString PrintRun::describe(const QString &name, const LabelLayout &layout) const
 {
-    return u"%1 × %2 etiket · Kâğıt: %3 × %4 mm"_s.arg(layout.across, layout.down,
-                                                       layout.paperWidth, layout.paperHeight);
+    const QString text = u"%1 × %2 etiket · Kâğıt: %3 × %4 mm"_s.arg(
+        layout.across, layout.down, layout.paperWidth, layout.paperHeight);
+    return m_layouts.isReadable(name)
+               ? text
+               : text + u"\nDosyanın kodlaması yanlış; yazdırırken düzeltilmesi sorulur."_s;
 }
 
 bool PrintRun::requireLayout(const QString &name)
@@ -51,45 +72,132 @@ void PrintRun::start(const PrintRequest &request)
     });
 }
 
+/// Runs a step of the run; an error ends the run and is told, in a box and in the status line.
+template <typename Step>
+bool PrintRun::guarded(Step step)
+{
+    QString error;
+    try {
+        return step();
+    } catch (const std::exception &fault) {
+        error = QString::fromUtf8(fault.what());
+    }
+    refused(u"Yazdırılamadı: "_s + error.section(u'\n', 0, 0));
+    finish(false); // whoever hears of the end may begin the next run
+    m_program.prompt.warn(error, true);
+    return false;
+}
+
+bool PrintRun::finish(bool printed)
+{
+    m_document.reset();
+    m_pending = {};
+    m_waiting = false;
+    m_running = false;
+    Q_EMIT finished(printed);
+    return printed;
+}
+
+void PrintRun::refused(const QString &why)
+{
+    Q_EMIT statusChanged(why.endsWith(kKept) ? why : why + kKept);
+}
+
 bool PrintRun::yazzzz(const PrintRequest &request, const QString &name)
 {
     if (m_running)
         return false;
     m_running = true;
-    m_slices.start();
-    QString error;
-    bool printed = false;
-    try {
-        printed = runDocument(name, request.rows);
-    } catch (const std::exception &fault) {
-        error = QString::fromUtf8(fault.what());
-    }
-    m_document.reset();
-    m_running = false; // whoever hears of the end may begin the next run
-    Q_EMIT finished(printed);
-    if (!error.isEmpty())
-        m_program.prompt.warn(error, true);
-    return printed;
+    std::vector<PrintProblem> found;
+    const bool ready = guarded([&] {
+        if (!prepare(request, name))
+            return finish(false);
+        found = problems();
+        return true;
+    });
+    if (!ready)
+        return false;
+    m_pending.problemKey = layoutProblemKey(found);
+    const bool onlyLayout = std::all_of(found.cbegin(), found.cend(),
+                                        [](const PrintProblem &one) { return one.ofLayout; });
+    if (found.empty() || (onlyLayout && m_memory.isAccepted(name, m_pending.problemKey)))
+        return printPending();
+    m_waiting = true;
+    Q_EMIT problemsFound(found);
+    return false;
 }
 
-bool PrintRun::runDocument(const QString &name, const std::vector<LabelRow> &rows)
+void PrintRun::answer(bool print, bool remember)
 {
-    const LabelLayout chosen = m_layouts.open(name);
-    const PrintJob job = makePrintJob(chosen, rows);
-    if (job.labelCount() == 0 || !yazicitamam(chosen, name) || !confirmProblems(job))
-        return false;
+    if (!std::exchange(m_waiting, false))
+        return;
+    if (remember)
+        m_memory.accept(m_pending.layout, m_pending.problemKey);
+    if (print) {
+        printPending();
+        return;
+    }
+    refused(u"Vazgeçildi, hiçbir etiket yazdırılmadı."_s);
+    finish(false);
+}
 
-    paint(job);
-    if (m_slices.stopped()) {
-        Q_EMIT statusChanged(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
+void PrintRun::stop()
+{
+    m_slices.stop();
+    answer(false);
+}
+
+bool PrintRun::prepare(const PrintRequest &request, const QString &name)
+{
+    const bool gone = m_layouts.find(name).isEmpty();
+    if (!gone && !m_layouts.makeReadable(name)) {
+        refused(u"Yazdırılmadı: “%1” tasarımı okunamıyor."_s.arg(name));
         return false;
     }
-    m_document->finish();
-    const QString where = chosen.printer == kPdfPrinter ? u"PDF dosyası cikti klasöründe"_s
-                                                        : u"yazıcı: %1"_s.arg(chosen.printer);
-    Q_EMIT statusChanged(u"%1 etiket yazdırıldı, %2 sayfa; %3."_s.arg(
-        amount::whole(job.labelCount()), amount::whole(m_pages), where));
-    return true;
+    const LabelLayout chosen = m_layouts.open(name);
+    m_pending = {name, chosen.printer, makePrintJob(chosen, request.rows), {}};
+    readFields(m_program, boundFields(chosen), m_pending.job.rows);
+    m_pending.job.firstPlace = request.firstPlace;
+    if (m_pending.job.labelCount() == 0)
+        return false;
+    if (yazicitamam(chosen, name))
+        return true;
+    refused(gone ? u"Yazdırılmadı: “%1” tasarımının dosyası ayar klasöründe yok."_s.arg(name)
+                 : u"Yazdırılmadı: “%1” yazıcısı bu bilgisayarda yok."_s.arg(chosen.printer));
+    return false;
+}
+
+std::vector<PrintProblem> PrintRun::problems() const
+{
+    const QPagedPaintDevice &device = m_document->device();
+    const QSizeF dpi = resolution(device);
+    const QPointF reach = toMillimetres(
+        {static_cast<double>(device.width()), static_cast<double>(device.height())}, dpi);
+    return findPrintProblems(m_pending.job,
+                             {.dpi = dpi,
+                              .area = {reach.x(), reach.y()},
+                              .pictures = pictureFolder(m_program.directory()),
+                              .calibration = m_memory.calibration(m_pending.printer)});
+}
+
+bool PrintRun::printPending()
+{
+    m_slices.start();
+    return guarded([this] {
+        paint(m_pending.job);
+        if (m_slices.stopped()) {
+            refused(u"Yazdırma durduruldu, hiçbir etiket yazdırılmadı."_s);
+            return finish(false);
+        }
+        m_document->finish();
+        m_memory.setNextPlace(m_pending.layout, m_pending.job.placeAfter());
+        const QString where = m_pending.printer == kPdfPrinter
+                                  ? u"PDF dosyası cikti klasöründe"_s
+                                  : u"yazıcı: %1"_s.arg(m_pending.printer);
+        Q_EMIT statusChanged(u"%1 etiket yazdırıldı, %2 sayfa; %3."_s.arg(
+            amount::whole(m_pending.job.labelCount()), amount::whole(m_pages), where));
+        return finish(true);
+    });
 }
 
 bool PrintRun::yazicitamam(const LabelLayout &chosen, const QString &name)
@@ -108,22 +216,12 @@ bool PrintRun::yaziciseciver(const QString &device, const PrinterSetup &setup)
     return m_document != nullptr;
 }
 
-bool PrintRun::confirmProblems(const PrintJob &job)
-{
-    if (!job.grid.isCountable() &&
-        !m_program.prompt.confirm(
-            u"Ayar dosyasında sayfadaki etiket adetleri pozitif tam sayı değil; etiketler "
-            u"sayfalara bölünmeden yan yana basılır.\n\nYine de yazdırılsın mı?"_s))
-        return false;
-    const auto problems = findScanProblems(job, resolution(m_document->device()));
-    return problems.empty() || m_program.prompt.confirm(scanQuestion(job, problems));
-}
-
 void PrintRun::paint(const PrintJob &job)
 {
-    PagedCanvas canvas(m_document->device(), pictureFolder(m_program.directory()));
+    PagedCanvas canvas(m_document->device(), pictureFolder(m_program.directory()),
+                       m_memory.calibration(m_pending.printer));
     if (!canvas.begin())
-        throw PrintError(u"Yazıcı yazdırmaya başlayamadı. Etiketler listede duruyor."_s);
+        throw PrintError(u"Yazıcı yazdırmaya başlayamadı."_s + kKept);
     bool complete = false;
     const auto cancelled = qScopeGuard([&] {
         if (!complete)
@@ -131,9 +229,8 @@ void PrintRun::paint(const PrintJob &job)
     });
 
     const qint64 labels = job.labelCount();
-    Q_EMIT started(labels);
     LabelBuilder builder(job, canvas.fonts());
-    GridWalk walk(job.grid);
+    GridWalk walk(job.grid, job.firstPlace);
     m_pages = 1;
 
     qint64 label = 0;
@@ -144,8 +241,7 @@ void PrintRun::paint(const PrintJob &job)
         for (int copy = 0; copy < row.count; ++copy) {
             const GridWalk::Place place = walk.next();
             if (place.newPage && !canvas.newPage())
-                throw PrintError(
-                    u"Yazıcı %1. sayfada durdu. Etiketler listede duruyor."_s.arg(place.page));
+                throw PrintError(u"Yazıcı %1. sayfada durdu."_s.arg(place.page) + kKept);
             if (copy == 0)
                 Q_EMIT rowStarted(row.queueRow);
             m_pages = place.page;
@@ -158,5 +254,5 @@ void PrintRun::paint(const PrintJob &job)
     }
     complete = canvas.end();
     if (!complete)
-        throw PrintError(u"Yazıcı yazdırmayı bitiremedi. Etiketler listede duruyor."_s);
+        throw PrintError(u"Yazıcı yazdırmayı bitiremedi."_s + kKept);
 }

@@ -21,6 +21,18 @@ bool SheetGrid::isCountable() const
     return isCount(across) && isCount(down);
 }
 
+qint64 SheetGrid::places() const
+{
+    return isCountable() ? static_cast<qint64>(across) * static_cast<qint64>(down) : 0;
+}
+
+GridWalk::GridWalk(const SheetGrid &grid, qint64 first) : m_grid(grid)
+{
+    if (first <= grid.places())
+        for (qint64 place = 1; place < first; ++place)
+            next();
+}
+
 GridWalk::Place GridWalk::next()
 {
     const bool newPage = m_sheetFull;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 /// Where labels lie on a sheet. Millimetres, single precision, as a layout file holds them.
 struct SheetGrid
 {
@@ -14,6 +16,9 @@ struct SheetGrid
     /// labels go on to the right, or down, without a new row or sheet.
     bool isCountable() const;
 
+    /// Labels on a sheet; 0 where that cannot be counted.
+    qint64 places() const;
+
     friend bool operator==(const SheetGrid &, const SheetGrid &) = default;
 };
 
@@ -22,7 +27,9 @@ struct SheetGrid
 class GridWalk
 {
 public:
-    explicit GridWalk(const SheetGrid &grid) : m_grid(grid) {}
+    /// `first`: the place of the first sheet to begin at, from 1; a sheet that is partly used has
+    /// none before it left. Places the sheet has not are taken as the first.
+    explicit GridWalk(const SheetGrid &grid, qint64 first = 1);
 
     struct Place
     {

@@ -18,7 +18,8 @@ class NewFile
 {
 public:
     explicit NewFile(const QString &path)
-        : m_path(path), m_beside(m_path + u'.' + QUuid::createUuid().toString(QUuid::Id128))
+        : m_path(path),
+          m_beside(u"%1.%2.yeni"_s.arg(path, QUuid::createUuid().toString(QUuid::Id128)))
     {}
     ~NewFile() { QFile::remove(m_beside); }
     NewFile(const NewFile &) = delete;

@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::chrono::seconds kLimit{5};
-
 /// The file of a database; refuses names that would leave the folder.
 QString databaseFile(const QString &directory, const QString &database)
 {
@@ -37,8 +35,9 @@ bool isDateFormat(const QString &statement)
 
 } // namespace
 
-EmbeddedEngine::EmbeddedEngine(const QString &directory, const QString &database)
-    : m_file(databaseFile(directory, database), SqliteFile::Mode::mustExist, kLimit)
+EmbeddedEngine::EmbeddedEngine(const QString &directory, const QString &database,
+                               std::chrono::milliseconds limit)
+    : m_file(databaseFile(directory, database), SqliteFile::Mode::mustExist, limit)
 {
     host_values::install(m_file.handle());
 }

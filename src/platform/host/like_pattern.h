@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/host/turkish_order.h"
+#include "common/turkish_order.h"
 
 #include <optional>
 

@@ -19,7 +19,7 @@ struct Pair
 };
 
 /// Puts a value between braces when it would end or change the string without them. FreeTDS before
-/// 1.4 does not read a doubled brace as one, and needs no braces around one either.
+/// 1.4 does not read a doubled brace as one: there a value ends at the first "};".
 QString quoted(QString value, const QString &driver)
 {
     const QString special = needsPort(driver) ? u";"_s : u";{}[]()=,?*!@"_s;
@@ -28,7 +28,9 @@ QString quoted(QString value, const QString &driver)
         std::none_of(value.begin(), value.end(), [&](QChar c) { return special.contains(c); });
     if (plain)
         return value;
-    return u'{' + value.replace(u'}', u"}}"_s) + u'}';
+    if (!needsPort(driver))
+        value.replace(u'}', u"}}"_s);
+    return u'{' + value + u'}';
 }
 
 /// "host", "host\instance" or "host,port", as Microsoft's drivers write it. A port says it all.

@@ -1,10 +1,12 @@
 #include "platform/host/odbc_engine.h"
 
-#include "platform/host/bounded_calls.h"
 #include "platform/host/engine_errors.h"
 #include "platform/host/odbc_driver.h"
 #include "platform/host/odbc_session.h"
 #include "platform/host/sql_browser.h"
+#include "platform/host/statement_batch.h"
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -22,9 +24,9 @@ QString driverName(const OdbcOverride &override)
         return override.driver;
     QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
     if (driver.isEmpty())
-        throw engineError(HostError::kConnectionLost,
-                          u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
-                          HostError::Cause::noDriver);
+        throw HostError(HostError::kConnectionLost,
+                        u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
+                        HostError::Cause::noDriver);
     return driver;
 }
 
@@ -84,24 +86,65 @@ QString OdbcEngine::driver() const
 
 RecordSet OdbcEngine::execute(const QString &statement)
 {
+    const auto rows = std::make_shared<RecordSet>();
+    const bool answered = inSession(statement, [=](OdbcSession &session, BoundedCalls::Life &life) {
+        *rows = session.execute(statement, life);
+    });
+    if (!answered)
+        throw silent(statement);
+    return std::move(*rows);
+}
+
+void OdbcEngine::executeAll(const QStringList &statements, std::vector<RecordSet> &answers)
+{
+    const auto batch = m_takesBatches ? statementBatch(statements) : std::nullopt;
+    if (!batch) {
+        HostConnection::executeAll(statements, answers);
+        return;
+    }
+    const auto results = std::make_shared<std::vector<RecordSet>>();
+    bool answered = false;
+    try {
+        answered = inSession(*batch, [=](OdbcSession &session, BoundedCalls::Life &life) {
+            session.executeBatch(*batch, *results, life);
+        });
+    } catch (const HostError &error) {
+        std::move(results->begin(), results->end(), std::back_inserter(answers));
+        // Whoever has waited for a silent server shall not wait for it again.
+        if (error.connectionLost())
+            throw;
+        // Alone, the failing statement says what is wrong with it; or it was the batch that was.
+        HostConnection::executeAll(statements.mid(static_cast<qsizetype>(results->size())),
+                                   answers);
+        m_takesBatches = !results->empty();
+        return;
+    }
+    if (!answered)
+        throw silent(*batch);
+    m_takesBatches = results->size() == static_cast<std::size_t>(statements.size());
+    if (m_takesBatches)
+        std::move(results->begin(), results->end(), std::back_inserter(answers));
+    else // a driver that answers the first of them only
+        HostConnection::executeAll(statements, answers);
+}
+
+bool OdbcEngine::inSession(const QString &statement, const Work &work)
+{
     if (!m_session)
         throw engineError(HostError::kConnectionLost, u"Bağlantı kapalı."_s, statement);
     if (statement.contains(QChar(u'\0')))
         throw engineError(HostError::kStatement, u"Sorguda geçersiz karakter var."_s, statement);
-    const auto rows = std::make_shared<RecordSet>();
     try {
         const bool finished =
-            m_calls->run(m_patience, [=, session = m_session](BoundedCalls::Life &life) {
-                *rows = session->execute(statement, life);
+            m_calls->run(m_patience, [work, session = m_session](BoundedCalls::Life &life) {
+                work(*session, life);
             });
-        if (!finished) {
+        if (!finished)
             leaveSession();
-            throw silent(statement);
-        }
+        return finished;
     } catch (const HostError &) {
         if (m_session && m_session->lost())
             leaveSession();
         throw;
     }
-    return std::move(*rows);
 }

@@ -2,11 +2,12 @@
 
 #include "common/connection_string.h"
 #include "common/host_connection.h"
+#include "platform/host/bounded_calls.h"
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
-class BoundedCalls;
 class OdbcSession;
 
 /// What the shop says in `baglanti.zev` about its ODBC driver; both may be empty.
@@ -35,11 +36,19 @@ public:
     int state() const override;
     QString driver() const override;
     RecordSet execute(const QString &statement) override;
+    /// In one round trip, where the statements and the driver allow it.
+    void executeAll(const QStringList &statements, std::vector<RecordSet> &answers) override;
 
 private:
+    using Work = std::function<void(OdbcSession &session, BoundedCalls::Life &life)>;
+
+    /// Runs `work` in the session. False when the server fell silent: then it goes on alone and
+    /// what it touches must not be read. `statement`: what is told in an error before it starts.
+    bool inSession(const QString &statement, const Work &work);
     void leaveSession();
 
     std::shared_ptr<BoundedCalls> m_calls;
     std::chrono::milliseconds m_patience;
     std::shared_ptr<OdbcSession> m_session; ///< null once the connection is lost
+    bool m_takesBatches = true;             ///< the driver answers every statement of a batch
 };

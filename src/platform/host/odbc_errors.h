@@ -16,7 +16,10 @@ struct OdbcMessage
 /// lost or timed out, rule of a table violated, statement refused.
 int odbcErrorNumber(const std::vector<OdbcMessage> &messages);
 
-/// Why it failed, as far as the server's or driver's own number and words tell.
+/// What is behind the messages, in Turkish words for the user; "" when that is not known.
+QString odbcReason(const std::vector<OdbcMessage> &messages);
+
+/// The same for the program, as far as it makes a difference there.
 HostError::Cause odbcCause(const std::vector<OdbcMessage> &messages);
 
 /// True when one of the messages says that time ran out: the connection may still be alive then.

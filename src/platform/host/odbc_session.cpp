@@ -56,10 +56,14 @@ QString joined(const std::vector<OdbcMessage> &messages)
     return lines.isEmpty() ? u"ODBC"_s : lines.join(u'\n');
 }
 
-[[noreturn]] void throwMessages(int number, const std::vector<OdbcMessage> &messages,
-                                const QString &statement = {})
+/// Says in Turkish why it failed, with the driver's own words beneath.
+HostError driverError(int number, const std::vector<OdbcMessage> &messages,
+                      const QString &statement = {})
 {
-    throw engineError(number, joined(messages), statement, odbcCause(messages));
+    const QString reason = odbcReason(messages);
+    if (reason.isEmpty() || number == HostError::kDuplicate)
+        return engineError(number, joined(messages), statement);
+    return {number, reason + u'\n' + joined(messages), statement, odbcCause(messages)};
 }
 
 /// Reads one field of the row a statement stands on.
@@ -211,7 +215,8 @@ OdbcSession::OdbcSession(const QString &driverConnectionString)
                           static_cast<SQLSMALLINT>(driverConnectionString.size()), nullptr, 0,
                           nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(code))
-        throwMessages(HostError::kConnectionLost, messagesOf(SQL_HANDLE_DBC, m_connection.get()));
+        throw driverError(HostError::kConnectionLost,
+                          messagesOf(SQL_HANDLE_DBC, m_connection.get()));
 }
 
 OdbcSession::~OdbcSession()
@@ -221,21 +226,36 @@ OdbcSession::~OdbcSession()
 
 RecordSet OdbcSession::execute(const QString &statement, BoundedCalls::Life &life)
 {
+    RecordSet result;
+    run(statement, life, [&](RecordSet rows) {
+        if (result.columns().isEmpty())
+            result = std::move(rows);
+    });
+    return result;
+}
+
+void OdbcSession::executeBatch(const QString &batch, std::vector<RecordSet> &answers,
+                               BoundedCalls::Life &life)
+{
+    run(batch, life, [&](RecordSet rows) { answers.push_back(std::move(rows)); });
+}
+
+void OdbcSession::run(const QString &statement, BoundedCalls::Life &life,
+                      const std::function<void(RecordSet)> &take)
+{
     const Handle handle(SQL_HANDLE_STMT, m_connection.get());
     SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(kTimeOut), SQL_IS_UINTEGER);
     SQLRETURN code =
         SQLExecDirectW(handle.get(), wide(statement), static_cast<SQLINTEGER>(statement.size()));
-    RecordSet result;
     if (code == SQL_NO_DATA) // an update that found no row
         code = SQL_SUCCESS;
     for (; code != SQL_NO_DATA; code = SQLMoreResults(handle.get())) {
         check(code, handle, statement);
         life.show();
         RecordSet rows = readRows(handle, statement, life);
-        if (result.columns().isEmpty())
-            result = std::move(rows);
+        if (!rows.columns().isEmpty())
+            take(std::move(rows));
     }
-    return result;
 }
 
 /// The rows of the result the statement stands on; empty when it is none.
@@ -280,7 +300,7 @@ void OdbcSession::check(SQLRETURN code, const Handle &handle, const QString &sta
     // A slow statement that the server has called off leaves the connection as good as before.
     if (number == HostError::kConnectionLost && (dead.value_or(true) || !odbcTimedOut(messages)))
         m_lost = true;
-    throwMessages(number, messages, statement);
+    throw driverError(number, messages, statement);
 }
 
 QString OdbcSession::driver() const

@@ -5,7 +5,9 @@
 #include "platform/host/odbc_api.h"
 
 #include <atomic>
+#include <functional>
 #include <optional>
+#include <vector>
 
 /// One connection through the ODBC interface. Calls may take as long as the driver likes: whoever
 /// waits for them does so through BoundedCalls.
@@ -21,6 +23,11 @@ public:
     /// Runs a statement and reads every result to its end; gives the rows of the first result that
     /// has any columns. Throws HostError.
     RecordSet execute(const QString &statement, BoundedCalls::Life &life);
+
+    /// Runs a batch of statements in one round trip and appends the rows of every result that has
+    /// columns. Throws HostError; the results before the failure have been appended then.
+    void executeBatch(const QString &batch, std::vector<RecordSet> &answers,
+                      BoundedCalls::Life &life);
 
     /// File and version of the driver in use.
     QString driver() const;
@@ -56,6 +63,9 @@ private:
         Environment();
     };
 
+    /// `take` gets the rows of every result that has columns.
+    void run(const QString &statement, BoundedCalls::Life &life,
+             const std::function<void(RecordSet)> &take);
     RecordSet readRows(const Handle &handle, const QString &statement, BoundedCalls::Life &life);
     void check(SQLRETURN code, const Handle &handle, const QString &statement);
     /// What the driver knows of the connection; nothing when it cannot say.

@@ -3,8 +3,6 @@
 #include "platform/host/engine_errors.h"
 #include "platform/host/host_values.h"
 
-#include <QDateTime>
-
 #include <sqlite3.h>
 #include <thread>
 
@@ -105,6 +103,33 @@ int errorNumber(int code)
     }
 }
 
+HostError::Cause causeOf(int code)
+{
+    switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        return HostError::Cause::damaged;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_CANTOPEN:
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+        return HostError::Cause::file;
+    default:
+        return HostError::Cause::unknown;
+    }
+}
+
+bool diskFull(int code, sqlite3 *database)
+{
+    constexpr int noSpace = 28;      // of Unix
+    constexpr int windowsFull = 112; // of Windows
+    const int system = sqlite3_system_errno(database);
+    return (code & 0xFF) == SQLITE_FULL || system == noSpace || system == windowsFull;
+}
+
 QString codeText(int code, sqlite3 *database)
 {
     switch (code & 0xFF) {
@@ -119,7 +144,12 @@ QString codeText(int code, sqlite3 *database)
     case SQLITE_CANTOPEN:
         return u"Veritabanı dosyası açılamıyor."_s;
     case SQLITE_FULL:
-        return u"Disk dolu."_s;
+    case SQLITE_IOERR:
+        return diskFull(code, database)
+                   ? u"Disk dolu."_s
+                   : u"Diskten okunamadı ya da diske yazılamadı; disk arızalı ya da yerinden "
+                     "çıkmış olabilir."_s;
+    case SQLITE_PERM:
     case SQLITE_READONLY:
         return u"Veritabanı dosyasına yazılamıyor."_s;
     default:
@@ -141,7 +171,7 @@ SqliteFile::SqliteFile(const QString &path, Mode mode, std::chrono::milliseconds
         openFile(path, mode);
     } catch (const HostError &error) {
         sqlite3_close_v2(m_database);
-        throw HostError(HostError::kConnectionLost, error.text() + u"\n"_s + path);
+        throw HostError(HostError::kConnectionLost, error.text() + u'\n' + path, {}, error.cause());
     }
 }
 
@@ -229,5 +259,9 @@ std::vector<SqliteFile::Statement> SqliteFile::prepare(const QString &statement)
 
 void SqliteFile::fail(int code, const QString &statement)
 {
-    throw engineError(errorNumber(code), codeText(code, m_database), statement);
+    const QString text = codeText(code, m_database);
+    const HostError::Cause cause = causeOf(code);
+    if (cause == HostError::Cause::unknown)
+        throw engineError(errorNumber(code), text, statement);
+    throw HostError(errorNumber(code), text, statement, cause);
 }

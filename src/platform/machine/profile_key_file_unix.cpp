@@ -1,14 +1,13 @@
 #include "common/ini_text.h"
 #include "common/turkish.h"
+#include "common/whole_file.h"
 #include "platform/machine/profile_key_file.h"
-#include "platform/machine/whole_file.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
-#include <optional>
 #include <sys/stat.h>
 
 namespace {

@@ -1,7 +1,7 @@
 #include "common/ini_text.h"
 #include "common/turkish.h"
+#include "common/whole_file.h"
 #include "platform/machine/profile_key_file.h"
-#include "platform/machine/whole_file.h"
 
 #include <QDir>
 #include <QFileInfo>

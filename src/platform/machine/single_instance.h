@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <functional>
 #include <memory>
 
 QT_BEGIN_NAMESPACE
@@ -18,6 +19,13 @@ public:
 
     /// False when another copy runs. A copy that crashed does not count.
     bool first() const { return m_first; }
+
+    /// Calls `shown` on this thread whenever a further copy has been started and has ended at once.
+    /// Needs the application object.
+    void onFurtherStart(std::function<void()> shown);
+
+    /// For a copy that is not the first: tells the first one.
+    void tellFirst();
 
     /// Lets the next copy start before this one has ended.
     void release();

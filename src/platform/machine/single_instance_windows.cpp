@@ -1,6 +1,7 @@
 #include "platform/machine/single_instance.h"
 
 #include <QString>
+#include <QWinEventNotifier>
 #include <qt_windows.h>
 
 using namespace Qt::StringLiterals;
@@ -10,10 +11,15 @@ struct SingleInstance::Lock
 {
     explicit Lock(const QString &name)
         : mutex(CreateMutexW(nullptr, FALSE, (u"Global\\"_s + name).toStdWString().c_str())),
-          error(GetLastError())
+          error(GetLastError()),
+          furtherStart(CreateEventW(nullptr, FALSE, FALSE,
+                                    (u"Local\\"_s + name + u"-goster"_s).toStdWString().c_str()))
     {}
     ~Lock()
     {
+        heard.reset();
+        if (furtherStart)
+            CloseHandle(furtherStart);
         if (mutex)
             CloseHandle(mutex);
     }
@@ -22,6 +28,8 @@ struct SingleInstance::Lock
 
     HANDLE mutex;
     DWORD error;
+    HANDLE furtherStart; ///< set by every further copy of the same user
+    std::unique_ptr<QWinEventNotifier> heard;
 };
 
 SingleInstance::SingleInstance(const QString &name)
@@ -31,6 +39,23 @@ SingleInstance::SingleInstance(const QString &name)
 {}
 
 SingleInstance::~SingleInstance() = default;
+
+void SingleInstance::onFurtherStart(std::function<void()> shown)
+{
+    if (!m_lock->furtherStart)
+        return;
+    m_lock->heard = std::make_unique<QWinEventNotifier>(m_lock->furtherStart);
+    QObject::connect(m_lock->heard.get(), &QWinEventNotifier::activated, m_lock->heard.get(),
+                     [shown = std::move(shown)] { shown(); });
+}
+
+void SingleInstance::tellFirst()
+{
+    // Without it Windows would only let the first copy's button blink.
+    AllowSetForegroundWindow(ASFW_ANY);
+    if (m_lock->furtherStart)
+        SetEvent(m_lock->furtherStart);
+}
 
 void SingleInstance::release()
 {

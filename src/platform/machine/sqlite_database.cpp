@@ -2,6 +2,9 @@
 
 #include "common/host_error.h"
 #include "platform/host/sqlite_file.h"
+#include "platform/machine/private_file.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -11,8 +14,12 @@ SqliteDatabase::~SqliteDatabase() = default;
 void SqliteDatabase::open(const QString &path)
 {
     m_file.reset();
+    if (!QFile::exists(path))
+        makePrivate(path);
     m_file = std::make_unique<SqliteFile>(path, SqliteFile::Mode::createWhenMissing,
                                           std::chrono::seconds(2));
+    if (keepsPrivateJournal(path))
+        m_file->execute(u"PRAGMA journal_mode=TRUNCATE"_s);
 }
 
 RecordSet SqliteDatabase::execute(const QString &statement)

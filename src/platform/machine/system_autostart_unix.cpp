@@ -1,5 +1,5 @@
+#include "common/whole_file.h"
 #include "platform/machine/system_autostart.h"
-#include "platform/machine/whole_file.h"
 
 #include <QCoreApplication>
 #include <QDir>

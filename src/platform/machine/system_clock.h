@@ -5,5 +5,5 @@
 class SystemClock final : public Clock
 {
 public:
-    QDateTime now() const override;
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
 };

@@ -1,7 +1,7 @@
 #include "sales/forms/receipt_preview.h"
 
+#include "paper/command_painter.h"
 #include "paper/millimetres.h"
-#include "sales/receipt_painter.h"
 
 #include <QPainter>
 
@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kMargin = 16;      ///< pixels around the paper
 constexpr double kLargest = 6.0; ///< pixels in a millimetre
+constexpr double kDpi = 600;     ///< texts are fitted as on a printer of this resolution
 
 } // namespace
 
@@ -40,5 +41,8 @@ void ReceiptPreview::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.translate(left, kMargin);
     painter.fillRect(QRectF(0, 0, m_page.width * scale, m_page.length * scale), Qt::white);
-    paintReceipt(painter, m_page, QSizeF(scale * kMmPerInch, scale * kMmPerInch));
+    const DeviceFonts fonts({kDpi, kDpi});
+    PictureStore pictures({});
+    painter.scale(scale * kMmPerInch / kDpi, scale * kMmPerInch / kDpi);
+    CommandPainter(painter, fonts, pictures).paint(receiptCommands(m_page, fonts));
 }

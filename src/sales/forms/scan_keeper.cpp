@@ -99,7 +99,10 @@ bool ScanKeeper::keepsOfBox(const QKeyEvent &event) const
 
 void ScanKeeper::deliver()
 {
-    // A box of the same work that opens next brings the keys out when it closes.
-    if (!m_keys.empty() && !m_atWork())
-        Q_EMIT kept(std::exchange(m_keys, {}));
+    if (m_atWork())
+        return; // a box of the same work that opens next brings the keys out when it closes
+    const std::vector<HeldKey> keys = std::exchange(m_keys, {});
+    // Behind the question whether to close, the answer counts: a closed till takes nothing.
+    if (!keys.empty() && m_window.isVisible())
+        Q_EMIT kept(keys);
 }

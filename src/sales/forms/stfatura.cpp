@@ -195,14 +195,14 @@ void stfatura::focusCash()
 
 void stfatura::showSettings()
 {
-    const SaleSettings &settings = m_session.settings();
+    const Settings &settings = m_session.settings();
     const ListLook look = listLook(settings);
     for (SalePage *each : m_pages)
         each->setLook(look);
-    m_ui->title->setText(settings.title);
+    m_ui->title->setText(settings.liste.title);
     m_ui->statusbar->showSettings(settings);
-    setWindowState(windowState().setFlag(Qt::WindowFullScreen, settings.fullScreen()));
-    m_ui->closeButton->setVisible(settings.fullScreen()); // there is no title bar then
+    setWindowState(windowState().setFlag(Qt::WindowFullScreen, settings.liste.tmekran));
+    m_ui->closeButton->setVisible(settings.liste.tmekran); // there is no title bar then
 }
 
 void stfatura::showMode()

@@ -103,18 +103,21 @@ void showReport(TillSession &session, const PostingReport &report, QWidget *till
 
 void enterKept(TillSession &session, QLineEdit &entry, const std::vector<HeldKey> &keys)
 {
+    const QPointer<QLineEdit> there(&entry); // a box may outlive the till
     const auto refused = [&] {
-        return !entry.text().isEmpty() && entry.text() == session.refusedCode();
+        return there && !there->text().isEmpty() && there->text() == session.refusedCode();
     };
     if (refused())
-        session.enterCode(entry.text());
+        session.enterCode(QString(session.refusedCode()));
     std::vector<HeldKey> left;
     bool lost = refused();
     for (const HeldKey &held : keys) {
+        if (!there || !there->window()->isVisible())
+            return;
         if (lost || !mayComeLate(held))
             left.push_back(held);
         else
-            press(*entry.window(), held);
+            press(*there->window(), held);
         lost |= refused();
     }
     QStringList names = named(left);

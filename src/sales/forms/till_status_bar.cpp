@@ -24,11 +24,11 @@ QLabel *TillStatusBar::addPanel(const QString &name, const QString &caption, int
     return panel;
 }
 
-void TillStatusBar::showSettings(const SaleSettings &settings)
+void TillStatusBar::showSettings(const Settings &settings)
 {
-    m_code->setText(settings.carikod);
-    m_name->setText(settings.cari);
-    m_printer->setText(settings.yazici1);
+    m_code->setText(settings.stok.carikod);
+    m_name->setText(settings.stok.cari);
+    m_printer->setText(settings.yazici.yazici1);
 }
 
 void TillStatusBar::showCashier(const Cashier &cashier)

@@ -3,7 +3,7 @@
 #include <QStatusBar>
 
 struct Cashier;
-struct SaleSettings;
+struct Settings;
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -18,7 +18,7 @@ class TillStatusBar final : public QStatusBar
 public:
     explicit TillStatusBar(QWidget *parent = nullptr);
 
-    void showSettings(const SaleSettings &settings);
+    void showSettings(const Settings &settings);
 
     /// The panel's text is the name, its property `tag` the code.
     void showCashier(const Cashier &cashier);

@@ -35,7 +35,10 @@ void baglan::showState()
         state = u"%1 sunucusundaki veritabanına ulaşılamıyor.\n"
                 "Sunucu açıksa yeniden bağlanın; adresi değiştiyse ayarlardan düzeltin."_s;
     state = state.arg(m_link.server().server);
-    if (!m_link.failure().isEmpty())
+    if (m_link.server().server.isEmpty())
+        state =
+            u"Sunucu adı boş: hangi sunucuya bağlanılacağını ayarlarda, Sunucu sayfasına yazın."_s;
+    else if (!m_link.failure().isEmpty())
         state += u"\n\n"_s + m_link.failure();
     m_ui->durum->setText(state);
 }

@@ -1,6 +1,7 @@
 #include "shell/forms/parametre.h"
 
 #include "common/amount.h"
+#include "common/settings_database.h"
 #include "common/windows_colour.h"
 #include "shell/diagnosis_finding.h"
 #include "shell/settings_session.h"
@@ -27,25 +28,65 @@ int shownColour(const QLabel *box)
     return colourNumber(box->palette().color(QPalette::Window));
 }
 
-/// Shows a stored name also when the list does not hold it (the host may be away).
+/// Shows a stored name also when the list does not hold it (the host may be away, a font be left
+/// out).
 void select(QComboBox *list, const QString &name, int index)
 {
     list->setCurrentIndex(index);
     list->setPlaceholderText(name);
+    if (index < 0 && list->isEditable())
+        list->setEditText(name);
 }
 
 QString shownName(const QComboBox *list)
 {
-    return list->currentIndex() < 0 ? list->placeholderText() : list->currentText();
+    return list->currentIndex() < 0 && !list->isEditable() ? list->placeholderText()
+                                                           : list->currentText();
 }
 
 void refill(QComboBox *list, const QStringList &entries)
 {
-    const QString current = list->currentText();
+    const QString current = shownName(list);
     const QSignalBlocker quiet(list);
     list->clear();
     list->addItems(entries);
-    list->setCurrentIndex(static_cast<int>(entries.indexOf(current)));
+    select(list, current, static_cast<int>(entries.indexOf(current)));
+}
+
+/// Which setting a control shows; written at the control, in the form's file.
+QString settingOf(const QWidget *control)
+{
+    return control->property("ayar").toString();
+}
+
+void showSetting(QWidget *control, const SettingPlace &place)
+{
+    const QString text = storedText(place);
+    if (auto *password = qobject_cast<PasswordEdit *>(control))
+        password->setStored(text);
+    else if (auto *edit = qobject_cast<QLineEdit *>(control))
+        edit->setText(text);
+    else if (auto *box = qobject_cast<QCheckBox *>(control))
+        box->setChecked(text.toInt() == 1);
+    else if (auto *colour = qobject_cast<QLabel *>(control))
+        showColour(colour, text.toInt());
+    else if (auto *list = qobject_cast<QComboBox *>(control))
+        select(list, text,
+               std::holds_alternative<int *>(place) ? text.toInt() : list->findText(text));
+}
+
+void takeSetting(const QWidget *control, const SettingPlace &place)
+{
+    if (const auto *edit = qobject_cast<const QLineEdit *>(control))
+        takeStored(place, edit->text());
+    else if (const auto *box = qobject_cast<const QCheckBox *>(control))
+        takeStored(place, box->isChecked() ? u"1"_s : u"0"_s);
+    else if (const auto *colour = qobject_cast<const QLabel *>(control))
+        takeStored(place, QString::number(shownColour(colour)));
+    else if (const auto *list = qobject_cast<const QComboBox *>(control))
+        takeStored(place, std::holds_alternative<int *>(place)
+                              ? QString::number(list->currentIndex())
+                              : shownName(list));
 }
 
 } // namespace
@@ -69,7 +110,8 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     connect(m_ui->button2, &QPushButton::clicked, this, &parametre::reject);
     connect(m_ui->Check1, &QCheckBox::toggled, m_ui->instance, &QWidget::setEnabled);
     connect(m_ui->Check2, &QCheckBox::toggled, this, &parametre::yaziyukle);
-    connect(m_ui->goster, &QCheckBox::toggled, this, &parametre::showPasswords);
+    for (PasswordEdit *password : {m_ui->lgpass, m_ui->pass})
+        connect(m_ui->goster, &QCheckBox::toggled, password, &PasswordEdit::setReadable);
     connectColour(m_ui->button3, m_ui->renkl);
     connectColour(m_ui->button4, m_ui->yzrnk);
     connectColour(m_ui->button5, m_ui->renkl1);
@@ -82,8 +124,9 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
         connect(list, &QComboBox::currentIndexChanged, this, &parametre::warn);
     connect(m_ui->button6, &QPushButton::clicked, this, &parametre::receiptLayoutWanted);
     connect(m_ui->diagnose, &QPushButton::clicked, this, [this] {
-        const ParameterValues v = entered();
-        Q_EMIT diagnosisWanted({v.srvadi, v.kladi, v.pass, v.mastersql, v.sqladi});
+        const Settings v = entered();
+        Q_EMIT diagnosisWanted(
+            {v.server.server, v.server.kuladi, v.server.sifre, v.server.msql, v.server.sql});
     });
     warn();
     m_ui->srvadi->setFocus(); // else the row of tabs would take the first letters
@@ -123,77 +166,44 @@ void parametre::fillCodeLists()
     m_ui->ftfistip->addItems(lists.invoiceTypes.names);
 }
 
-void parametre::display(const ParameterValues &v)
+QWidgetList parametre::settingControls() const
 {
-    m_ui->kdv->setText(v.kdv);
-    m_ui->uses1->setChecked(v.uses1);
-    m_ui->uses2->setChecked(v.uses2);
-    select(m_ui->yazici, v.yazici, m_ui->yazici->findText(v.yazici));
-    m_ui->fisyazdir->setChecked(v.fisyazdir);
-    m_ui->lgpass->setText(v.lgpass);
-    m_ui->kladi->setText(v.kladi);
-    m_ui->pass->setText(v.pass);
-    m_ui->srvadi->setText(v.srvadi);
-    m_ui->sqladi->setText(v.sqladi);
-    m_ui->mastersql->setText(v.mastersql);
-    m_ui->instance->setText(v.instance);
-    m_ui->Check1->setChecked(v.Check1);
-    m_ui->instance->setEnabled(v.Check1);
-    m_ui->c1->setChecked(v.c1);
-    m_ui->c2->setChecked(v.c2);
-    m_ui->c3->setChecked(v.c3);
-    showColour(m_ui->yzrnk, v.yzrnk);
-    showColour(m_ui->renkl, v.renkl);
-    showColour(m_ui->renkl1, v.renkl1);
-    m_ui->bsl->setText(v.bsl);
-    m_ui->stl->setCurrentIndex(v.stl);
-    select(m_ui->fnt, v.fnt, m_ui->fnt->findText(v.fnt));
-    m_ui->sz->setEditText(v.sz);
-    m_ui->pers->setChecked(v.pers);
-    select(m_ui->br1fyt, v.br1fyt, v.br1fytIndex);
-    select(m_ui->br2fyt, v.br2fyt, v.br2fytIndex);
-    const std::pair<QComboBox *, const QString &> shownOnly[] = {{m_ui->dep, v.dep},
-                                                                 {m_ui->fytp, v.fytp},
-                                                                 {m_ui->cr, v.cr},
-                                                                 {m_ui->stkfistip, v.stkfistip},
-                                                                 {m_ui->crfistip, v.crfistip},
-                                                                 {m_ui->ftfistip, v.ftfistip}};
-    for (const auto &[list, name] : shownOnly)
-        select(list, name, list->findText(name));
+    QWidgetList controls = findChildren<QWidget *>();
+    controls.removeIf([](const QWidget *control) { return settingOf(control).isEmpty(); });
+    return controls;
 }
 
-ParameterValues parametre::entered() const
+void parametre::display(const Settings &shown)
 {
-    ParameterValues v = m_session.values();
-    v.kdv = m_ui->kdv->text();
-    v.uses1 = m_ui->uses1->isChecked();
-    v.uses2 = m_ui->uses2->isChecked();
-    v.yazici = shownName(m_ui->yazici);
-    v.fisyazdir = m_ui->fisyazdir->isChecked();
-    v.lgpass = m_ui->lgpass->text();
-    v.kladi = m_ui->kladi->text();
-    v.pass = m_ui->pass->text();
-    v.srvadi = m_ui->srvadi->text();
-    v.sqladi = m_ui->sqladi->text();
-    v.mastersql = m_ui->mastersql->text();
-    v.instance = m_ui->instance->text();
-    v.Check1 = m_ui->Check1->isChecked();
-    v.br1fyt = shownName(m_ui->br1fyt);
-    v.br2fyt = shownName(m_ui->br2fyt);
-    v.br1fytIndex = m_ui->br1fyt->currentIndex();
-    v.br2fytIndex = m_ui->br2fyt->currentIndex();
-    v.c1 = m_ui->c1->isChecked();
-    v.c2 = m_ui->c2->isChecked();
-    v.c3 = m_ui->c3->isChecked();
-    v.yzrnk = shownColour(m_ui->yzrnk);
-    v.renkl = shownColour(m_ui->renkl);
-    v.renkl1 = shownColour(m_ui->renkl1);
-    v.bsl = m_ui->bsl->text();
-    v.stl = m_ui->stl->currentIndex();
-    v.fnt = shownName(m_ui->fnt);
-    v.sz = m_ui->sz->currentText();
-    v.pers = m_ui->pers->isChecked();
-    return v;
+    Settings values = shown;
+    for (QWidget *control : settingControls())
+        showSetting(control, settings::placeOf(values, settingOf(control)));
+    m_ui->instance->setEnabled(values.instan.inskullan);
+    showColour(m_ui->renkl, values.liste.listrenk.row);
+    showColour(m_ui->renkl1, values.liste.listrenk.alternate);
+    const Settings::Stok &stok = values.stok;
+    const CodeList &prices = m_session.lists().priceTypes;
+    select(m_ui->br1fyt, stok.br1fytadi, prices.find(stok.br1fytadi, stok.br1fyt));
+    select(m_ui->br2fyt, stok.br2fytadi, prices.find(stok.br2fytadi, stok.br2fyt));
+}
+
+Settings parametre::entered() const
+{
+    Settings values = m_session.values();
+    for (const QWidget *control : settingControls())
+        takeSetting(control, settings::placeOf(values, settingOf(control)));
+    values.liste.listrenk = {shownColour(m_ui->renkl), shownColour(m_ui->renkl1)};
+    Settings::Stok &stok = values.stok;
+    // With no price type chosen there is no code to take; the stored one stays, so that saving a
+    // corrected server name while the host is away does not lose the shop's prices.
+    const auto takePrice = [this](const QComboBox *list, QString &name, QString &code) {
+        name = shownName(list);
+        if (list->currentIndex() >= 0)
+            code = m_session.lists().priceTypes.code(list->currentIndex());
+    };
+    takePrice(m_ui->br1fyt, stok.br1fytadi, stok.br1fyt);
+    takePrice(m_ui->br2fyt, stok.br2fytadi, stok.br2fyt);
+    return values;
 }
 
 void parametre::serverkaydet()
@@ -202,7 +212,13 @@ void parametre::serverkaydet()
     warn();
     if (!m_obstacle.isEmpty())
         return; // nothing could be saved: what was typed stays on screen
-    m_session.serverkaydet(entered());
+    Settings values = entered();
+    if (!m_session.settlePassword(values)) {
+        m_ui->tabs->setCurrentWidget(m_ui->tabServer);
+        m_ui->lgpass->setFocus();
+        return;
+    }
+    m_session.serverkaydet(values);
     accept();
 }
 
@@ -234,13 +250,6 @@ void parametre::connectColour(QPushButton *button, QLabel *box)
         if (chosen.isValid())
             showColour(box, colourNumber(chosen));
     });
-}
-
-void parametre::showPasswords(bool visible)
-{
-    const auto mode = visible ? QLineEdit::Normal : QLineEdit::Password;
-    m_ui->lgpass->setEchoMode(mode);
-    m_ui->pass->setEchoMode(mode);
 }
 
 /// Saving reports nothing, so what would be lost is said while it is typed.

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QDialog>
+#include <QWidgetList>
 
 #include <memory>
 
 class SettingsSession;
 struct DiagnosisTarget;
-struct ParameterValues;
+struct Settings;
 QT_BEGIN_NAMESPACE
 class QComboBox;
 class QLabel;
@@ -34,12 +35,12 @@ private:
     void yaziyukle();
     void yazyukle();
     void fillCodeLists();
-    void display(const ParameterValues &values);
-    ParameterValues entered() const;
+    QWidgetList settingControls() const;
+    void display(const Settings &values);
+    Settings entered() const;
     void serverkaydet();
     void connectSample(QComboBox *family, QComboBox *size, QLabel *sample, const QString &points);
     void connectColour(QPushButton *button, QLabel *box);
-    void showPasswords(bool visible);
     void warn();
 
     std::unique_ptr<Ui::parametre> m_ui;

@@ -52,6 +52,13 @@ QMenu *strt::men() const
     return m_ui->men;
 }
 
+void strt::tellWhereItIs()
+{
+    sys1.showMessage(u"Tezgâh"_s,
+                     u"Program saatin yanında çalışmayı sürdürüyor. Menüsü simgesine tıklayınca "
+                     "açılır; kapatmak için menüden Çıkış'ı seçin."_s);
+}
+
 void strt::kpt()
 {
     Q_EMIT unloaded();

@@ -33,6 +33,9 @@ public:
     /// The main menu, also for desktops without a tray.
     QMenu *men() const;
 
+    /// Says beside the clock that the program goes on there.
+    void tellWhereItIs();
+
     /// Unloads the start form: the program ends.
     void kpt();
 

@@ -1,6 +1,7 @@
 #include "fakes/invoice_shop.h"
 #include "fakes/label_shop.h"
 #include "labels/desk/price_change_request.h"
+#include "labels/desk/typed_moment.h"
 #include "support/print_qt.h"
 
 #include <QAbstractItemModelTester>
@@ -150,11 +151,11 @@ TEST(LabelsFor, QuantitiesBecomeCountsOfWholeLabels)
 TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
 {
     LabelShop shop;
-    shop.desk.listele();
+    shop.desk.loader().listele();
     shop.host.statements.clear();
     shop.answer(u"select * from STKKART where STKKOD='S3'"_s,
                 LabelShop::cards({{u"S3"_s, u"Çay 500 g"_s, u"ADET"_s, QVariant()}}));
-    shop.desk.listLines(
+    shop.desk.loader().listLines(
         {{u"S1"_s, u"3"_s}, {u"S3"_s, u"2,5"_s}, {u"S1"_s, u"4"_s}, {u"YOK"_s, u"1"_s}});
 
     EXPECT_EQ(shop.stocks(), QStringList({u"112|S1|Süt 1 L|ADET (BIRIM1)|10,00|3|1"_s,
@@ -169,13 +170,38 @@ TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
                            u"select * from STKKART where STKKOD='S3'"_s}));
     EXPECT_EQ(shop.host.statements.size(), 10);
 
-    shop.desk.setUnits(UnitChoice::both);
-    shop.desk.fatekle(u"S1"_s, u"6"_s);
+    shop.desk.loader().setUnits(UnitChoice::both);
+    shop.desk.loader().fatekle(u"S1"_s, u"6"_s);
     ASSERT_EQ(shop.desk.stocks().size(), 5);
-    EXPECT_EQ(shop.desk.stocks().at(4).unit, u"KOLI (BIRIM2)"_s);
-    EXPECT_EQ(shop.desk.stocks().at(4).count, u"6"_s);
+    EXPECT_EQ(shop.desk.stocks().at(4).unitText(), u"KOLI (BIRIM2)"_s);
+    EXPECT_EQ(shop.desk.stocks().at(4).count, 6);
     shop.desk.ektm();
     EXPECT_EQ(shop.desk.queue().total(), 3 + 3 + 4 + 6 + 6);
+}
+
+TEST(TypedMoment, ReadsWhatPeopleType)
+{
+    const QDate today(2026, 3, 7);
+    const std::pair<QString, QDate> dates[] = {
+        {u"7.3.2026"_s, {2026, 3, 7}},    {u"07/03/26"_s, {2026, 3, 7}},
+        {u"07032026"_s, {2026, 3, 7}},    {u"070326"_s, {2026, 3, 7}},
+        {u"2026-03-07"_s, {2026, 3, 7}},  {u" 9.4 "_s, {2026, 4, 9}},
+        {u"0904"_s, {2026, 4, 9}},        {u"9"_s, {2026, 3, 9}},
+        {u"29.02.2024"_s, {2024, 2, 29}},
+    };
+    for (const auto &[text, date] : dates)
+        EXPECT_EQ(typed_moment::date(text, today), date) << text.toStdString();
+    for (const QString &bad : {u""_s, u"31.02.2026"_s, u"7 Mart"_s, u"1.2.3.4"_s, u"123"_s,
+                               u"1.1.0001"_s, u"123456789"_s, u"0.1.2026"_s})
+        EXPECT_FALSE(typed_moment::date(bad, today)) << bad.toStdString();
+    const std::pair<QString, QTime> times[] = {
+        {u"8:30"_s, {8, 30}}, {u"0830"_s, {8, 30}}, {u"830"_s, {8, 30}},
+        {u"8.30"_s, {8, 30}}, {u"8"_s, {8, 0}},     {u"23:59:30"_s, {23, 59, 30}},
+    };
+    for (const auto &[text, time] : times)
+        EXPECT_EQ(typed_moment::time(text), time) << text.toStdString();
+    for (const QString &bad : {u""_s, u"24:00"_s, u"8:60"_s, u"on"_s, u"12345"_s})
+        EXPECT_FALSE(typed_moment::time(bad)) << bad.toStdString();
 }
 
 TEST(PriceChangeRequest, TheStartMinuteBelongsToTheRange)
@@ -210,6 +236,8 @@ TEST(PriceChangeRequest, TheStartMinuteBelongsToTheRange)
     asked.clear();
     request.send({QDate(2026, 3, 2), QDate(2026, 3, 1), QTime(0, 0), QTime(1, 0)});
     request.send({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(2, 0), QTime(1, 0)});
+    request.send({QDate(), QDate(2026, 3, 1), QTime(0, 0), QTime(1, 0)});
+    request.send({QDate(2026, 3, 1), QDate(2026, 3, 1), QTime(), QTime(1, 0)});
     EXPECT_TRUE(asked.isEmpty());
-    EXPECT_EQ(machine.prompt.shown.size(), 2U);
+    EXPECT_EQ(machine.prompt.shown.size(), 4U);
 }

@@ -35,17 +35,17 @@ TEST(LabelDesk, PriceNumbersComeFromTheSettings)
 TEST(LabelDesk, RowsAreQueuedSinglyOrInBulk)
 {
     LabelShop shop;
-    shop.desk.setUnits(UnitChoice::both);
-    shop.desk.listele();
+    shop.desk.loader().setUnits(UnitChoice::both);
+    shop.desk.loader().listele();
 
-    shop.desk.addOne(1);
-    shop.desk.addOne(1);
-    shop.desk.addOne(-1);
-    shop.desk.addOne(4);
+    shop.desk.addRows({1});
+    shop.desk.addRows({1});
+    shop.desk.addRows({});
     EXPECT_EQ(shop.queued(), QStringList({u"S1 2<123>a0"_s, u"S1 2<123>a0"_s}));
-    const QueueRow milk = {u"1"_s,     u"221"_s, u"S1"_s,      u"Süt 1 L"_s, u"KOLI (BIRIM2)"_s,
-                           u"81,00"_s, u"1"_s,   u"2<123>a0"_s};
-    EXPECT_EQ(shop.desk.queue().at(0), milk);
+    QStringList cells;
+    for (int column = 0; column < PrintQueue::columns; ++column)
+        cells += shop.desk.queue().index(0, column).data().toString();
+    EXPECT_EQ(cells.join(u'|'), u"1|221|S1|Süt 1 L|KOLI (BIRIM2)|81,00|1"_s);
 
     const struct
     {
@@ -66,21 +66,54 @@ TEST(LabelDesk, RowsAreQueuedSinglyOrInBulk)
 TEST(LabelDesk, ABadCountIsRefusedWithAMessage)
 {
     LabelShop shop;
-    shop.desk.listele();
+    shop.desk.loader().listele();
     shop.desk.ektm();
     const QSignalSpy taken(&shop.desk, &LabelDesk::allCountsSet);
     for (const QString &bad : {u"0"_s, u"2,5"_s, u"abc"_s, u""_s, u"1000000"_s}) {
         shop.machine.prompt.shown.clear();
-        shop.desk.setCount(0, bad);
+        shop.desk.setCounts({0}, bad);
         shop.desk.setAllCounts(bad);
         ASSERT_EQ(shop.machine.prompt.shown.size(), 2U);
         EXPECT_EQ(shop.machine.prompt.shown[0].caption, u"DİKKAT"_s);
         EXPECT_TRUE(shop.machine.prompt.shown[0].text.contains(u"\"%1\""_s.arg(bad)));
     }
     EXPECT_EQ(shop.desk.queue().total(), 3);
-    EXPECT_FALSE(shop.desk.queue().setCount(3, u"2")); // there is no such row
     EXPECT_EQ(taken.count(), 0);
     shop.desk.setAllCounts(u"3"_s);
     EXPECT_EQ(shop.desk.queue().total(), 9);
     EXPECT_EQ(taken.count(), 1);
+}
+
+TEST(LabelDesk, WhatLeftTheQueueCanBeBroughtBack)
+{
+    LabelShop shop;
+    shop.desk.loader().listele();
+    shop.desk.ektm();
+    const std::vector<QueueRow> whole = shop.desk.queue().rows();
+    EXPECT_FALSE(shop.desk.canUndo());
+    shop.desk.removeRows({0, 2});
+    shop.desk.clearQueue();
+    EXPECT_EQ(shop.desk.queue().size(), 0);
+    shop.desk.undoRemoval();
+    EXPECT_EQ(shop.desk.queue().size(), 1);
+    shop.desk.undoRemoval();
+    EXPECT_EQ(shop.desk.queue().rows(), whole);
+    EXPECT_FALSE(shop.desk.canUndo());
+
+    // Gathering stocks to be numbered takes the queue's place: its rows come back when the
+    // numbering is over, and a numbering that was thrown away comes back as one.
+    shop.desk.ekbartum();
+    shop.desk.undoRemoval();
+    EXPECT_EQ(shop.desk.queue().size(), 1);
+    shop.desk.numbers().generate(u"10"_s);
+    shop.machine.prompt.answers = {Answer::yes};
+    shop.desk.clearQueue();
+    EXPECT_FALSE(shop.desk.numbers().isOn());
+    shop.desk.undoRemoval();
+    EXPECT_TRUE(shop.desk.numbers().isOn());
+    EXPECT_EQ(shop.desk.numbers().unsaved(), 1);
+    shop.desk.numbers().brgnc();
+    EXPECT_FALSE(shop.desk.numbers().isOn());
+    shop.desk.undoRemoval();
+    EXPECT_EQ(shop.desk.queue().size(), 4);
 }

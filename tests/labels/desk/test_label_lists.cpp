@@ -11,16 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QueueRow labels(const QString &name, const QString &count)
+QueueRow labels(const QString &name, int count)
 {
-    return {.number = {},
-            .barcode = {},
-            .code = {},
-            .name = name,
-            .unit = {},
-            .price = {},
-            .count = count,
-            .tag = {}};
+    QueueRow row;
+    row.name = name;
+    row.count = count;
+    return row;
 }
 
 QStringList column(const QAbstractItemModel &model, int column)
@@ -41,23 +37,65 @@ TEST(PrintQueue, NumbersAndTotalFollowEveryChange)
     const QSignalSpy totals(&queue, &PrintQueue::totalChanged);
     const auto last = [&] { return totals.last().first().toLongLong(); };
 
-    queue.append({labels(u"a"_s, u"2"_s), labels(u"b"_s, u"3"_s)});
-    queue.append({labels(u"c"_s, u"999999"_s)});
+    queue.append({labels(u"a"_s, 2), labels(u"b"_s, 3)});
+    queue.append({labels(u"c"_s, 999'999)});
     EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s, u"3"_s}));
     EXPECT_EQ(last(), 1'000'004);
 
-    queue.remove(0);
-    queue.remove(7);
+    const auto taken = queue.take({0});
     EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s}));
     EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"b"_s, u"c"_s}));
     EXPECT_EQ(last(), 1'000'002);
 
-    EXPECT_TRUE(queue.setCount(0, u" 07 "));
+    queue.setCounts({0}, 7);
     EXPECT_EQ(column(queue, PrintQueue::count), QStringList({u"7"_s, u"999999"_s}));
-    EXPECT_TRUE(queue.setAllCounts(u"3"));
-    EXPECT_EQ(last(), 6);
+    queue.putBack({0}, taken);
+    EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(column(queue, PrintQueue::number), QStringList({u"1"_s, u"2"_s, u"3"_s}));
+    queue.setCounts(queue.everyPlace(), 3);
+    EXPECT_EQ(last(), 9);
+
+    // Rows from here and there, put back among others.
+    const auto ends = queue.take({0, 2});
+    queue.append({labels(u"d"_s, 1)});
+    queue.putBack({0, 2}, ends);
+    EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"a"_s, u"b"_s, u"c"_s, u"d"_s}));
     queue.clear();
     EXPECT_EQ(last(), 0);
+}
+
+TEST(PrintQueue, IsSortedFoundInAndPutBackAsAdded)
+{
+    PrintQueue queue;
+    const QAbstractItemModelTester tester(&queue,
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    queue.append({labels(u"Şeker"_s, 10), labels(u"çay"_s, 9), labels(u"Ispanak"_s, 1),
+                  labels(u"ıhlamur"_s, 2), labels(u"İncir"_s, 3), labels(u"Cips"_s, 100)});
+    const QPersistentModelIndex tea = queue.index(1, 0);
+    const QStringList asAdded = column(queue, PrintQueue::name);
+    queue.sortNext(PrintQueue::name);
+    EXPECT_EQ(column(queue, PrintQueue::name), QStringList({u"Cips"_s, u"çay"_s, u"ıhlamur"_s,
+                                                            u"Ispanak"_s, u"İncir"_s, u"Şeker"_s}));
+    EXPECT_EQ(column(queue, PrintQueue::number).first(), u"1"_s);
+    queue.sortNext(PrintQueue::count);
+    queue.sortNext(PrintQueue::count);
+    EXPECT_EQ(column(queue, PrintQueue::count),
+              QStringList({u"100"_s, u"10"_s, u"9"_s, u"3"_s, u"2"_s, u"1"_s}));
+    EXPECT_TRUE(queue.headerData(PrintQueue::count, Qt::Horizontal).toString().endsWith(u"▼"_s));
+    EXPECT_EQ(tea.row(), 2);
+
+    // Rows that come and go while it is sorted keep their places among those added.
+    queue.append({labels(u"Un"_s, 1)});
+    const auto tooMany = queue.take({0});
+    queue.sort(-1, Qt::AscendingOrder);
+    EXPECT_EQ(column(queue, PrintQueue::name), asAdded.mid(0, 5) + QStringList(u"Un"_s));
+    EXPECT_EQ(tea.row(), 1);
+
+    EXPECT_EQ(queue.find(u"IHLAMUR"_s, 0, 1), 3);
+    EXPECT_EQ(queue.find(u"n"_s, 3, 1), 4);
+    EXPECT_EQ(queue.find(u"n"_s, 3, -1), 2);
+    EXPECT_EQ(queue.find(u"şek"_s, 1, 1), 0);
+    EXPECT_EQ(queue.find(u"yok"_s, 0, 1), -1);
 }
 
 TEST(StockList, ChangesAreAnnouncedTogether)

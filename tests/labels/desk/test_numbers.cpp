@@ -18,7 +18,7 @@ struct NumberShop : LabelShop
     explicit NumberShop(int stocks = 4)
     {
         stockUp(stocks);
-        desk.listele();
+        desk.loader().listele();
         desk.ekbartum();
         host.statements.clear();
     }
@@ -33,7 +33,7 @@ struct NumberShop : LabelShop
     {
         QStringList all;
         for (const QueueRow &row : desk.queue().rows())
-            all += row.barcode + u' ' + row.state();
+            all += row.barcode + u' ' + row.tag().section(u"<123>"_s, 1);
         return all;
     }
     QString remembered(const QString &key)
@@ -86,6 +86,28 @@ TEST(NumberGeneration, ReadsOnlyBasesThatFitTheirDigits)
         EXPECT_FALSE(numbering::readBase(Symbology::ean13, bad)) << bad.toStdString();
 }
 
+TEST(NumberGeneration, SaysWhoseNumbersTheyAre)
+{
+    const struct
+    {
+        Symbology symbology;
+        QString base;
+        QString said; ///< part of it
+    } cases[] = {
+        {Symbology::ean13, numbering::suggestedBase(Symbology::ean13), u"kendi malları"_s},
+        {Symbology::ean8, numbering::suggestedBase(Symbology::ean8), u"kendi malları"_s},
+        {Symbology::ean13, u"269999999999"_s, u"kendi malları"_s},
+        {Symbology::ean13, u"280000000000"_s, u"teraziler"_s},
+        {Symbology::ean13, u"869000000000"_s, u"üreticilerindir"_s},
+        {Symbology::ean13, u"5"_s, u"üreticilerindir"_s},
+        {Symbology::ean8, u"5"_s, u"sıfırı atar"_s},
+    };
+    for (const auto &c : cases)
+        EXPECT_TRUE(numbering::rangeHint(c.symbology, c.base).contains(c.said))
+            << c.base.toStdString();
+    EXPECT_EQ(numbering::rangeHint(Symbology::ean13, u"12a"), QString());
+}
+
 TEST(NumberGeneration, AFullBoxTakesNoMoreDigits)
 {
     const struct
@@ -110,8 +132,8 @@ TEST(NumberDesk, GathersTheRowsWithoutABarcode)
     LabelShop shop;
     shop.answer(u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s,
                 LabelShop::barcodes({LabelShop::barcode(u"111"_s, 1)}));
-    shop.desk.setUnits(UnitChoice::both);
-    shop.desk.listele();
+    shop.desk.loader().setUnits(UnitChoice::both);
+    shop.desk.loader().listele();
     const struct
     {
         void (LabelDesk::*command)();
@@ -129,9 +151,9 @@ TEST(NumberDesk, GathersTheRowsWithoutABarcode)
         EXPECT_TRUE(shop.desk.numbers().isOn());
     }
     // Until the numbers are saved rows are neither added nor printed; emptying the queue ends it.
-    const QSignalSpy print(&shop.desk, &LabelDesk::printWanted);
+    const QSignalSpy print(&shop.desk.printing(), &LabelPrinting::printWanted);
     shop.desk.ektm();
-    shop.desk.addOne(0);
+    shop.desk.addRows({0});
     shop.desk.yzdtum();
     EXPECT_EQ(shop.desk.queue().size(), 2);
     shop.desk.clearQueue();
@@ -149,13 +171,13 @@ TEST(NumberDesk, AStockWhoseBarcodeWasNotReadGetsNoNumber)
             shop.desk.stop();
         return {};
     };
-    shop.desk.listele();
+    shop.desk.loader().listele();
     ASSERT_EQ(shop.desk.stocks().size(), 3);
     shop.desk.ekbartum();
     EXPECT_EQ(shop.machine.prompt.shown.size(), 1U);
     EXPECT_FALSE(shop.desk.numbers().isOn());
     shop.host.failOn = nullptr;
-    shop.desk.listele();
+    shop.desk.loader().listele();
     shop.desk.ekbartum();
     EXPECT_EQ(shop.desk.queue().size(), 1);
 }
@@ -167,7 +189,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     shop.take(u"00000130"_s);
     const QSignalSpy bases(&shop.numbers, &NumberDesk::baseChanged);
     shop.numbers.choose(Symbology::ean8);
-    EXPECT_EQ(shop.numbers.rememberedBase(), QString());
+    EXPECT_EQ(shop.numbers.nextBase(), u"2000000"_s);
     shop.numbers.generate(u"10"_s);
     EXPECT_EQ(shop.queue(), QStringList({u"00000116 a1"_s, u"00000147 a1"_s, u"00000154 a1"_s,
                                          u"00000161 a1"_s}));
@@ -179,7 +201,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     EXPECT_EQ(shop.remembered(u"ean8"_s), u"16"_s);
     ASSERT_EQ(bases.count(), 1);
     EXPECT_EQ(bases[0][0].toString(), u"16"_s);
-    EXPECT_EQ(shop.numbers.rememberedBase(), u"16"_s);
+    EXPECT_EQ(shop.numbers.nextBase(), u"16"_s);
 
     // Numbered rows consume no further number.
     shop.host.statements.clear();
@@ -187,7 +209,7 @@ TEST(NumberDesk, TakenNumbersAreSkippedAndCounted)
     EXPECT_TRUE(shop.host.statements.isEmpty());
     EXPECT_EQ(shop.remembered(u"ean8"_s), u"16"_s);
     shop.numbers.choose(Symbology::ean13);
-    EXPECT_EQ(shop.numbers.rememberedBase(), QString());
+    EXPECT_EQ(shop.numbers.nextBase(), u"200000000000"_s);
 }
 
 TEST(NumberDesk, ABadBaseIsToldAndWritesNothing)
@@ -222,13 +244,17 @@ TEST(NumberDesk, AFailedQuestionKeepsWhatWasFoundAndGoesOnBehindIt)
         for (int failing = 1; failing <= 4; ++failing) {
             NumberShop shop;
             shop.numbers.choose(Symbology::ean8);
-            shop.host.failOn = shop.failAt(u"where STKBARKOD="_s, failing);
+            shop.host.failOn = [&](const QString &statement) {
+                return statement.contains(u"0000%1"_s.arg(10 + failing))
+                           ? std::optional(HostError::kType)
+                           : std::nullopt;
+            };
             shop.numbers.generate(u"10"_s);
             EXPECT_EQ(shop.machine.prompt.shown.size(), 1U);
             EXPECT_EQ(shop.numbers.unsaved(), failing - 1);
             EXPECT_FALSE(shop.desk.isBusy());
             shop.host.failOn = nullptr;
-            shop.numbers.generate(fromTheLast ? shop.numbers.rememberedBase() : u"10"_s);
+            shop.numbers.generate(fromTheLast ? shop.numbers.nextBase() : u"10"_s);
             EXPECT_EQ(shop.queue(), QStringList({u"00000116 a1"_s, u"00000123 a1"_s,
                                                  u"00000130 a1"_s, u"00000147 a1"_s}));
             EXPECT_EQ(shop.remembered(u"ean8"_s), u"14"_s);
@@ -243,12 +269,18 @@ TEST(NumberDesk, SavingInterruptedAtAnyRowGoesOnFromThere)
         shop.numbers.generate(u"10"_s);
         shop.host.statements.clear();
         shop.host.failOn = shop.failAt(u"INSERT"_s, failing);
+        int selected = -1;
+        QObject::connect(&shop.numbers, &NumberDesk::rowRefused, [&](int row) { selected = row; });
         shop.numbers.brgnc();
         ASSERT_EQ(shop.machine.prompt.shown.size(), 1U);
         EXPECT_EQ(shop.machine.prompt.shown[0].caption, u"UYARI"_s);
+        const QString refused = shop.desk.queue().at(failing - 1).barcode;
+        EXPECT_TRUE(shop.machine.prompt.shown[0].text.contains(refused));
+        EXPECT_TRUE(shop.machine.prompt.shown[0].text.contains(u"Mal %1\n"_s.arg(failing - 1)));
+        EXPECT_EQ(selected, failing - 1);
         QStringList states;
         for (const QueueRow &row : shop.desk.queue().rows())
-            states += row.state();
+            states += row.tag().section(u"<123>"_s, 1);
         EXPECT_EQ(states.count(u"a2"_s), failing - 1);
         EXPECT_EQ(states.lastIndexOf(u"a2"_s), failing - 2);
         EXPECT_EQ(states.count(u"a1"_s), 5 - failing);
@@ -278,8 +310,8 @@ TEST(NumberDesk, SecondUnitsAndThirteenDigitsAreSavedAsSuch)
 {
     LabelShop shop;
     shop.answer(u"select * from STKBARKOD where STKBARSTKKOD='S1'"_s, {});
-    shop.desk.setUnits(UnitChoice::both);
-    shop.desk.stkcinsibul(u"ü"_s);
+    shop.desk.loader().setUnits(UnitChoice::both);
+    shop.desk.loader().stkcinsibul(u"ü"_s);
     shop.desk.ekbartum();
     shop.desk.numbers().generate(u"869000000000"_s);
     EXPECT_EQ(shop.machine.keys.values.value(u"/shop/Ayar.zev|barno|ean13"_s), u"869000000002"_s);
@@ -301,11 +333,11 @@ TEST(NumberDesk, UnsavedNumbersAreNotGivenUpWithoutAQuestion)
         EXPECT_EQ(shop.numbers.unsaved(), 4);
     };
     refused([&] { shop.desk.clearQueue(); });
-    refused([&] { shop.desk.removeOne(2); });
+    refused([&] { shop.desk.removeRows({2}); });
     refused([&] { shop.desk.ekbartum(); });
     refused([&] { EXPECT_FALSE(shop.desk.mayClose()); });
     shop.machine.prompt.answers = {Answer::yes, Answer::yes};
-    shop.desk.removeOne(2);
+    shop.desk.removeRows({2});
     EXPECT_EQ(shop.numbers.unsaved(), 3);
     shop.desk.clearQueue();
     EXPECT_EQ(shop.desk.queue().size(), 0);
@@ -319,7 +351,7 @@ TEST(NumberDesk, WhileNumbersAreSavedNothingElseRunsAndItCanBeStopped)
     ASSERT_EQ(shop.numbers.unsaved(), 3000);
     shop.host.statements.clear();
     QObject::connect(&shop.desk, &LabelDesk::progressed, &shop.desk, [&] {
-        shop.desk.listele();
+        shop.desk.loader().listele();
         shop.desk.clearQueue();
         shop.numbers.generate(u"0"_s);
         shop.numbers.brgnc();

@@ -30,8 +30,8 @@ TEST(StockSearch, EveryRowIsOneUnitWithItsOwnBarcodeAndPrice)
     };
     for (const auto &c : cases) {
         LabelShop shop;
-        shop.desk.setUnits(c.units);
-        shop.desk.stkkodbul(u"S"_s);
+        shop.desk.loader().setUnits(c.units);
+        shop.desk.loader().stkkodbul(u"S"_s);
         EXPECT_EQ(shop.stocks(), c.rows);
     }
 }
@@ -50,23 +50,23 @@ TEST(StockSearch, StatementsRunInOrderFirstStocksThenBarcodesThenPrices)
                              u"select * from STKFIYAT where STKFIYSTKKOD='S2'"_s,
                              u"select * from STKFIYAT where STKFIYSTKKOD='S3'"_s};
     LabelShop shop;
-    shop.desk.listele();
+    shop.desk.loader().listele();
     EXPECT_EQ(shop.host.statements, all);
 
     shop.host.statements.clear();
-    shop.desk.setUnits(UnitChoice::both);
-    shop.desk.stkcinsibul(u"ü"_s);
+    shop.desk.loader().setUnits(UnitChoice::both);
+    shop.desk.loader().stkcinsibul(u"ü"_s);
     EXPECT_EQ(shop.host.statements,
               QStringList(u"select * from STKKART where STKCINSI LIKE '%ü%'"_s) + passes);
 
     shop.host.statements.clear();
-    shop.desk.brkdbul(u"111"_s);
+    shop.desk.loader().brkdbul(u"111"_s);
     EXPECT_EQ(shop.host.statements,
               QStringList({u"select * from STKBARKOD where STKBARKOD='111'"_s,
                            u"select * from STKKART where STKKOD='S1'"_s, passes[0], passes[2]}));
 
     shop.host.statements.clear();
-    shop.desk.fiyatoku();
+    shop.desk.loader().fiyatoku();
     EXPECT_EQ(shop.host.statements, QStringList(passes[2]));
 
     const QString changed =
@@ -74,7 +74,8 @@ TEST(StockSearch, StatementsRunInOrderFirstStocksThenBarcodesThenPrices)
         "(STKSYFSAATI>='07:59:00' and STKSYFSAATI<='12:00:00')"_s;
     shop.answer(changed, LabelShop::cards({{u"S1"_s, u"Süt 1 L"_s, u"ADET"_s, u"KOLI"_s}}));
     shop.host.statements.clear();
-    shop.desk.fiyatdegisbul(u"01.03.2026"_s, u"31.03.2026"_s, u"07:59:00"_s, u"12:00:00"_s);
+    shop.desk.loader().fiyatdegisbul(u"01.03.2026"_s, u"31.03.2026"_s, u"07:59:00"_s,
+                                     u"12:00:00"_s);
     EXPECT_EQ(shop.host.statements, QStringList(changed) + passes);
 }
 
@@ -83,7 +84,7 @@ TEST(StockSearch, TheTextIsPutIntoTheStatementAsTyped)
     LabelShop shop;
     for (const QString &text : {u"%1 %2"_s, u"50% _"_s, u"o'nun"_s, u""_s}) {
         shop.host.statements.clear();
-        shop.desk.stkkodbul(text);
+        shop.desk.loader().stkkodbul(text);
         EXPECT_EQ(shop.host.statements.value(0),
                   u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s);
     }
@@ -92,10 +93,10 @@ TEST(StockSearch, TheTextIsPutIntoTheStatementAsTyped)
 TEST(StockSearch, AScannedSecondUnitBearsTheFirstUnitsName)
 {
     LabelShop shop;
-    shop.desk.setUnits(UnitChoice::first); // plays no part
-    shop.desk.brkdbul(u"221"_s);
+    shop.desk.loader().setUnits(UnitChoice::first); // plays no part
+    shop.desk.loader().brkdbul(u"221"_s);
     EXPECT_EQ(shop.stocks(), QStringList(u"221|S1|Süt 1 L|ADET (BIRIM2)|81,00|1|2"_s));
-    shop.desk.brkdbul(u"yok"_s);
+    shop.desk.loader().brkdbul(u"yok"_s);
     EXPECT_EQ(shop.desk.stocks().size(), 0);
 }
 
@@ -112,20 +113,20 @@ TEST(StockSearch, AFailureIsToldAndKeepsWhatIsThere)
     };
     for (const auto &c : cases) {
         LabelShop shop;
-        shop.desk.listele();
+        shop.desk.loader().listele();
         shop.desk.ektm();
         shop.host.failOn = [&](const QString &statement) {
             return statement.startsWith(c.failing) ? std::optional(HostError::kStatement)
                                                    : std::nullopt;
         };
-        shop.desk.stkcinsibul(u"ü"_s);
+        shop.desk.loader().stkcinsibul(u"ü"_s);
         EXPECT_EQ(shop.machine.prompt.shown.size(), 1U);
         EXPECT_EQ(shop.stocks(), c.rows);
         EXPECT_EQ(shop.desk.queue().size(), 3);
         EXPECT_FALSE(shop.desk.isBusy());
 
         shop.host.open = false;
-        shop.desk.stkkodbul(u"S"_s);
+        shop.desk.loader().stkkodbul(u"S"_s);
         EXPECT_EQ(shop.machine.prompt.shown.size(), 2U);
         EXPECT_EQ(shop.stocks(), c.rows);
     }
@@ -146,7 +147,7 @@ TEST(StockSearch, ALongSearchShowsProgressAndFewSignals)
     });
     QElapsedTimer timer;
     timer.start();
-    shop.desk.listele();
+    shop.desk.loader().listele();
     EXPECT_EQ(shop.desk.stocks().size(), 20'000);
     EXPECT_LE(inserts, 20);
     EXPECT_LE(changes, timer.elapsed() / 50 + 1);
@@ -164,7 +165,7 @@ TEST(StockSearch, StoppingKeepsTheRowsAndEndsThePasses)
                 shop.desk.stop();
             return {};
         };
-        shop.desk.listele();
+        shop.desk.loader().listele();
         EXPECT_TRUE(shop.host.statements.last().contains(stage));
         EXPECT_GT(shop.desk.stocks().size(), 0);
         EXPECT_TRUE(shop.status.startsWith(u"Durduruldu"_s)) << shop.status.toStdString();
@@ -179,12 +180,12 @@ TEST(StockSearch, ANewSearchTakesThePlaceOfTheRunningOne)
     bool asked = false;
     shop.host.failOn = [&](const QString &statement) -> std::optional<int> {
         if (!std::exchange(asked, asked || statement.contains(u"STKBARSTKKOD"_s)) && asked) {
-            shop.desk.addOne(0); // refused: its barcode is still being read
-            shop.desk.stkkodbul(u"S"_s);
+            shop.desk.addRows({0}); // refused: its barcode is still being read
+            shop.desk.loader().stkkodbul(u"S"_s);
         }
         return {};
     };
-    shop.desk.listele();
+    shop.desk.loader().listele();
     EXPECT_EQ(shop.stocks(), QStringList({kMilk1, kSugar, kTea}));
     EXPECT_EQ(shop.desk.queue().size(), 0);
 }
@@ -198,6 +199,6 @@ TEST(StockSearch, EventsAreHandledWhileItRuns)
         return {};
     };
     QTimer::singleShot(100, &shop.desk, &LabelDesk::stop);
-    shop.desk.listele();
+    shop.desk.loader().listele();
     EXPECT_LT(shop.host.statements.size(), 3'000);
 }

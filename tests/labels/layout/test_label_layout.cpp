@@ -153,12 +153,17 @@ TEST(LabelLayoutFile, DamagedNumbersReadAsZero)
     EXPECT_FALSE(bad.border);
     EXPECT_FALSE(bad.marked);
     const TextElement good = onlyText("y=7,25\r\nfsize=8,25\r\nclr=-2147483633\r\nhz=90,0\r\n"
-                                      "posx=-1\r\nposy=1.000\r\nbrd=1\r\ntur=1");
-    EXPECT_EQ(good.box, (LabelBox{-1, 992.75F, 10, 7.25F}));
+                                      "posx=-1\r\nposy=1.000,5\r\nbrd=1\r\ntur=1");
+    EXPECT_EQ(good.box, (LabelBox{-1, 993.25F, 10, 7.25F}));
     EXPECT_EQ(good.font.size, 8.25);
     EXPECT_EQ(good.colour, -2147483633);
     EXPECT_TRUE(good.border);
     EXPECT_TRUE(good.marked);
+    const TextElement dotted = onlyText("y=7.25\r\nfsize=8.25\r\nhz=45\r\nposx=12.5\r\nposy=.5");
+    EXPECT_EQ(dotted.box, (LabelBox{0, 0, 10, 7.25F}));
+    EXPECT_EQ(dotted.font.size, 8.25);
+    EXPECT_EQ(dotted.startLeft, 12.5F); // where printing starts a text of an odd angle
+    EXPECT_EQ(dotted.startTop, 0.5F);
     LabelLayout endless;
     endless.pictures = {{{0, 0, HUGE_VALF, NAN}, {}}};
     EXPECT_TRUE(saved(endless).startsWith("\r\n[pc1]\r\nx=0,0\r\ny=0,0\r\n"));
@@ -253,10 +258,8 @@ TEST(ShippedLayouts, AreInCanonicalFormAndFitTheirLabels)
         const QRectF label(0, 0, amount::single(layout.stepX), amount::single(layout.stepY));
         for (const TextElement &text : layout.texts)
             EXPECT_TRUE(label.contains(rectOf(text.box))) << text.caption.toStdString();
-        for (const BarcodeElement &bars : layout.barcodes) {
+        for (const BarcodeElement &bars : layout.barcodes)
             EXPECT_TRUE(label.contains(rectOf(bars.box)));
-            EXPECT_GE(bars.box.width, 113 * 0.25F); // an EAN-13 with its quiet zones, readable
-        }
         for (const PictureElement &picture : layout.pictures) {
             EXPECT_TRUE(label.contains(rectOf(picture.box)));
             EXPECT_TRUE(shipped.exists(u"pic/"_s + picture.file));

@@ -55,7 +55,7 @@ struct PrintDesk : PrintFolder, FakeMachine
     static LabelLayout barcodeLayout()
     {
         LabelLayout layout = plainLayout();
-        layout.barcodes = {{{5, 10, 45, 20}, {QStringLiteral("DejaVu Sans"), 8}, 0, 0, 0, {}}};
+        layout.barcodes = {{{5, 10, 40, 24}, {QStringLiteral("DejaVu Sans"), 8}, 0, 0, 0, {}}};
         return layout;
     }
     static LabelRow row(const QString &name, int count, int queueRow = 0)

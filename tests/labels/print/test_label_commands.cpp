@@ -1,3 +1,4 @@
+#include "fakes/fixed_measure.h"
 #include "labels/print/label_builder.h"
 #include "labels/print/sheet_grid.h"
 #include "paper/text_block.h"
@@ -10,17 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Every letter is half as wide as its font is high; one point is taken as 0.4 mm.
-class FixedMeasure final : public TextMeasure
-{
-public:
-    double width(const PaperFont &font, QStringView text) const override
-    {
-        return static_cast<double>(text.size()) * font.size * 0.2;
-    }
-    double lineHeight(const PaperFont &font) const override { return font.size * 0.4; }
-};
 
 TextElement text(LabelBox box, double angle, const QString &alignment, const QString &caption)
 {
@@ -82,6 +72,15 @@ TEST(LabelCommands, EachAngleAndAlignment)
         }
     }
     expectGolden(u"labels/angles.txt"_s, all);
+}
+
+TEST(LabelCommands, OddAnglesStartWhereTheirFileSays)
+{
+    PrintJob job;
+    job.texts = {text({0, 0, 30, 4}, 45, u"3"_s, u"Elma"_s)};
+    job.texts[0].startLeft = 7;
+    job.texts[0].startTop = 9;
+    EXPECT_EQ(labelText(job), u"text 7.00 9.00 angle 45 #000000 \"Sans\" 10pt \"Elma\"\n"_s);
 }
 
 TEST(LabelCommands, FieldsFontsAndLayersOfALabel)

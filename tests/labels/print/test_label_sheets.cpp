@@ -1,3 +1,4 @@
+#include "labels/print/scannability.h"
 #include "labels/print/sheet_pages.h"
 #include "paper/bars.h"
 #include "support/print_qt.h"
@@ -158,6 +159,34 @@ TEST(LabelSheets, GuardBarsReachFiveModulesFurther)
     const auto plain = std::find_if(symbol.bars.begin(), symbol.bars.end(),
                                     [](const Bar &bar) { return !bar.guard; });
     EXPECT_EQ(lowest(*guard) - lowest(*plain), kGuardDepth * at.module);
+}
+
+TEST(LabelSheets, TheSmallestBarcodeScansAndASmallerOneIsRefused)
+{
+    for (const bool ean8 : {false, true}) {
+        const QString number = barcode(7, ean8);
+        const auto symbol = *ean::encode(ean::bySize(number, ean::Symbology::ean13), number);
+        for (const double dpi : {203.0, 300.0, 600.0}) {
+            const DeviceFonts fonts({dpi, dpi});
+            const PaperFont digits{u"DejaVu Sans"_s, 8};
+            const QSizeF size = smallestBox(symbol, digits, dpi);
+            const QSizeF label = size + QSizeF(4, 4);
+            const QPointF at(2, 2);
+            EXPECT_TRUE(barFaults({{at, size}, symbol, digits, 0}, label, fonts).empty())
+                << dpi << ' ' << size.width() << " x " << size.height();
+            EXPECT_FALSE(
+                barFaults({{at, size - QSizeF(0.2, 0)}, symbol, digits, 0}, label, fonts).empty());
+            EXPECT_FALSE(
+                barFaults({{at, size - QSizeF(0, 0.4)}, symbol, digits, 0}, label, fonts).empty());
+
+            PrintJob job = makeJob(
+                {0, 0, static_cast<float>(label.width()), static_cast<float>(label.height()), 1, 1},
+                {2, 2, static_cast<float>(size.width()), static_cast<float>(size.height())}, label,
+                1, ean8);
+            job.texts.clear();
+            EXPECT_EQ(readBarcodes(paintPages(job, dpi).front()), QStringList{job.rows[0].barcode});
+        }
+    }
 }
 
 TEST(LabelSheets, ABoxTooNarrowForItsModulesDrawsNoBars)

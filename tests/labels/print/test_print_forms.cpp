@@ -1,3 +1,4 @@
+#include "labels/print/forms/print_problems.h"
 #include "labels/print/forms/print_progress.h"
 #include "labels/print/forms/yazfrm.h"
 #include "labels/print/print_desk.h"
@@ -9,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProgressBar>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -73,6 +73,11 @@ TEST_F(PrintDialogTest, KeysChooseALayoutSeeItAndPrintOnce)
 
 TEST_F(PrintDialogTest, ANameCanBeTyped)
 {
+    desk.addLayout(u"DEPO.AYR"_s, PrintDesk::plainLayout()); // as old programs save them
+    open();
+    QTest::keyClicks(child<QLineEdit>(u"ad"_s), u"depo"_s);
+    EXPECT_TRUE(hasPreview());
+    open();
     auto *const name = child<QLineEdit>(u"ad"_s);
     QTest::keyClicks(name, u"kas"_s);
     EXPECT_FALSE(hasPreview());
@@ -113,6 +118,37 @@ TEST_F(PrintDialogTest, ALayoutGetsItsPrinterAndBecomesTheDefault)
     child<QListWidget>(u"liste"_s)->setCurrentRow(1);
     printer = child<QComboBox>(u"yazici"_s);
     EXPECT_EQ(printer->currentText(), u"Zebra (bu bilgisayarda yok)"_s);
+}
+
+TEST(PrintProblemsForm, AnswersOnceAfterItsOwnKey)
+{
+    PrintDesk desk;
+    desk.addLayout(u"raf.ayr"_s, PrintDesk::barcodeLayout());
+    LabelRow bad = PrintDesk::row(u"Ayran"_s, 1, 7);
+    bad.barcode.clear();
+    std::unique_ptr<PrintProblems> form;
+    QList<int> wanted;
+    QObject::connect(&desk.run, &PrintRun::problemsFound, [&](const auto &problems) {
+        form = std::make_unique<PrintProblems>(desk.run, problems);
+        QObject::connect(form.get(), &PrintProblems::rowWanted, [&](int row) { wanted += row; });
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    });
+    const auto answer = [&](auto press) {
+        desk.run.yazzzz({PrintMode::all, {bad}}, u"raf.ayr"_s);
+        press();
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_TRUE(desk.run.isRunning());
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(desk.run.isRunning());
+        return desk.printers.documents.back().finished;
+    };
+    EXPECT_FALSE(answer([] { key(Qt::Key_Escape); }));
+    EXPECT_FALSE(answer([] { key(Qt::Key_Return); }));
+    EXPECT_TRUE(wanted.isEmpty());
+    EXPECT_FALSE(answer([&] { form->findChild<QPushButton *>(u"satir"_s)->click(); }));
+    EXPECT_EQ(wanted, QList<int>{7});
+    EXPECT_TRUE(answer([&] { form->findChild<QPushButton *>(u"yazdir"_s)->click(); }));
 }
 
 TEST(PrintProgress, ShowsALongRunAndEscapeStopsIt)

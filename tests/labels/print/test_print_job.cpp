@@ -1,4 +1,5 @@
 #include "labels/print/print_job.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <gtest/gtest.h>
@@ -31,25 +32,13 @@ TEST(PrintJob, CountsAMillionLabelsOfAMillionRows)
 
 TEST(PrintJob, TellsThePrinterWhatItUnderstands)
 {
-    const struct
-    {
-        QString code;
-        QString quality;
-        QString orientation;
-        PrinterSetup expected;
-    } cases[] = {
-        {u"9"_s, u"-4"_s, u"1"_s, {u"d"_s, true, 9, -4, {}}},
-        {u"256"_s, u"600"_s, u"2"_s, {u"d"_s, false, 256, 600, {}}},
-        {u""_s, u""_s, u""_s, {u"d"_s, false, 0, 0, {}}},
-        {u"-3"_s, u"-5"_s, u"01"_s, {u"d"_s, false, 0, 0, {}}},
-        {u"9,4"_s, u"1e9"_s, u"1 "_s, {u"d"_s, false, 9, 0, {}}},
-        {u"99999999999999999999"_s, u"99999999999999999999"_s, u"1"_s, {u"d"_s, true, 0, 0, {}}},
-    };
-    for (const auto &c : cases) {
+    for (const Case &c : cases(u"printer_setups"_s)) {
         LabelLayout layout;
-        layout.paperCode = c.code;
-        layout.quality = c.quality;
-        layout.orientation = c.orientation;
-        EXPECT_EQ(printerSetup(layout, u"d"_s), c.expected) << c.code.toStdString();
+        layout.paperCode = c.value(0);
+        layout.quality = c.value(1);
+        layout.orientation = c.value(2);
+        const PrinterSetup expected{
+            u"d"_s, c.value(3) == u"portrait", c.value(4).toInt(), c.value(5).toInt(), {}};
+        EXPECT_EQ(printerSetup(layout, u"d"_s), expected) << c;
     }
 }

@@ -1,6 +1,5 @@
 #include "labels/print/sheet_grid.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>

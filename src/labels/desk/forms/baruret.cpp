@@ -42,7 +42,7 @@ void Baruret::choose(int index)
 {
     m_numbers.choose(static_cast<ean::Symbology>(m_ui->c1->itemData(index).toInt()));
     m_ui->baslik->setText(m_numbers.caption());
-    m_ui->Text1->setText(m_numbers.rememberedBase());
+    m_ui->Text1->setText(m_numbers.nextBase());
     m_ui->Text1->selectAll();
     showNumber();
 }
@@ -63,6 +63,7 @@ void Baruret::showNumber()
     m_ui->onizleme->setPixmap(QPixmap::fromImage(image));
     m_ui->onizleme->setAccessibleName(number);
     m_ui->kod->setText(number);
+    m_ui->aciklama->setText(m_numbers.rangeHint(m_ui->Text1->text()));
 }
 
 void Baruret::resizeEvent(QResizeEvent *event)

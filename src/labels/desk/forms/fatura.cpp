@@ -30,6 +30,11 @@ fatura::fatura(InvoicePicker &picker, QWidget *parent)
 
 fatura::~fatura() = default;
 
+void fatura::enter()
+{
+    m_ui->c1->setFocus(Qt::ShortcutFocusReason);
+}
+
 void fatura::fill()
 {
     m_picker.load();

@@ -21,6 +21,9 @@ public:
     explicit fatura(InvoicePicker &picker, QWidget *parent = nullptr);
     ~fatura() override;
 
+    /// Starts at the first field, also when the form was in use.
+    void enter();
+
     /// Escape and the window's close button stop a reading that runs, else close the form.
     void reject() override;
 

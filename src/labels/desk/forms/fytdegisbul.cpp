@@ -17,6 +17,11 @@ fytdegisbul::fytdegisbul(PriceChangeRequest &request, QWidget *parent)
 
 fytdegisbul::~fytdegisbul() = default;
 
+void fytdegisbul::enter()
+{
+    m_ui->tr1->setFocus(Qt::ShortcutFocusReason);
+}
+
 void fytdegisbul::find()
 {
     m_request.send({m_ui->tr1->date(), m_ui->tr2->date(), m_ui->sat1->time(), m_ui->sat2->time()});

@@ -21,6 +21,9 @@ public:
     explicit fytdegisbul(PriceChangeRequest &request, QWidget *parent = nullptr);
     ~fytdegisbul() override;
 
+    /// Starts at the first field, also when the form was in use.
+    void enter();
+
 private:
     void find();
 

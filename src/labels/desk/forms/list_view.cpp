@@ -1,6 +1,11 @@
 #include "labels/desk/forms/list_view.h"
 
+#include "labels/desk/forms/form_keys.h"
+#include "labels/desk/forms/list_finder.h"
+
 #include <QHeaderView>
+
+#include <algorithm>
 
 namespace {
 
@@ -24,7 +29,7 @@ ListView::ListView(QWidget *parent) : QTreeView(parent)
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAlternatingRowColors(true);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
@@ -35,15 +40,55 @@ ListView::ListView(QWidget *parent) : QTreeView(parent)
     setPalette(paleSelection());
 }
 
+QList<int> ListView::selectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex &index : selectionModel()->selectedRows())
+        rows += index.row();
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
 int ListView::selectedRow() const
 {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.first().row();
+    if (!selectionModel()->hasSelection())
+        return -1;
+    const QModelIndex current = currentIndex();
+    return selectionModel()->isRowSelected(current.row()) ? current.row()
+                                                          : selectedRows().constFirst();
 }
 
 void ListView::selectRow(int row)
 {
     setCurrentIndex(model()->index(row, 0));
+}
+
+void ListView::selectRows(const QList<int> &rows)
+{
+    if (rows.isEmpty())
+        return;
+    const int last = model()->columnCount() - 1;
+    QItemSelection selection;
+    for (qsizetype from = 0; from < rows.size();) { // neighbours together: there may be thousands
+        qsizetype to = from;
+        while (to + 1 < rows.size() && rows.at(to + 1) == rows.at(to) + 1)
+            ++to;
+        selection.select(model()->index(rows.at(from), 0), model()->index(rows.at(to), last));
+        from = to + 1;
+    }
+    selectRow(rows.last());
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void ListView::markRow(int row)
+{
+    const QModelIndex index = model()->index(row, 0);
+    if (!index.isValid())
+        return;
+    const bool selected = selectionModel()->isRowSelected(row);
+    selectionModel()->setCurrentIndex(index, selected ? QItemSelectionModel::NoUpdate
+                                                      : QItemSelectionModel::ClearAndSelect |
+                                                            QItemSelectionModel::Rows);
 }
 
 void ListView::enter()
@@ -63,6 +108,32 @@ void ListView::reset()
 {
     QTreeView::reset();
     scrollToTop();
+}
+
+void ListView::makeSearchable(const Find &find)
+{
+    m_find = find;
+    m_finder = new ListFinder(*this);
+    onKey(this, Qt::CTRL | Qt::Key_B, [this] { m_finder->start({}); });
+}
+
+void ListView::keyboardSearch(const QString &text)
+{
+    if (m_finder && !text.trimmed().isEmpty())
+        m_finder->start(text);
+}
+
+void ListView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    if (m_finder)
+        m_finder->place();
+}
+
+void ListView::makeSortable()
+{
+    header()->setSectionsClickable(true);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::sortWanted);
 }
 
 QList<int> ListView::widths() const

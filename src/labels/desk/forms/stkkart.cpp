@@ -3,10 +3,15 @@
 #include "labels/desk/forms/form_keys.h"
 #include "labels/desk/forms/gather_menu.h"
 #include "labels/desk/forms/list_menu.h"
+#include "labels/desk/forms/queue_menu.h"
+#include "labels/desk/forms/text_report.h"
 #include "labels/desk/label_desk.h"
 #include "ui_stkkart.h"
 
 #include <QCloseEvent>
+#include <QFileDialog>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +50,16 @@ void stkkart::buildLists()
 {
     m_ui->l1->setModel(&m_desk.stocks());
     m_ui->l2->setModel(&m_desk.queue());
+    m_ui->l1->makeSortable();
+    m_ui->l2->makeSortable();
+    connect(m_ui->l1, &ListView::sortWanted, &m_desk, &LabelDesk::sortStocks);
+    connect(m_ui->l2, &ListView::sortWanted, &m_desk, &LabelDesk::sortQueue);
+    m_ui->l1->makeSearchable([this](const QString &text, int from, int step) {
+        return m_desk.stocks().find(text, from, step);
+    });
+    m_ui->l2->makeSearchable([this](const QString &text, int from, int step) {
+        return m_desk.queue().find(text, from, step);
+    });
     m_ui->splitter->setStretchFactor(0, 5);
     m_ui->splitter->setStretchFactor(1, 3);
 }
@@ -69,6 +84,10 @@ void stkkart::buildMenus()
     queueMenu->addSeparator();
     queueMenu->add(m_ui->removeOne);
     queueMenu->add(m_ui->clearQueue);
+    auto *menu = new QueueMenu(m_desk, this);
+    m_ui->queueMenu->setMenu(menu);
+    connect(menu, &QueueMenu::importWanted, this, &stkkart::chooseImport);
+    connect(menu, &QueueMenu::savedQueuesWanted, this, &stkkart::savedQueuesWanted);
 }
 
 void stkkart::connectSearches()
@@ -77,44 +96,45 @@ void stkkart::connectSearches()
         connect(box, &SearchBox::searched, this, [this, box] { m_lastSearch = box; });
         connect(box, &SearchBox::left, m_ui->l1, &ListView::enterAtTop);
     }
-    connect(m_ui->Text1, &SearchBox::searched, &m_desk, &LabelDesk::stkcinsibul);
-    connect(m_ui->Text4, &SearchBox::searched, &m_desk, &LabelDesk::stkkodbul);
-    connect(m_ui->Text3, &SearchBox::searched, &m_desk, &LabelDesk::brkdbul);
-    connect(m_ui->listAll, &QPushButton::clicked, &m_desk, &LabelDesk::listele);
+    StockLoader &loader = m_desk.loader();
+    connect(m_ui->Text1, &SearchBox::searched, &loader, &StockLoader::stkcinsibul);
+    connect(m_ui->Text4, &SearchBox::searched, &loader, &StockLoader::stkkodbul);
+    connect(m_ui->Text3, &SearchBox::searched, &loader, &StockLoader::brkdbul);
+    connect(m_ui->listAll, &QPushButton::clicked, &loader, &StockLoader::listele);
     connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
     connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
 
-    const auto onOption = [this](QAbstractButton *option, UnitChoice units) {
-        connect(option, &QAbstractButton::clicked, &m_desk,
-                [this, units] { m_desk.setUnits(units); });
+    const auto onOption = [&](QAbstractButton *option, UnitChoice units) {
+        connect(option, &QAbstractButton::clicked, &loader,
+                [&loader, units] { loader.setUnits(units); });
     };
     onOption(m_ui->Option1, UnitChoice::first);
     onOption(m_ui->Option2, UnitChoice::second);
     onOption(m_ui->Option3, UnitChoice::both);
-    m_desk.setUnits(UnitChoice::first);
+    loader.setUnits(UnitChoice::first);
 }
 
 void stkkart::connectQueue()
 {
+    connect(m_ui->scan, &QPushButton::clicked, &m_desk, &LabelDesk::startScan);
     connect(m_ui->addOne, &QPushButton::clicked, this,
-            [this] { m_desk.addOne(m_ui->l1->selectedRow()); });
+            [this] { m_desk.addRows(m_ui->l1->selectedRows()); });
     connect(m_ui->l1, &QTreeView::doubleClicked, m_ui->addOne, &QPushButton::click);
     connect(m_ui->ekbr1, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr1);
     connect(m_ui->ekbr2, &QPushButton::clicked, &m_desk, &LabelDesk::ekbr2);
     connect(m_ui->ektm, &QPushButton::clicked, &m_desk, &LabelDesk::ektm);
 
-    const auto setOne = [this] { m_desk.setCount(m_ui->l2->selectedRow(), m_ui->adet->text()); };
+    const auto setOne = [this] { m_desk.setCounts(m_ui->l2->selectedRows(), m_ui->adet->text()); };
     const auto setAll = [this] { m_desk.setAllCounts(m_ui->Text2->text()); };
     connect(m_ui->adet, &QLineEdit::returnPressed, this, setOne);
     connect(m_ui->Text2, &QLineEdit::returnPressed, this, setAll);
     connect(m_ui->setAllCounts, &QPushButton::clicked, this, setAll);
-    connect(m_ui->removeOne, &QPushButton::clicked, this,
-            [this] { m_desk.removeOne(m_ui->l2->selectedRow()); });
+    connect(m_ui->removeOne, &QPushButton::clicked, this, &stkkart::removeSelected);
     connect(m_ui->clearQueue, &QPushButton::clicked, &m_desk, &LabelDesk::clearQueue);
     connect(m_ui->printAll, &QPushButton::clicked, &m_desk, &LabelDesk::yzdtum);
     connect(m_ui->chooseLayout, &QPushButton::clicked, &m_desk, &LabelDesk::chooseLayout);
     connect(m_ui->printSelected, &QPushButton::clicked, this,
-            [this] { m_desk.yzdsec(m_ui->l2->selectedRow()); });
+            [this] { m_desk.yzdsec(m_ui->l2->selectedRows()); });
     connect(m_ui->l2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &stkkart::showCount);
     connect(&m_desk.queue(), &PrintQueue::modelReset, this, &stkkart::showCount);
@@ -124,9 +144,20 @@ void stkkart::connectDesk()
 {
     connect(&m_desk, &LabelDesk::busyChanged, this, &stkkart::showCommands);
     m_ui->statusBar->watch(m_desk);
-    connect(&m_desk, &LabelDesk::rowQueued, this, [this](int row) { m_ui->l2->selectRow(row); });
-    connect(&m_desk, &LabelDesk::rowPrinting, this, [this](int row) { m_ui->l2->selectRow(row); });
+    connect(&m_desk, &LabelDesk::rowsQueued, m_ui->l2, &ListView::selectRows);
+    connect(&m_desk, &LabelDesk::rowPrinting, m_ui->l2, &ListView::markRow);
+    connect(&m_desk, &LabelDesk::rowWanted, this, [this](int row) {
+        m_ui->l2->selectRow(row);
+        m_ui->l2->setFocus();
+    });
     connect(&m_desk, &LabelDesk::countSet, this, &stkkart::showCount);
+    connect(&m_desk, &LabelDesk::importReported, this, [this](const QString &problems) {
+        auto *report = new TextReport(u"Dosyadan Ekle"_s,
+                                      u"Bu satırlardan etiket çıkmadı; öbürleri kuyruğa eklendi."_s,
+                                      problems, this);
+        report->setAttribute(Qt::WA_DeleteOnClose);
+        report->open();
+    });
     connect(&m_desk, &LabelDesk::allCountsSet, this, [this] {
         m_ui->Text2->setText(u"1"_s);
         m_ui->Text2->selectAll();
@@ -141,6 +172,7 @@ void stkkart::connectNumbers()
     m_ui->barkodsuz->setMenu(new GatherMenu(m_desk, this));
     connect(m_ui->brkdurt, &QPushButton::clicked, &numbers, &NumberDesk::brkdurt);
     connect(m_ui->brgnc, &QPushButton::clicked, &numbers, &NumberDesk::brgnc);
+    connect(&numbers, &NumberDesk::rowRefused, m_ui->l2, &ListView::selectRow);
     connect(&numbers, &NumberDesk::modeChanged, this, &stkkart::showCommands);
     connect(&numbers, &NumberDesk::summaryChanged, m_ui->numberSummary, &QLabel::setText);
     m_ui->numberSummary->setText(numbers.summary());
@@ -158,6 +190,7 @@ void stkkart::connectKeys()
     onKey(m_ui->adet, Qt::Key_Up, [this] { moveInQueue(-1); });
     onKey(m_ui->adet, Qt::Key_Down, [this] { moveInQueue(1); });
 
+    onKey(this, Qt::Key_F2, [this] { m_ui->scan->click(); });
     onKey(this, Qt::Key_F3, [this] { m_ui->Text1->enter(); });
     onKey(this, Qt::Key_F4, [this] { m_ui->Text4->enter(); });
     onKey(this, Qt::Key_F5, [this] { m_ui->Text3->enter(); });
@@ -182,6 +215,26 @@ void stkkart::connectKeys()
     onKey(this, Qt::Key_Escape, [this] { leave(); });
 }
 
+void stkkart::chooseImport()
+{
+    auto *chooser = new QFileDialog(this, u"Kod ve adet dosyası"_s, {},
+                                    u"Kod ve adet (*.csv *.txt);;Bütün dosyalar (*)"_s);
+    chooser->setAttribute(Qt::WA_DeleteOnClose);
+    chooser->setFileMode(QFileDialog::ExistingFile);
+    connect(chooser, &QFileDialog::fileSelected, &m_desk, &LabelDesk::importCounts,
+            Qt::QueuedConnection);
+    chooser->open();
+}
+
+/// The row that takes the place of the first one removed is the next to be worked on.
+void stkkart::removeSelected()
+{
+    const QList<int> rows = m_ui->l2->selectedRows();
+    m_desk.removeRows(rows);
+    if (!rows.isEmpty() && m_ui->l2->selectedRow() < 0)
+        m_ui->l2->selectRow(std::min(rows.first(), m_desk.queue().size() - 1));
+}
+
 void stkkart::moveInQueue(int rows)
 {
     const int row = m_ui->l2->selectedRow() + rows;
@@ -199,17 +252,24 @@ void stkkart::leave()
         m_lastSearch->enter();
 }
 
+/// The count of the selected rows; nothing where they differ.
 void stkkart::showCount()
 {
-    const int row = m_ui->l2->selectedRow();
-    m_ui->adet->setText(row < 0 ? QString() : m_desk.queue().at(row).count);
+    QString shown;
+    const QList<int> rows = m_ui->l2->selectedRows();
+    const auto countOf = [this](int row) { return m_desk.queue().at(row).count; };
+    const bool same = std::all_of(rows.cbegin(), rows.cend(),
+                                  [&](int row) { return countOf(row) == countOf(rows.first()); });
+    if (!rows.isEmpty() && same)
+        shown = QString::number(countOf(rows.first()));
+    m_ui->adet->setText(shown);
     m_ui->adet->selectAll();
 }
 
 void stkkart::showCommands()
 {
     using Commands = std::initializer_list<QWidget *>;
-    const Commands adding = {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
+    const Commands adding = {m_ui->scan, m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm};
     const Commands printing = {m_ui->printSelected, m_ui->chooseLayout, m_ui->printAll};
     const Commands numbering = {m_ui->brkdurt, m_ui->brgnc};
     const bool on = m_desk.numbers().isOn();

@@ -35,6 +35,8 @@ Q_SIGNALS:
     /// Stocks are to be listed from invoices, or by their price changes.
     void faturaWanted();
     void fytdegisbulWanted();
+    /// Queues are to be saved, or opened, by name.
+    void savedQueuesWanted();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -50,6 +52,8 @@ private:
     void connectNumbers();
     void connectKeys();
 
+    void chooseImport();
+    void removeSelected();
     void moveInQueue(int rows);
     void leave();
     void showCount();

@@ -1,11 +1,18 @@
 #include "labels/print/forms/yazfrm.h"
 
+#include "labels/print/forms/printer_calibration.h"
 #include "ui_yazfrm.h"
 
 #include <QPushButton>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kMostPlaces = 500; ///< of a sheet whose picture one can still click on
+
+} // namespace
 
 yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
     : QDialog(parent), m_run(run), m_request(request), m_printers(run.layouts().printers()),
@@ -24,6 +31,16 @@ yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
     connect(m_ui->liste, &QListWidget::itemDoubleClicked, this, &yazfrm::print);
     connect(m_ui->ad, &QLineEdit::textChanged, this, &yazfrm::choose);
     connect(m_ui->yazici, &QComboBox::activated, this, &yazfrm::setPrinter);
+    connect(m_ui->ayar, &QPushButton::clicked, this, [this] {
+        auto *form = new PrinterCalibration(m_run.printerSetting(m_layout), this);
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        form->open();
+    });
+    connect(m_ui->yer, &QSpinBox::valueChanged, this, &yazfrm::showPlaces);
+    connect(m_ui->sayfa, &SheetPlaces::placeChosen, m_ui->yer,
+            [this](qint64 place) { m_ui->yer->setValue(static_cast<int>(place)); });
+    connect(m_ui->kaldigi, &QPushButton::clicked, this,
+            [this] { m_ui->yer->setValue(static_cast<int>(m_run.memory().nextPlace(m_chosen))); });
     connect(m_ui->varsayilan, &QCheckBox::clicked, this, [this](bool on) {
         m_run.layouts().setDefault(on ? m_chosen : QString());
         showPrinter();
@@ -37,23 +54,48 @@ yazfrm::~yazfrm() = default;
 
 void yazfrm::choose(const QString &name)
 {
-    const auto found = m_ui->liste->findItems(layoutFileName(name), Qt::MatchFixedString);
-    m_chosen = found.isEmpty() ? QString() : found.first()->text();
+    m_chosen = m_run.layouts().find(name);
+    const auto found = m_ui->liste->findItems(m_chosen, Qt::MatchExactly);
     {
         // The list follows the box without writing into it: the user may still be typing.
         const QSignalBlocker quiet(m_ui->liste);
         m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
     }
     m_layout = m_chosen.isEmpty() ? LabelLayout() : m_run.layouts().open(m_chosen);
-    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : PrintRun::describe(m_layout));
+    m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen, m_layout));
     showPrinter();
+    offerPlaces();
     showPreview();
+}
+
+/// A sheet of one label has no other place to begin at.
+void yazfrm::offerPlaces()
+{
+    const qint64 places = makePrintJob(m_layout, {}).grid.places();
+    const bool several = !m_chosen.isEmpty() && places > 1 && places <= kMostPlaces;
+    for (QWidget *part :
+         {static_cast<QWidget *>(m_ui->yerYazi), static_cast<QWidget *>(m_ui->yer),
+          static_cast<QWidget *>(m_ui->sayfa), static_cast<QWidget *>(m_ui->kaldigi)})
+        part->setVisible(several);
+    m_ui->yer->setMaximum(several ? static_cast<int>(places) : 1);
+    m_ui->yer->setValue(1);
+    const qint64 next = m_run.memory().nextPlace(m_chosen);
+    m_ui->kaldigi->setVisible(several && next > 1 && next <= places);
+    m_ui->kaldigi->setText(u"&Kaldığı yerden: %1"_s.arg(next));
+    showPlaces();
+}
+
+void yazfrm::showPlaces()
+{
+    m_request.firstPlace = m_ui->yer->value();
+    m_ui->sayfa->show(makePrintJob(m_layout, {}).grid, m_request.firstPlace);
 }
 
 void yazfrm::showPrinter()
 {
     const bool known = !m_chosen.isEmpty();
     m_ui->yazici->setEnabled(known);
+    m_ui->ayar->setEnabled(known && m_printers.contains(m_layout.printer));
     m_ui->varsayilan->setEnabled(known);
     m_ui->varsayilan->setChecked(known && m_run.layouts().defaultName() == m_chosen);
     m_ui->yazici->clear();

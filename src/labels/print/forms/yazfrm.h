@@ -25,6 +25,8 @@ protected:
 private:
     void choose(const QString &name);
     void showPreview();
+    void offerPlaces();
+    void showPlaces();
     void showPrinter();
     void setPrinter();
     void print();

@@ -1,0 +1,64 @@
+#include "labels/desk/forms/shelf_scan_form.h"
+
+#include "common/amount.h"
+#include "labels/desk/label_desk.h"
+#include "ui_shelf_scan_form.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRemembered = 8; ///< scans in the list
+
+} // namespace
+
+ShelfScanForm::ShelfScanForm(LabelDesk &desk, QWidget *parent)
+    : QDialog(parent), m_desk(desk), m_ui(std::make_unique<Ui::ShelfScanForm>())
+{
+    m_ui->setupUi(this);
+    ShelfScan &scan = m_desk.scan();
+    scan.begin();
+    connect(m_ui->giris, &QLineEdit::returnPressed, this, &ShelfScanForm::enter);
+    connect(m_ui->kapat, &QPushButton::clicked, this, &ShelfScanForm::reject);
+    connect(&scan, &ShelfScan::taken, this, &ShelfScanForm::showTaken);
+    connect(&scan, &ShelfScan::refused, this, &ShelfScanForm::showRefused);
+    connect(&scan, &ShelfScan::removalWanted, this, &ShelfScanForm::showTaken);
+    connect(&m_desk.queue(), &PrintQueue::totalChanged, this, &ShelfScanForm::showTotals);
+    showTaken();
+    showTotals();
+    m_ui->giris->setFocus();
+}
+
+ShelfScanForm::~ShelfScanForm() = default;
+
+void ShelfScanForm::enter()
+{
+    const QString text = m_ui->giris->text();
+    m_ui->giris->clear();
+    m_desk.scan().enter(text);
+}
+
+void ShelfScanForm::showTaken()
+{
+    const QueueRow *row = m_desk.scan().last();
+    m_ui->ad->setText(row ? row->name : u"Barkod okutunuz"_s);
+    m_ui->birim->setText(row ? u"%1 · %2"_s.arg(row->unitText(), row->barcode) : QString());
+    m_ui->fiyat->setText(row ? row->price : QString());
+    m_ui->adet->setText(row ? u"%1 etiket"_s.arg(amount::whole(row->count)) : QString());
+    m_ui->durum->clear();
+    if (!row)
+        return;
+    m_ui->son->insertItem(0, u"%1 × %2"_s.arg(amount::whole(row->count), row->name));
+    delete m_ui->son->takeItem(kRemembered);
+}
+
+void ShelfScanForm::showRefused(const QString &reason)
+{
+    m_ui->durum->setText(reason);
+}
+
+void ShelfScanForm::showTotals()
+{
+    m_ui->toplam->setText(u"Kuyrukta %1 satır, %2 etiket"_s.arg(
+        amount::whole(m_desk.queue().size()), amount::whole(m_desk.queue().total())));
+}

@@ -1,0 +1,132 @@
+#include "labels/desk/queue_store.h"
+
+#include "common/amount.h"
+#include "common/program.h"
+#include "common/whole_file.h"
+#include "labels/desk/queue_file.h"
+#include "labels/desk/row_order.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView kOpenQueue = u"kuyruk.csv";
+constexpr QStringView kFolder = u"kuyruklar";
+const QString kEnding = QStringLiteral(".csv");
+
+/// Milliseconds from a change to the disk: a power cut may cost that much, and a thousand counts
+/// typed one after another do not write the file a thousand times.
+constexpr int kSoon = 1000;
+
+constexpr qsizetype kLongestName = 60;
+
+/// Whether every file system takes it as the name of a file.
+bool isFileName(const QString &name)
+{
+    const QString forbidden = u"/\\:*?\"<>|"_s;
+    return !name.isEmpty() && name.size() <= kLongestName && !name.startsWith(u'.') &&
+           !name.endsWith(u'.') && std::all_of(name.begin(), name.end(), [&](QChar c) {
+               return c.isPrint() && !forbidden.contains(c);
+           });
+}
+
+} // namespace
+
+QueueStore::QueueStore(Program &program, PrintQueue &queue, QObject *parent)
+    : QObject(parent), m_program(program), m_queue(queue)
+{
+    m_soon.setSingleShot(true);
+    m_soon.setInterval(kSoon);
+    connect(&m_soon, &QTimer::timeout, this, &QueueStore::write);
+}
+
+QueueStore::~QueueStore()
+{
+    if (m_soon.isActive())
+        write();
+}
+
+void QueueStore::start()
+{
+    m_queue.setRows(readFile(m_program.path(kOpenQueue)));
+    connect(&m_queue, &PrintQueue::changed, &m_soon, qOverload<>(&QTimer::start));
+}
+
+void QueueStore::write()
+{
+    const bool written =
+        writeWholeFile(m_program.path(kOpenQueue), queue_file::write(m_queue.rows()));
+    if (!written && !m_failed)
+        Q_EMIT statusChanged(
+            u"Kuyruk diske yazılamıyor: program kapanırsa kaybolur (disk dolu ya da yazma izni yok)."_s);
+    m_failed = !written;
+}
+
+std::vector<QueueRow> QueueStore::readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    int damaged = 0;
+    std::vector<QueueRow> rows = queue_file::read(file.readAll(), damaged);
+    if (damaged > 0)
+        Q_EMIT statusChanged(
+            u"%1: %2 satır okunamadı."_s.arg(QFileInfo(path).fileName(), amount::whole(damaged)));
+    return rows;
+}
+
+QString QueueStore::path(const QString &name) const
+{
+    return m_program.path(kFolder) + u'/' + name + kEnding;
+}
+
+QStringList QueueStore::names() const
+{
+    QStringList files;
+    for (const QFileInfo &file :
+         QDir(m_program.path(kFolder)).entryInfoList({u'*' + kEnding}, QDir::Files))
+        files += file.completeBaseName();
+    QStringList names;
+    for (const int place : row_order::sorted(files, false, Qt::AscendingOrder))
+        names += files.at(place);
+    return names;
+}
+
+bool QueueStore::exists(const QString &name) const
+{
+    return names().contains(name, Qt::CaseInsensitive);
+}
+
+std::vector<QueueRow> QueueStore::rows(const QString &name)
+{
+    return readFile(path(name));
+}
+
+bool QueueStore::save(const QString &name)
+{
+    if (!isFileName(name)) {
+        m_program.caution(
+            u"Bu ad kullanılamaz: \"%1\"\nEn çok %2 harf yazınız; / \\ : * ? \" < > | "
+            "işaretleri olmasın."_s.arg(name)
+                .arg(kLongestName));
+        return false;
+    }
+    QDir().mkpath(m_program.path(kFolder));
+    if (!writeWholeFile(path(name), queue_file::write(m_queue.rows()))) {
+        m_program.warn(u"Kuyruk kaydedilemedi:\n%1"_s.arg(path(name)));
+        return false;
+    }
+    return true;
+}
+
+void QueueStore::remove(const QString &name)
+{
+    if (!QFile::remove(path(name)))
+        m_program.warn(u"Silinemedi:\n%1"_s.arg(path(name)));
+}

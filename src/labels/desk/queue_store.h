@@ -1,0 +1,48 @@
+#pragma once
+
+#include "labels/desk/print_queue.h"
+
+#include <QObject>
+#include <QTimer>
+
+class Program;
+
+/// Keeps the print queue over a restart, and queues that the shop gave names for another day.
+///
+/// The queue is written to the file `kuyruk.csv` of the working folder soon after every change,
+/// named ones lie in the folder `kuyruklar`.
+class QueueStore final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Both are kept by reference.
+    QueueStore(Program &program, PrintQueue &queue, QObject *parent = nullptr);
+    /// Writes what has not been written yet.
+    ~QueueStore() override;
+
+    /// Fills the queue with what was kept, and keeps it from now on.
+    void start();
+
+    /// Names of the kept queues, in the order of the alphabet.
+    QStringList names() const;
+    bool exists(const QString &name) const;
+    /// The rows kept under a name; what cannot be read of them is told.
+    std::vector<QueueRow> rows(const QString &name);
+    /// Keeps the queue under a name. False, and told, when it could not.
+    bool save(const QString &name);
+    void remove(const QString &name);
+
+Q_SIGNALS:
+    void statusChanged(const QString &text);
+
+private:
+    void write();
+    QString path(const QString &name) const;
+    std::vector<QueueRow> readFile(const QString &path);
+
+    Program &m_program;
+    PrintQueue &m_queue;
+    QTimer m_soon;
+    bool m_failed = false; ///< the last try to write the queue
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "paper/calibration.h"
+
+#include <optional>
+
+/// A page that shows how a printer hits the paper: a ruler cross in each corner and one row to read
+/// off.
+struct CalibrationSheet
+{
+    double inset = 0; ///< mm from the left and upper edge to the first cross, as it should be
+    double row = 0;   ///< mm, length of the row, as it should be
+    std::vector<DrawCommand> commands;
+};
+
+/// `area`: what the printer can print on (mm).
+CalibrationSheet calibrationSheet(QSizeF area);
+
+/// What was read off a printed sheet with a ruler (mm).
+struct SheetReading
+{
+    double left = 0; ///< from the paper's edge to the first cross
+    double top = 0;
+    double row = 0; ///< length of the row
+};
+
+/// The calibration with which the next sheet comes out as it should, given the one the measured
+/// sheet was printed with. Nothing when no printer is as far off as that.
+std::optional<Calibration> calibrated(const Calibration &printed, const CalibrationSheet &sheet,
+                                      const SheetReading &reading);

@@ -1,0 +1,303 @@
+#include "labels/print/print_problems.h"
+
+#include "common/amount.h"
+#include "labels/print/label_fields.h"
+#include "labels/print/label_preview.h"
+#include "labels/print/scannability.h"
+#include "paper/millimetres.h"
+
+#include <QSet>
+#include <QStringList>
+
+#include <algorithm>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kEdgeSlack = 0.3;        ///< mm that nobody sees
+constexpr qsizetype kShownName = 24;      ///< characters of a caption
+constexpr long long kMostPlaces = 10'000; ///< of a sheet are looked at
+
+QString shortened(const QString &text)
+{
+    return text.size() > kShownName ? text.left(kShownName - 1) + u'…' : text;
+}
+
+/// The element as its owner would call it.
+QString elementName(const PrintJob &job, ElementRef element)
+{
+    const auto index = static_cast<std::size_t>(element.index);
+    switch (static_cast<ElementKind>(element.kind)) {
+    case ElementKind::picture:
+        return u"“%1” resmi"_s.arg(shortened(job.pictures[index].file));
+    case ElementKind::barcode:
+        return job.barcodes.size() > 1 ? u"%1. barkod"_s.arg(index + 1) : u"barkod"_s;
+    case ElementKind::text:
+        return u"“%1” yazısı"_s.arg(shortened(
+            job.texts[index].field.isEmpty() ? job.texts[index].caption : job.texts[index].field));
+    }
+    return {};
+}
+
+/// Looks through the rows of a job in printing order.
+class ProblemFinder
+{
+public:
+    ProblemFinder(const PrintJob &job, const PrintSurface &surface)
+        : m_job(job), m_surface(surface), m_fonts(surface.dpi), m_pictures(surface.pictures),
+          m_builder(job, m_fonts), m_room(labelRoom(job)), m_farthest(farthestPlace())
+    {}
+
+    std::vector<PrintProblem> find()
+    {
+        lookAtLayout();
+        for (const LabelRow &row : m_job.rows)
+            if (row.count > 0)
+                lookAtRow(row);
+        for (const auto &[element, beyond] : m_beyond)
+            addBeyond({element.first, element.second}, beyond);
+        m_ofLayout.insert(m_ofLayout.end(), m_ofRows.begin(), m_ofRows.end());
+        return std::move(m_ofLayout);
+    }
+
+private:
+    /// The place that lies farthest right and the one farthest down, of those printed on.
+    QPointF farthestPlace() const
+    {
+        GridWalk walk(m_job.grid, m_job.firstPlace);
+        QPointF farthest;
+        const qint64 labels = std::min<qint64>(m_job.labelCount(), kMostPlaces);
+        for (qint64 i = 0; i < labels; ++i) {
+            const GridWalk::Place place = walk.next();
+            farthest = {std::max(farthest.x(), static_cast<double>(place.x)),
+                        std::max(farthest.y(), static_cast<double>(place.y))};
+        }
+        return farthest;
+    }
+
+    void layoutProblem(ElementRef element, const QString &text)
+    {
+        const QString key = u"%1 %2 %3"_s.arg(element.kind).arg(element.index).arg(text);
+        if (m_known.contains(key))
+            return;
+        m_known.insert(key);
+        m_ofLayout.push_back({true, -1, {}, element, text});
+    }
+
+    void rowProblem(const LabelRow &row, ElementRef element, const QString &text)
+    {
+        const QString &name = row.stockName.isEmpty() ? row.stockCode : row.stockName;
+        m_ofRows.push_back({false, row.queueRow, name, element, text});
+    }
+
+    bool isKnown(const QString &field) const
+    {
+        return std::any_of(m_job.rows.cbegin(), m_job.rows.cend(),
+                           [&](const LabelRow &row) { return isKnownField(field, row); });
+    }
+
+    void lookAtLayout()
+    {
+        if (!m_job.grid.isCountable())
+            layoutProblem({}, u"sayfadaki etiket adetleri pozitif tam sayı değil; etiketler "
+                              u"sayfalara bölünmeden yan yana basılır"_s);
+        for (std::size_t i = 0; i < m_job.texts.size(); ++i) {
+            const QString &field = m_job.texts[i].field;
+            m_hasPrice = m_hasPrice || field == kPriceField;
+            if (!field.isEmpty() && !isKnown(field))
+                layoutProblem(elementRef(ElementKind::text, i),
+                              u"“%1” adlı alan yok, yeri boş kalır"_s.arg(shortened(field)));
+        }
+        for (std::size_t i = 0; i < m_job.pictures.size(); ++i) {
+            const QString &file = m_job.pictures[i].file;
+            if (!file.isEmpty() && m_pictures.find(file, {1, 1}).isNull())
+                layoutProblem(elementRef(ElementKind::picture, i),
+                              u"“%1” resmi bulunamadı ya da açılamıyor"_s.arg(shortened(file)));
+        }
+    }
+
+    void lookAtRow(const LabelRow &row)
+    {
+        const BuiltLabel label = m_builder.label(row);
+        if (!m_job.barcodes.empty()) {
+            const QString fault = numberFault(row.barcode, m_symbology);
+            m_symbology = ean::bySize(row.barcode, m_symbology);
+            if (!fault.isEmpty())
+                rowProblem(row, {}, fault);
+        }
+        if (m_hasPrice && row.price.trimmed().isEmpty())
+            rowProblem(row, {}, u"fiyatı yok"_s);
+        else if (m_hasPrice && amount::parse(row.price) == 0.0)
+            rowProblem(row, {}, u"fiyatı sıfır"_s);
+        for (const std::size_t text : label.overflowing) {
+            const ElementRef element = elementRef(ElementKind::text, text);
+            rowProblem(row, element, elementName(m_job, element) + u" kutusuna sığmıyor"_s);
+        }
+        for (const DrawCommand &command : label.commands)
+            lookAtCommand(row, label, command);
+    }
+
+    void lookAtCommand(const LabelRow &row, const BuiltLabel &label, const DrawCommand &command)
+    {
+        if (const auto *const bars = std::get_if<BarsCommand>(&command.shape)) {
+            const QString key = bars->symbol.name + QString::number(command.element.index);
+            if (!m_judged.contains(key)) { // alike for all numbers of a symbology
+                m_judged.insert(key);
+                for (const ScanFault &fault : barFaults(*bars, m_room, m_fonts))
+                    layoutProblem(command.element, barcodeText(command.element, fault.text));
+            }
+            if (const auto cover = coverFault(label, command, m_job, m_fonts, m_pictures)) {
+                const QString text = barcodeText(command.element, cover->text);
+                if (cover->fromRowTexts)
+                    rowProblem(row, command.element, text);
+                else
+                    layoutProblem(command.element, text);
+            }
+        }
+        lookAtPlace(command);
+    }
+
+    QString barcodeText(ElementRef element, const QString &fault) const
+    {
+        return m_job.barcodes.size() > 1 ? elementName(m_job, element) + u": "_s + fault : fault;
+    }
+
+    /// Whether what a command draws is on the label, and where the printer can reach.
+    void lookAtPlace(const DrawCommand &command)
+    {
+        const QRectF ink = boundingBox(command, m_fonts);
+        if (!onPaper(ink.topLeft()) || !onPaper(ink.bottomRight()))
+            return;
+        const QRectF label =
+            QRectF(QPointF(), m_room).adjusted(-kEdgeSlack, -kEdgeSlack, kEdgeSlack, kEdgeSlack);
+        const bool isBars = std::holds_alternative<BarsCommand>(command.shape);
+        if (!isBars && !m_room.isEmpty() && !label.contains(ink))
+            layoutProblem(command.element,
+                          elementName(m_job, command.element) + u" etiketin dışına taşıyor"_s);
+
+        // The farthest places of the sheet decide; the first ones where something stands out left.
+        const QPointF first(static_cast<double>(m_job.grid.left),
+                            static_cast<double>(m_job.grid.top));
+        const QPointF start = m_surface.calibration.place(ink.topLeft() + first);
+        const QPointF end = m_surface.calibration.place(ink.bottomRight() + m_farthest);
+        Beyond &most = m_beyond[{command.element.kind, command.element.index}];
+        most.left = std::max(most.left, -start.x());
+        most.above = std::max(most.above, -start.y());
+        if (!m_surface.area.isEmpty()) {
+            most.right = std::max(most.right, end.x() - m_surface.area.width());
+            most.below = std::max(most.below, end.y() - m_surface.area.height());
+        }
+    }
+
+    /// By how much (mm) an element reaches over each edge of what the printer can print on.
+    struct Beyond
+    {
+        double left = 0;
+        double above = 0;
+        double right = 0;
+        double below = 0;
+    };
+
+    void addBeyond(ElementRef element, const Beyond &beyond)
+    {
+        QStringList edges;
+        const auto add = [&](const QString &edge, double mm) {
+            if (mm > kEdgeSlack)
+                edges += edge + u' ' + amount::length(mm) + u" mm"_s;
+        };
+        add(u"solda"_s, beyond.left);
+        add(u"üstte"_s, beyond.above);
+        add(u"sağda"_s, beyond.right);
+        add(u"altta"_s, beyond.below);
+        if (!edges.isEmpty())
+            layoutProblem(element, u"%1 yazıcının basamadığı kenara taşıyor: %2"_s.arg(
+                                       elementName(m_job, element), edges.join(u", "_s)));
+    }
+
+    const PrintJob &m_job;
+    const PrintSurface &m_surface;
+    DeviceFonts m_fonts;
+    PictureStore m_pictures;
+    LabelBuilder m_builder;
+    QSizeF m_room;
+    QPointF m_farthest;
+    ean::Symbology m_symbology = ean::Symbology::ean13;
+    bool m_hasPrice = false;
+    QSet<QString> m_known;
+    QSet<QString> m_judged;
+    std::map<std::pair<int, int>, Beyond> m_beyond; ///< by kind and index of the element
+    std::vector<PrintProblem> m_ofLayout;
+    std::vector<PrintProblem> m_ofRows;
+};
+
+} // namespace
+
+std::vector<PrintProblem> findPrintProblems(const PrintJob &job, const PrintSurface &surface)
+{
+    return ProblemFinder(job, surface).find();
+}
+
+QString layoutProblemKey(const std::vector<PrintProblem> &problems)
+{
+    QStringList texts;
+    for (const PrintProblem &problem : problems)
+        if (problem.ofLayout)
+            texts += problem.text;
+    texts.sort();
+    return texts.join(u'|');
+}
+
+PrintProblemList::PrintProblemList(std::vector<PrintProblem> problems, QObject *parent)
+    : QAbstractTableModel(parent), m_problems(std::move(problems))
+{}
+
+bool PrintProblemList::hasLayoutProblems() const
+{
+    return !m_problems.empty() && m_problems.front().ofLayout;
+}
+
+QString PrintProblemList::heading() const
+{
+    QSet<std::pair<int, QString>> rows;
+    for (const PrintProblem &one : m_problems)
+        if (!one.ofLayout)
+            rows.insert({one.queueRow, one.stock});
+    QStringList where;
+    if (hasLayoutProblems())
+        where += u"tasarımda"_s;
+    if (!rows.isEmpty())
+        where += u"%1 satırda"_s.arg(amount::whole(rows.size()));
+    return u"Sandığınızdan başka çıkacak etiketler var (%1). Yine de yazdırılsın mı?"_s.arg(
+        where.join(u", "_s));
+}
+
+int PrintProblemList::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_problems.size());
+}
+
+int PrintProblemList::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : columns;
+}
+
+QVariant PrintProblemList::data(const QModelIndex &index, int role) const
+{
+    const PrintProblem &one = at(index.row());
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+        return {};
+    if (index.column() == problem)
+        return one.text;
+    if (one.ofLayout)
+        return u"Tasarım"_s;
+    return one.queueRow < 0 ? one.stock : u"%1. %2"_s.arg(one.queueRow + 1).arg(one.stock);
+}
+
+QVariant PrintProblemList::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return section == stock ? u"Satır"_s : u"Nasıl çıkacak"_s;
+}

@@ -1,0 +1,203 @@
+#include "labels/print/scannability.h"
+
+#include "common/amount.h"
+#include "labels/print/label_preview.h"
+#include "paper/command_painter.h"
+#include "paper/millimetres.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Scanners see by red light: bars must be this much darker in red than the paper (of 255).
+constexpr int kLeastContrast = 0x80;
+constexpr double kModuleSlack = 0.0005; ///< mm
+constexpr double kHeightSlack = 0.005;  ///< of the height
+constexpr double kEdgeSlack = 0.05;     ///< mm
+
+QString number(double value, double unit)
+{
+    return amount::plain(std::round(value / unit) * unit);
+}
+
+bool isNumber(QStringView text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
+struct Drawn
+{
+    BarsGeometry geometry;
+    int bottom = 0; ///< dots, lower end of the plain bars
+};
+
+std::optional<Drawn> drawn(const BarsCommand &bars, const DeviceFonts &fonts)
+{
+    const auto geometry = fitBars(bars.symbol, bars.box, fonts.dpi());
+    if (!geometry)
+        return {};
+    const DigitStyle digits = digitStyle(bars.symbol, *geometry, fonts.find(bars.font).font());
+    return Drawn{*geometry, barsBottom(*geometry, digits)};
+}
+
+double moduleWidth(const BarsGeometry &geometry, QSizeF dpi)
+{
+    return geometry.module * kMmPerInch / dpi.width();
+}
+
+/// Height of the bars over the height that goes with their module.
+double heightShare(const BarSymbol &symbol, const Drawn &bars, QSizeF dpi)
+{
+    const double height = (bars.bottom - bars.geometry.top) * kMmPerInch / dpi.height();
+    return height / (symbol.barHeight * moduleWidth(bars.geometry, dpi));
+}
+
+/// Bars and quiet zones, in dots.
+QRect zone(const BarSymbol &symbol, const Drawn &bars)
+{
+    const int left = bars.geometry.x(-symbol.quietLeft);
+    const int right = bars.geometry.x(symbol.modules + symbol.quietRight);
+    return {left, bars.geometry.top, right - left, bars.bottom - bars.geometry.top};
+}
+
+QRectF inMillimetres(const QRect &dots, QSizeF dpi)
+{
+    return {toMillimetres(dots.topLeft(), dpi),
+            toMillimetres(QPointF(dots.right() + 1, dots.bottom() + 1), dpi)};
+}
+
+bool isBound(ElementRef element, const PrintJob &job)
+{
+    return element.kind == static_cast<int>(ElementKind::text) &&
+           !job.texts[static_cast<std::size_t>(element.index)].field.isEmpty();
+}
+
+/// Whether commands leave ink in a zone (dots) on which bars of that red could not be told apart.
+bool darkens(const std::vector<DrawCommand> &commands, const QRect &zone, int red,
+             const DeviceFonts &fonts, PictureStore &pictures)
+{
+    QImage image(zone.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        painter.translate(-zone.topLeft());
+        CommandPainter(painter, fonts, pictures).paint(commands);
+    }
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (std::any_of(line, line + image.width(),
+                        [red](QRgb dot) { return qRed(dot) < red + kLeastContrast; }))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QString numberFault(QStringView number, ean::Symbology inForce)
+{
+    if (number.isEmpty())
+        return u"barkodu yok"_s;
+    if (!isNumber(number))
+        return u"barkodda rakamdan başka karakter var, çizilmez: %1"_s.arg(number);
+    const QString printed = ean::completed(ean::bySize(number, inForce), number);
+    if (printed == number)
+        return {};
+    if (!printed.isEmpty())
+        return u"barkod %1 değil, %2 olarak basılır"_s.arg(number, printed);
+    if (number.size() != 8 && number.size() != 13)
+        return u"barkod 8 ya da 13 haneli değil, çizilmez: %1"_s.arg(number);
+    return u"barkodun son hanesi yanlış, çizilmez: %1"_s.arg(number);
+}
+
+std::vector<ScanFault> barFaults(const BarsCommand &bars, QSizeF label, const DeviceFonts &fonts)
+{
+    const auto symbol = drawn(bars, fonts);
+    if (!symbol)
+        return {{ScanFault::room, u"barkod kutusuna sığmıyor"_s}};
+
+    std::vector<ScanFault> faults;
+    const double module = moduleWidth(symbol->geometry, fonts.dpi());
+    if (module < kNarrowestModule - kModuleSlack)
+        faults.push_back(
+            {ScanFault::module, u"çizgileri bu yazıcıda çok ince: %1 mm (en az %2)"_s.arg(
+                                    number(module, 0.001), number(kNarrowestModule, 0.001))});
+    else if (symbol->geometry.module < kFewestDots)
+        faults.push_back({ScanFault::module, u"en ince çizgisi bu yazıcıda tek nokta"_s});
+    const double share = heightShare(bars.symbol, *symbol, fonts.dpi());
+    if (share < kLeastHeight - kHeightSlack)
+        faults.push_back(
+            {ScanFault::height, u"barkod çok alçak: boyu %%1 (en az %%2)"_s.arg(
+                                    number(share * 100, 1), number(kLeastHeight * 100, 1))});
+    const QRectF whole(QPointF(), label);
+    const QRectF reach = inMillimetres(zone(bars.symbol, *symbol), fonts.dpi());
+    if (!label.isEmpty() &&
+        !whole.adjusted(-kEdgeSlack, -kEdgeSlack, kEdgeSlack, kEdgeSlack).contains(reach))
+        faults.push_back(
+            {ScanFault::outside, u"barkod ya da boşluk payı etiketin dışına taşıyor"_s});
+    if (qRed(bars.colour) >= 256 - kLeastContrast)
+        faults.push_back({ScanFault::colour, u"barkodun rengi okuyucu için çok açık"_s});
+    return faults;
+}
+
+std::optional<ScanFault> coverFault(const BuiltLabel &label, const DrawCommand &bars,
+                                    const PrintJob &job, const DeviceFonts &fonts,
+                                    PictureStore &pictures)
+{
+    const auto &command = std::get<BarsCommand>(bars.shape);
+    std::vector<DrawCommand> others;
+    for (const DrawCommand &other : label.commands)
+        if (other.element != bars.element && boundingBox(other, fonts).intersects(command.box))
+            others.push_back(other);
+    const auto symbol = others.empty() ? std::nullopt : drawn(command, fonts);
+    if (!symbol ||
+        !darkens(others, zone(command.symbol, *symbol), qRed(command.colour), fonts, pictures))
+        return {};
+    const bool fromRow = std::all_of(others.cbegin(), others.cend(), [&](const DrawCommand &other) {
+        return isBound(other.element, job);
+    });
+    return ScanFault{ScanFault::covered,
+                     u"barkodun ya da boşluk payının üstüne başka öğe geliyor"_s, fromRow};
+}
+
+std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
+                                               const DeviceFonts &fonts, PictureStore &pictures)
+{
+    std::vector<std::vector<ScanFault>> all(job.barcodes.size());
+    for (const DrawCommand &command : label.commands) {
+        const auto *const bars = std::get_if<BarsCommand>(&command.shape);
+        if (bars == nullptr)
+            continue;
+        auto &faults = all[static_cast<std::size_t>(command.element.index)];
+        faults = barFaults(*bars, labelRoom(job), fonts);
+        if (auto cover = coverFault(label, command, job, fonts, pictures))
+            faults.push_back(std::move(*cover));
+    }
+    return all;
+}
+
+QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi)
+{
+    constexpr double step = 0.1; // mm, as layout files keep lengths
+    const double dot = kMmPerInch / dpi;
+    const int dots =
+        std::max(static_cast<int>(std::ceil((kNarrowestModule - kModuleSlack) / dot)), kFewestDots);
+    const double width = std::ceil(dots * symbol.totalModules() * dot / step) * step;
+
+    const DeviceFonts fonts({dpi, dpi});
+    BarsCommand bars{{0, 0, width, 0}, symbol, digits, 0};
+    double height = std::floor(symbol.barHeight * dots * dot * kLeastHeight / step) * step;
+    for (; height < kLongestPaper; height += step) {
+        bars.box.setHeight(height);
+        const auto drawnBars = drawn(bars, fonts);
+        if (drawnBars && heightShare(symbol, *drawnBars, fonts.dpi()) >= kLeastHeight)
+            break;
+    }
+    return {width, height};
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "labels/print/label_builder.h"
+#include "paper/picture_store.h"
+
+/// Whether a shop's scanner can be trusted to read a barcode as it will be printed. One rule for
+/// the canvas on which labels are drawn, for its panel and for the question before printing.
+
+/// Figures of the field for what must at least be printed.
+inline constexpr double kNarrowestModule = 0.264; ///< mm, the symbol at 80 %
+inline constexpr int kFewestDots = 2;             ///< of the printer, in a module
+inline constexpr double kLeastHeight = 0.8;       ///< of the height that goes with the module
+
+/// Why a barcode may not be read.
+struct ScanFault
+{
+    enum Kind
+    {
+        room,    ///< no symbol goes into the element's box
+        module,  ///< its bars are too narrow
+        height,  ///< its bars are cut too low
+        outside, ///< its quiet zone reaches beyond the label
+        covered, ///< something else is printed on it or on its quiet zone
+        colour   ///< its bars look like paper to a scanner
+    };
+    Kind kind = room;
+    QString text;              ///< for the user, in lower case
+    bool fromRowTexts = false; ///< only texts that differ from row to row are to blame
+
+    friend bool operator==(const ScanFault &, const ScanFault &) = default;
+};
+
+/// What keeps a number from being printed as it is: missing, of a wrong length, with a wrong check
+/// digit, or completed to another number; "" when nothing does. `inForce`: the symbology of the
+/// barcode before it, which numbers of unusual length take.
+QString numberFault(QStringView number, ean::Symbology inForce);
+
+/// The faults of one barcode that come from its element, the label (mm, empty: not known) and the
+/// device alone.
+std::vector<ScanFault> barFaults(const BarsCommand &bars, QSizeF label, const DeviceFonts &fonts);
+
+/// The fault of a barcode that others of the label's commands are drawn over or beneath.
+std::optional<ScanFault> coverFault(const BuiltLabel &label, const DrawCommand &bars,
+                                    const PrintJob &job, const DeviceFonts &fonts,
+                                    PictureStore &pictures);
+
+/// All faults of the barcodes of one built label, by the number of the barcode in the layout.
+std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
+                                               const DeviceFonts &fonts, PictureStore &pictures);
+
+/// The smallest box (mm) in which a symbol is free of faults at a resolution (dots per inch).
+QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi);

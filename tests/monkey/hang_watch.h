@@ -1,0 +1,55 @@
+#pragma once
+
+#include "monkey/step_log.h"
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <pthread.h>
+#include <thread>
+
+/// Ends the program, with the stack of the hanging thread where the sanitizers are on, when the
+/// event loop stands still for longer than the shop would wait.
+class HangWatch
+{
+public:
+    static constexpr std::chrono::seconds kLongest{6};
+
+    HangWatch() : m_user(pthread_self()), m_thread([this] { watch(); }) { beat(); }
+    ~HangWatch()
+    {
+        m_over = true;
+        m_thread.join();
+    }
+    HangWatch(const HangWatch &) = delete;
+    HangWatch &operator=(const HangWatch &) = delete;
+
+    static void beat() { s_beat = std::chrono::steady_clock::now(); }
+
+    /// Ends the program at once: what was found would be hidden by an orderly end.
+    [[noreturn]] static void fail(int code)
+    {
+        std::fflush(nullptr);
+        std::_Exit(code);
+    }
+
+private:
+    void watch()
+    {
+        while (!m_over) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            if (std::chrono::steady_clock::now() - s_beat.load() < kLongest)
+                continue;
+            std::fputs("the event loop stands still\n", stderr);
+            pthread_kill(m_user, SIGABRT);
+            std::this_thread::sleep_for(std::chrono::seconds(20));
+        }
+    }
+
+    inline static std::atomic<std::chrono::steady_clock::time_point> s_beat;
+    std::atomic<bool> m_over = false;
+    pthread_t m_user;
+    std::thread m_thread;
+};
