@@ -4,7 +4,7 @@
 #   forms     windows: no platform, no statements
 #   paper     a floor beneath the rooms: includes itself and Qt alone
 #   rooms     do not include each other's forms; labels/print may read labels/layout,
-#             labels/desk (stock list, queue, documents, numbers) both
+#             labels/desk (stock list, queue, documents, numbers) and labels/designer both
 set -euo pipefail
 shopt -s lastpipe # so that refuse() marks the failure in this shell, not in a copy of it
 cd "$(dirname "$0")/.."
@@ -34,13 +34,14 @@ git ls-files 'src/paper/*' | refuse "paper leans on what stands upon it" \
 git ls-files 'src/*.h' 'src/*.cpp' | refuse "string connect or a forgotten mark" \
     '\b(SIGNAL|SLOT)\(|\b(TODO|FIXME|XXX)\b'
 
-for room in shell sales labels/layout labels/print labels/desk; do
-    for other in shell sales labels/layout labels/print labels/desk; do
+for room in shell sales labels/layout labels/print labels/desk labels/designer; do
+    for other in shell sales labels/layout labels/print labels/desk labels/designer; do
         [ "$room" = "$other" ] && continue
         git ls-files "src/$room/*.h" "src/$room/*.cpp" |
             refuse "$room includes a form of $other" "#include \"$other/forms/"
         case "$room $other" in
-        "labels/print labels/layout" | "labels/desk labels/layout" | "labels/desk labels/print") continue ;;
+        "labels/print labels/layout" | "labels/desk labels/layout" | "labels/desk labels/print" | \
+            "labels/designer labels/layout" | "labels/designer labels/print") continue ;;
         esac
         git ls-files "src/$room/*.h" "src/$room/*.cpp" |
             refuse "$room leans on $other" "#include \"$other/"

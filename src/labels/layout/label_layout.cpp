@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -114,7 +115,7 @@ public:
         }
     }
 
-    const std::vector<KeyEntry> &entries() const { return m_entries; }
+    std::vector<KeyEntry> take() { return std::move(m_entries); }
 
 private:
     std::vector<KeyEntry> m_entries;
@@ -297,7 +298,7 @@ LabelLayout openLayout(KeyFile &keys, const QString &file)
     return layout;
 }
 
-bool saveLayout(KeyFile &keys, const QString &file, const LabelLayout &layout)
+std::vector<KeyEntry> layoutEntries(const LabelLayout &layout)
 {
     Writer out;
     out.putElements(u"pc"_s, layout.pictures, putPicture);
@@ -307,7 +308,12 @@ bool saveLayout(KeyFile &keys, const QString &file, const LabelLayout &layout)
         out.enter(QString::fromUtf16(page.section));
         out.put(QString::fromUtf16(page.key), layout.*page.value);
     }
-    return keys.rewrite(file, out.entries());
+    return out.take();
+}
+
+bool saveLayout(KeyFile &keys, const QString &file, const LabelLayout &layout)
+{
+    return keys.rewrite(file, layoutEntries(layout));
 }
 
 QString layoutFileName(const QString &name)

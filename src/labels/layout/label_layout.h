@@ -104,6 +104,9 @@ QString pictureFolder(const QString &directory);
 /// each kind ends at the first serial number whose width is empty.
 LabelLayout openLayout(KeyFile &keys, const QString &file);
 
+/// Everything a layout file holds, in its order.
+std::vector<KeyEntry> layoutEntries(const LabelLayout &layout);
+
 /// Writes a layout file anew, all its elements. Texts longer than 254 characters are cut when they
 /// are read again. Returns false when it could not be written; an older file of that name is then
 /// unharmed.
