@@ -58,7 +58,8 @@ void fitToScreen(QWidget &form)
 Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     : m_program(program), m_autostart(autostart), m_tray(tray), m_probe(program.directory()),
       m_link(program), m_start(program, m_link), m_desk(program), m_invoices(program),
-      m_changes(program), m_print(program), m_till(program), m_strt(m_start, m_link)
+      m_changes(program), m_print(program), m_till(program), m_design(program, m_print, m_desk),
+      m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -110,6 +111,7 @@ void Rooms::connectMenu()
     };
     onItem(&strt::stfaturaWanted, &Rooms::showSales);
     onItem(&strt::stkkartWanted, &Rooms::showStockList);
+    onItem(&strt::designWanted, &Rooms::showDesigner);
     onItem(&strt::baglanWanted, &Rooms::showConnection);
     onItem(&strt::loginWanted, &Rooms::showLogin);
     onItem(&strt::kakkndWanted, &Rooms::showAbout);
@@ -196,8 +198,16 @@ void Rooms::chooseLayout(const PrintRequest &request)
     showForm(m_yazfrm, [&] {
         auto *form = new yazfrm(m_print, request, m_stkkart);
         form->setModal(true);
+        connect(
+            form, &yazfrm::designWanted, this,
+            [this](const QString &layout) { m_design.show(layout); }, Qt::QueuedConnection);
         return form;
     });
+}
+
+void Rooms::showDesigner()
+{
+    m_design.show();
 }
 
 void Rooms::showProblems(const std::vector<PrintProblem> &problems)
@@ -214,6 +224,8 @@ void Rooms::open()
 {
     m_desk.keepQueue();
     m_strt.load();
+    QMetaObject::invokeMethod(
+        &m_design, [this] { m_design.offerRecovery(); }, Qt::QueuedConnection);
 }
 
 void Rooms::showStockList()
@@ -223,6 +235,7 @@ void Rooms::showStockList()
         auto *form = new stkkart(m_desk);
         giveMenu(form->menuButton());
         connect(form, &stkkart::faturaWanted, this, &Rooms::showInvoices);
+        connect(form, &stkkart::designWanted, this, &Rooms::showDesigner);
         connect(form, &stkkart::fytdegisbulWanted, this, &Rooms::showPriceChanges);
         connect(form, &stkkart::savedQueuesWanted, this, &Rooms::showSavedQueues);
         return form;
@@ -381,7 +394,7 @@ void Rooms::end()
     if (std::exchange(m_ending, true)) // asked for again from the tray while a question is open
         return;
     m_invoices.stop();
-    const bool ends = m_desk.mayClose() && (!m_stfatura || m_till.mayClose());
+    const bool ends = m_desk.mayClose() && (!m_stfatura || m_till.mayClose()) && m_design.close();
     m_ending = false;
     if (!ends) {
         m_restart = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/design_room.h"
 #include "common/autostart.h"
 #include "common/program.h"
 #include "labels/desk/invoice_picker.h"
@@ -53,6 +54,7 @@ public:
     void open();
 
     void showStockList();
+    void showDesigner();
     void showSales();
     void showConnection();
     void showLogin();
@@ -101,6 +103,7 @@ private:
     PriceChangeRequest m_changes;
     PrintRun m_print;
     TillSession m_till;
+    DesignRoom m_design;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;

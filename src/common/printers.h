@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QSizeF>
 #include <QStringList>
 
@@ -20,6 +21,16 @@ struct PrinterSetup
     QSizeF paper;         ///< paper size in mm, for codes that name no standard size; may be empty
 
     friend bool operator==(const PrinterSetup &, const PrinterSetup &) = default;
+};
+
+/// A paper that a printer can be told to use.
+struct PrinterPaper
+{
+    QString name;
+    int code = 0; ///< Windows paper size number
+    QSizeF size;  ///< mm, upright
+
+    friend bool operator==(const PrinterPaper &, const PrinterPaper &) = default;
 };
 
 /// A printer that cannot be opened or fails while printing; the text is for the user.
@@ -57,6 +68,9 @@ public:
 
     /// Device names, in the system's order, the built-in one last.
     virtual QStringList names() const = 0;
+
+    /// The papers of a printer, or the usual ones for a printer that names none.
+    virtual QList<PrinterPaper> papers(const QString &) const { return {}; }
 
     /// Opens the first printer of exactly that name; null when there is none. Throws PrintError.
     virtual std::unique_ptr<PrintDocument> open(const QString &name, const PrinterSetup &setup) = 0;

@@ -27,6 +27,10 @@ class RecordingPrinters final : public Printers
 {
 public:
     QStringList names() const override { return list; }
+    QList<PrinterPaper> papers(const QString &) const override
+    {
+        return {{QStringLiteral("A4"), 9, {210, 297}}, {QStringLiteral("A5"), 11, {148, 210}}};
+    }
     std::unique_ptr<PrintDocument> open(const QString &name, const PrinterSetup &setup) override
     {
         if (!list.contains(name))

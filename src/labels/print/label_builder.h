@@ -1,18 +1,12 @@
 #pragma once
 
+#include "labels/layout/label_ref.h"
 #include "labels/print/ean.h"
 #include "labels/print/print_job.h"
 #include "paper/text_block.h"
 
-/// What a draw command of a label was made for: its ElementRef::kind, the index counting from 0 in
-/// the layout's list of that kind.
-enum class ElementKind
-{
-    picture = 1,
-    barcode = 2,
-    text = 3
-};
-
+/// What a draw command of a label was made for: its ElementRef::kind is the kind of element, the
+/// index counts from 0 in the layout's list of that kind.
 inline ElementRef elementRef(ElementKind kind, std::size_t index)
 {
     return {static_cast<int>(kind), static_cast<int>(index)};

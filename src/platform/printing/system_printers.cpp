@@ -4,6 +4,7 @@
 #include "platform/printing/pdf_document.h"
 #include "platform/printing/spooler.h"
 
+#include <QPageSize>
 #include <QPrinterInfo>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,20 @@ QStringList SystemPrinters::names() const
     if (!names.contains(kPdfPrinter))
         names += kPdfPrinter.toString();
     return names;
+}
+
+QList<PrinterPaper> SystemPrinters::papers(const QString &name) const
+{
+    QList<QPageSize> sizes = QPrinterInfo::printerInfo(name).supportedPageSizes();
+    if (sizes.isEmpty())
+        for (const auto id : {QPageSize::A4, QPageSize::A5, QPageSize::A6, QPageSize::Letter,
+                              QPageSize::Legal, QPageSize::EnvelopeDL})
+            sizes += QPageSize(id);
+    QList<PrinterPaper> papers;
+    for (const QPageSize &size : sizes)
+        if (size.windowsId() != 0)
+            papers += {size.name(), size.windowsId(), size.size(QPageSize::Millimeter)};
+    return papers;
 }
 
 std::unique_ptr<PrintDocument> SystemPrinters::open(const QString &name, const PrinterSetup &setup)

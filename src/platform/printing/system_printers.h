@@ -13,6 +13,7 @@ public:
 
     /// A printer of the system that is called "PDF" takes the built-in one's place.
     QStringList names() const override;
+    QList<PrinterPaper> papers(const QString &name) const override;
     std::unique_ptr<PrintDocument> open(const QString &name, const PrinterSetup &setup) override;
 
 private:

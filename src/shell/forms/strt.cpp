@@ -20,6 +20,7 @@ strt::strt(StartSession &session, HostLink &link, QWidget *parent)
     connect(m_ui->ayr, &QAction::triggered, this, &strt::loginWanted);
     connect(m_ui->hknd, &QAction::triggered, this, &strt::kakkndWanted);
     connect(m_ui->stkkrt, &QAction::triggered, this, &strt::stkkartWanted);
+    connect(m_ui->tasarim, &QAction::triggered, this, &strt::designWanted);
     connect(m_ui->cikis, &QAction::triggered, this, &strt::kpt);
 
     sys1.setIcon(programIcon());

@@ -45,6 +45,7 @@ Q_SIGNALS:
     void loginWanted();
     void kakkndWanted();
     void stkkartWanted();
+    void designWanted();
     void unloaded();
 
 private:

@@ -103,6 +103,7 @@ void stkkart::connectSearches()
     connect(m_ui->listAll, &QPushButton::clicked, &loader, &StockLoader::listele);
     connect(m_ui->fatura, &QPushButton::clicked, this, &stkkart::faturaWanted);
     connect(m_ui->fytdegisbul, &QPushButton::clicked, this, &stkkart::fytdegisbulWanted);
+    connect(m_ui->tasarim, &QPushButton::clicked, this, &stkkart::designWanted);
 
     const auto onOption = [&](QAbstractButton *option, UnitChoice units) {
         connect(option, &QAbstractButton::clicked, &loader,
@@ -201,6 +202,7 @@ void stkkart::connectKeys()
         {Qt::Key_F6, m_ui->listAll},
         {Qt::CTRL | Qt::Key_F, m_ui->fatura},
         {Qt::CTRL | Qt::Key_D, m_ui->fytdegisbul},
+        {Qt::CTRL | Qt::Key_T, m_ui->tasarim},
         {Qt::Key_F9, m_ui->printAll},
         {Qt::SHIFT | Qt::Key_F9, m_ui->printSelected},
         {Qt::CTRL | Qt::Key_F9, m_ui->chooseLayout},

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void fytdegisbulWanted();
     /// Queues are to be saved, or opened, by name.
     void savedQueuesWanted();
+    /// The label designer is wanted.
+    void designWanted();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

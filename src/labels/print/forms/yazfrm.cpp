@@ -18,10 +18,27 @@ yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
     : QDialog(parent), m_run(run), m_request(request), m_printers(run.layouts().printers()),
       m_ui(std::make_unique<Ui::yazfrm>())
 {
-    m_ui->setupUi(this);
+    build();
     setWindowTitle(request.mode == PrintMode::all ? u"Tüm Etiketleri Yazdır"_s
                                                   : u"Seçili Etiketi Yazdır"_s);
-    m_ui->liste->addItems(run.layouts().names());
+}
+
+yazfrm::yazfrm(PrintRun &run, const LayoutTask &task, const PrintRequest &preview, QWidget *parent)
+    : QDialog(parent), m_run(run), m_request(preview), m_task(task),
+      m_printers(run.layouts().printers()), m_ui(std::make_unique<Ui::yazfrm>())
+{
+    build();
+    setWindowTitle(task.title);
+    m_ui->yazdir->setText(task.button);
+    m_ui->duzenle->hide();
+}
+
+yazfrm::~yazfrm() = default;
+
+void yazfrm::build()
+{
+    m_ui->setupUi(this);
+    m_ui->liste->addItems(m_run.layouts().names());
 
     // The list takes its first row as soon as it has the focus; the choice is left to the user.
     m_ui->ad->setFocus();
@@ -46,11 +63,10 @@ yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
         showPrinter();
     });
     connect(m_ui->yazdir, &QPushButton::clicked, this, &yazfrm::print);
+    connect(m_ui->duzenle, &QPushButton::clicked, this, &yazfrm::design);
     connect(m_ui->vazgec, &QPushButton::clicked, this, &yazfrm::reject);
     choose(QString());
 }
-
-yazfrm::~yazfrm() = default;
 
 void yazfrm::choose(const QString &name)
 {
@@ -94,6 +110,7 @@ void yazfrm::showPlaces()
 void yazfrm::showPrinter()
 {
     const bool known = !m_chosen.isEmpty();
+    m_ui->duzenle->setEnabled(known);
     m_ui->yazici->setEnabled(known);
     m_ui->ayar->setEnabled(known && m_printers.contains(m_layout.printer));
     m_ui->varsayilan->setEnabled(known);
@@ -132,8 +149,24 @@ void yazfrm::resizeEvent(QResizeEvent *event)
     showPreview();
 }
 
+void yazfrm::design()
+{
+    const QString name = m_chosen;
+    accept();
+    Q_EMIT designWanted(name);
+}
+
+/// A name that is not taken stays in its box.
+void yazfrm::take()
+{
+    if (m_task.take(m_task.newName ? m_ui->ad->text() : m_chosen))
+        accept();
+}
+
 void yazfrm::print()
 {
+    if (m_task.take)
+        return take();
     const QString name = m_chosen;
     if (!m_run.requireLayout(name))
         return;

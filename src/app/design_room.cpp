@@ -1,0 +1,109 @@
+#include "app/design_room.h"
+
+#include "labels/designer/designer_session.h"
+#include "labels/designer/forms/Form1.h"
+#include "labels/print/forms/yazfrm.h"
+
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<LabelRow> labelsOf(const PrintQueue &queue)
+{
+    std::vector<LabelRow> labels;
+    for (const int place : queue.everyPlace())
+        labels.push_back(labelOf(queue.at(place), place));
+    return labels;
+}
+
+} // namespace
+
+DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk)
+    : m_program(program), m_print(print), m_desk(desk), m_search(program)
+{}
+
+DesignRoom::~DesignRoom()
+{
+    delete m_form;
+}
+
+Form1 &DesignRoom::form()
+{
+    if (m_form && m_form->isVisible())
+        return *m_form;
+    auto *session = new DesignerSession(m_program);
+    auto *form = new Form1(*session);
+    session->setParent(form);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    constexpr QSize frame(16, 40); // of the window, which is not there yet
+    form->resize(form->size().boundedTo(form->screen()->availableSize() - frame));
+    connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
+    connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);
+    connect(form, &Form1::queueWanted, this,
+            [this] { m_program.handle([this] { showStocks(labelsOf(m_desk.queue())); }); });
+    connect(form, &Form1::stockWanted, this, [this](const QString &text) {
+        m_program.handle([&] {
+            m_desk.loadPriceNumbers();
+            showStocks(m_search.find(text, m_desk.priceNumbers()));
+        });
+    });
+    m_form = form;
+    m_session = session;
+    return *form;
+}
+
+void DesignRoom::showStocks(const std::vector<LabelRow> &rows)
+{
+    if (!m_session)
+        return;
+    m_session->setRows(rows);
+    if (rows.empty())
+        Q_EMIT m_session->statusChanged(u"Stok bulunamadı; örnek değerler gösteriliyor."_s);
+}
+
+void DesignRoom::show(const QString &layout)
+{
+    Form1 &window = form();
+    window.show();
+    window.raise();
+    window.activateWindow();
+    if (!layout.isEmpty())
+        m_session->ac(layout);
+}
+
+void DesignRoom::offerRecovery()
+{
+    if (!hasRecovery(m_program))
+        return;
+    form(); // the question stands over no window: the designer comes up with its answer
+    if (m_session->recover())
+        show();
+    else
+        delete m_form;
+}
+
+bool DesignRoom::close()
+{
+    return !m_form || m_form->close();
+}
+
+/// The print dialog serves as open and save-as dialog of the designer, too.
+void DesignRoom::chooseToOpen()
+{
+    const LayoutTask task{u"Tasarım Aç"_s, u"&Aç"_s, false,
+                          [this](const QString &name) { return m_session->ac(name); }};
+    m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->open();
+}
+
+void DesignRoom::chooseToSave()
+{
+    const LayoutTask task{u"Tasarımı Farklı Kaydet"_s, u"&Kaydet"_s, true,
+                          [this](const QString &name) { return m_session->saveAs(name); }};
+    m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->open();
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QMarginsF>
+#include <QSizeF>
+
+/// How a printer lays down a layout's sheet.
+struct PrinterSheet
+{
+    QSizeF dpi{600, 600};  ///< dots per inch, across and down
+    QMarginsF unprintable; ///< mm at the edges
+};
