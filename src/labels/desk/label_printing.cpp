@@ -60,7 +60,7 @@ void LabelPrinting::send(PrintMode mode, std::vector<Sent> rows, bool chooseLayo
 {
     if (rows.empty() || !freshen(rows))
         return;
-    PrintRequest request = {mode, {}, chooseLayout};
+    PrintRequest request{.mode = mode, .rows = {}, .chooseLayout = chooseLayout};
     for (const Sent &sent : rows)
         request.rows.push_back(labelOf(sent.row, sent.place));
     m_sent = std::move(rows);
