@@ -108,6 +108,7 @@ void Tour::queueAndPrint()
     });
     step(u"Ekran resmi"_s, [this] { picture(u"stkkart"_s, u"stkkart"_s); });
     step(u"Tümü yazdırılır"_s, [this] { click(u"stkkart"_s, u"printAll"_s); });
+    step(u"Soru varsa evet denir"_s, [this] { confirm(); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
     step(u"Tasarım seçilerek yazdırılır"_s, [this] { click(u"stkkart"_s, u"chooseLayout"_s); });
     step(u"Ekran resmi"_s, [this] {
@@ -117,8 +118,10 @@ void Tour::queueAndPrint()
         picture(u"yazfrm"_s, u"yazfrm"_s);
         click(u"yazfrm"_s, u"yazdir"_s);
     });
+    step(u"Soru varsa evet denir"_s, [this] { confirm(); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
     step(u"Seçili satır yazdırılır"_s, [this] { click(u"stkkart"_s, u"printSelected"_s); });
+    step(u"Soru varsa evet denir"_s, [this] { confirm(); });
     step(u"Basılan etiketler"_s, [this] { collectPrints(); });
 }
 

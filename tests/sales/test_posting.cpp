@@ -162,16 +162,17 @@ TEST_F(LedgerPosting, AFailedStatementDoesNotStopTheOthers)
         };
         const PostingResult result = post(lines);
         const QString &failed = whole.at(fault);
-        const bool reference = failed.startsWith(u"select max"_s); // read once more
-        const bool counter = failed.contains(u" EVRAKNO "_s);
-        EXPECT_EQ(result.missing(), reference ? 0 : 1) << fault;
-        EXPECT_EQ(result.counters.size(), counter ? 1 : 0) << fault;
+        const bool counter = failed.startsWith(u"select * from EVRAKNO"_s);
+        const bool readAgain = counter || failed.startsWith(u"select max"_s);
+        const bool advance = failed.startsWith(u"UPDATE EVRAKNO"_s);
+        EXPECT_EQ(result.missing(), readAgain ? 0 : 1) << fault;
+        EXPECT_EQ(result.counters.size(), advance ? 1 : 0) << fault;
         EXPECT_TRUE(result.posted());
         EXPECT_FALSE(result.connectionLost);
         EXPECT_EQ(progress.step, progress.steps);
 
-        const bool feedsTheNext = failed.startsWith(u"select * from");
-        const qsizetype left = whole.size() - (feedsTheNext ? 1 : 0) + (reference ? 1 : 0);
+        const bool feedsTheNext = failed.startsWith(u"select * from") && !counter;
+        const qsizetype left = whole.size() - (feedsTheNext ? 1 : 0) + (readAgain ? 1 : 0);
         EXPECT_EQ(shop.host.statements.size(), left) << failed.toStdString();
     }
 }

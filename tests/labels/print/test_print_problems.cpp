@@ -45,7 +45,7 @@ const QString kPictures = QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/pic");
 QString found(const PrintJob &job, QSizeF area = {130, 90}, double dpi = 600)
 {
     QStringList texts;
-    for (const PrintProblem &problem : findPrintProblems(job, {{dpi, dpi}, area, kPictures})) {
+    for (const PrintProblem &problem : findPrintProblems(job, {{dpi, dpi}, area, kPictures, {}})) {
         texts +=
             (problem.ofLayout ? u"tasarım: "_s : u"%1: "_s.arg(problem.queueRow)) + problem.text;
         EXPECT_EQ(problem.stock.isEmpty(), problem.ofLayout);
@@ -136,7 +136,7 @@ TEST(PrintProblems, ALightPictureBeneathBarsDoesNoHarm)
         ASSERT_TRUE(image.save(directory.filePath(u"%1.png"_s.arg(grey))));
         PrintJob job = cleanJob();
         job.pictures = {{{0, 0, 60, 40}, u"%1.png"_s.arg(grey)}};
-        const auto problems = findPrintProblems(job, {{300, 300}, {130, 90}, directory.path()});
+        const auto problems = findPrintProblems(job, {{300, 300}, {130, 90}, directory.path(), {}});
         EXPECT_EQ(problems.empty(), grey >= 200) << grey;
     }
 }

@@ -152,7 +152,7 @@ TEST_F(PrintersTest, LabelsAreVectorBarsAndSearchableText)
         GridWalk walk(job.grid);
         for (const LabelRow &row : job.rows) {
             const GridWalk::Place place = walk.next();
-            labels.paint(builder.label(row),
+            labels.paint(builder.label(row).commands,
                          {static_cast<double>(place.x), static_cast<double>(place.y)});
         }
     }
