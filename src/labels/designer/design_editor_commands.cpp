@@ -240,7 +240,7 @@ bool DesignEditor::run(Command command)
         [[fallthrough]];
     case Command::erase:
         edits::erase(m_document.edit(), before);
-        m_document.commit(command == Command::cut ? u"Kesme"_s : u"Silme"_s, {});
+        m_document.commit(command == Command::cut ? u"Kesme"_s : u"Silme"_s, RefSet());
         notify(before);
         return true;
     case Command::duplicate:
