@@ -88,7 +88,8 @@ TEST_F(PrintRunTest, WithoutADefaultTheDialogIsAskedFor)
     EXPECT_EQ(rows, (QList<int>{0, 1, 1}));
 
     desk.setDefault(u"raf.ayr"_s);
-    desk.run.start({.mode = PrintMode::all, .rows = queue, .chooseLayout = true}); // asked for all the same
+    desk.run.start(
+        {.mode = PrintMode::all, .rows = queue, .chooseLayout = true}); // asked for all the same
     EXPECT_EQ(modes, (QList<int>{1, 2, 1}));
 }
 
