@@ -172,8 +172,11 @@ void TillSession::sil()
 {
     const int number = m_active;
     const int row = active().currentRow;
+    const int lines = active().lines.size();
     const Work work(*this, [] { return QString(); });
     if (row < 0 || !m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
+        return;
+    if (at(number).lines.size() != lines) // the till was closed behind the question
         return;
     at(number).lines.remove(row);
     makeCurrent(number, row);

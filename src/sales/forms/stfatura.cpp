@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -56,8 +57,10 @@ void stfatura::connectButtons()
 {
     const auto act = [this](QPushButton *button, auto &&action) {
         connect(button, &QPushButton::clicked, this, [this, action] {
+            const QPointer<stfatura> there(this);
             action();
-            focusEntry();
+            if (there)
+                focusEntry();
         });
     };
     connect(m_ui->button1, &QPushButton::clicked, this, &stfatura::closeSale);
@@ -111,6 +114,7 @@ bool stfatura::eventFilter(QObject *watched, QEvent *event)
 /// Keys of the form, seen before the box that has the focus. Returns whether the key was used.
 bool stfatura::formKey(const QKeyEvent &event)
 {
+    const QPointer<stfatura> there(this); // the till may be closed behind a question
     switch (event.key()) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -152,7 +156,8 @@ bool stfatura::formKey(const QKeyEvent &event)
     default:
         return false;
     }
-    focusEntry();
+    if (there)
+        focusEntry();
     return true;
 }
 
@@ -167,7 +172,11 @@ bool stfatura::enterPressed(QObject *box)
 
 void stfatura::acceptCash()
 {
-    if (m_session.acceptCash(m_session.activeList()) == TillSession::CashEntry::refused)
+    const QPointer<stfatura> there(this);
+    const auto taken = m_session.acceptCash(m_session.activeList());
+    if (!there)
+        return;
+    if (taken == TillSession::CashEntry::refused)
         focusCash();
     else
         focusEntry();

@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPanelWidth = 310;
+constexpr int kPanelWidth = 350;
 constexpr int kStatusTime = 8000; ///< milliseconds
 
 } // namespace

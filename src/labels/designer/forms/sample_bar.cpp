@@ -18,13 +18,14 @@ SampleBar::SampleBar(QWidget *parent)
     label->setBuddy(m_search);
     m_search->setObjectName(u"ornek"_s);
     m_search->setPlaceholderText(u"ad, kod ya da barkod yazıp Enter'a basın (F3)"_s);
-    m_search->setMinimumWidth(320);
+    m_search->setMinimumWidth(140);
     m_search->setClearButtonEnabled(true);
     m_place->setObjectName(u"ornekYeri"_s);
     m_name->setObjectName(u"ornekAdi"_s);
     m_name->setTextFormat(Qt::PlainText);
+    m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // gives way first
     row->addWidget(label);
-    row->addWidget(m_search);
+    row->addWidget(m_search, 2);
     row->addWidget(m_place);
     row->addWidget(m_name, 1);
     connect(m_search, &QLineEdit::returnPressed, this,
