@@ -3,8 +3,7 @@
 #include "labels/designer/designer_session.h"
 #include "labels/designer/forms/Form1.h"
 #include "labels/print/forms/yazfrm.h"
-
-#include <QScreen>
+#include "shell/forms/look.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,8 +36,7 @@ Form1 &DesignRoom::form()
     auto *form = new Form1(*session);
     session->setParent(form);
     form->setAttribute(Qt::WA_DeleteOnClose);
-    constexpr QSize frame(16, 40); // of the window, which is not there yet
-    form->resize(form->size().boundedTo(form->screen()->availableSize() - frame));
+    fitToScreen(*form);
     connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
     connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);
     connect(form, &Form1::queueWanted, this,

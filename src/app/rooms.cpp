@@ -19,13 +19,13 @@
 #include "shell/forms/diagnosis_dialog.h"
 #include "shell/forms/kakknd.h"
 #include "shell/forms/login.h"
+#include "shell/forms/look.h"
 #include "shell/forms/parametre.h"
 #include "shell/login_session.h"
 #include "shell/settings_session.h"
 
 #include <QApplication>
 #include <QMenu>
-#include <QScreen>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -40,17 +40,6 @@ void keepOnTop(QWidget &window, bool on)
     clsStyle style(*words);
     if (style.TopMost() != on)
         style.setTopMost(on);
-}
-
-/// At 150 % a small screen has less room than some forms would like; their buttons must stay on it.
-void fitToScreen(QWidget &form)
-{
-    constexpr QSize frame(16, 40);                         // of the window, which is not there yet
-    const bool sized = form.testAttribute(Qt::WA_Resized); // else it opens as its layout wants
-    const QSize wanted = sized ? form.size() : form.sizeHint();
-    const QSize fitting = wanted.boundedTo(form.screen()->availableSize() - frame);
-    if (fitting != wanted)
-        form.resize(fitting);
 }
 
 } // namespace

@@ -4,7 +4,9 @@
 #include <QFont>
 #include <QPainter>
 #include <QPalette>
+#include <QScreen>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <array>
 
@@ -78,4 +80,14 @@ QPixmap barcodePicture(QSize size)
     QPainter painter(&picture);
     drawBars(painter, QRect(QPoint(4, 4), size - QSize(8, 8)));
     return picture;
+}
+
+void fitToScreen(QWidget &form)
+{
+    constexpr QSize frame(16, 40);                         // of the window, which is not there yet
+    const bool sized = form.testAttribute(Qt::WA_Resized); // else it opens as its layout wants
+    const QSize wanted = sized ? form.size() : form.sizeHint();
+    const QSize fitting = wanted.boundedTo(form.screen()->availableSize() - frame);
+    if (fitting != wanted)
+        form.resize(fitting);
 }
