@@ -1,4 +1,5 @@
 #include "common/host_tables.h"
+#include "support/test_machine.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -26,8 +27,8 @@ QString programText()
     static const QRegularExpression elsewhere(
         u"/(platform|tour)/|/host_tables\\.|/diagnosis|/host_check\\."_s);
     QString text;
-    QDirIterator files(QStringLiteral(TEZGAH_SOURCE_DIR "/src"), {u"*.cpp"_s, u"*.h"_s},
-                       QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(sourcePath("/src"), {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
     while (files.hasNext())
         if (const QString path = files.next(); !path.contains(elsewhere))
             text += readText(path);
@@ -89,7 +90,7 @@ TEST(HostTables, NameWhatTheStatementsUse)
 /// TEZGAH_REWRITE_GOLDEN=1 writes the list into the guide.
 TEST(HostTables, TheGuideListsTheRights)
 {
-    const QString path = QStringLiteral(TEZGAH_SOURCE_DIR "/docs/kurulum.md");
+    const QString path = sourcePath("/docs/kurulum.md");
     const QString guide = readText(path);
     const qsizetype from = guide.indexOf(u"CREATE LOGIN"_s);
     const qsizetype to = guide.indexOf(u"```"_s, from);

@@ -116,7 +116,8 @@ int main(int argc, char *argv[])
     if (QFileInfo(u"/dev/shm"_s).isWritable())
         qputenv("TMPDIR", "/dev/shm"); // the forms are tried, not the disk
     qputenv("QT_QPA_PLATFORM",
-            "offscreen:configfile=" TEZGAH_SOURCE_DIR "/scripts/screen.json"); // of a shop's size
+            "offscreen:configfile=" +
+                sourcePath("/scripts/screen.json").toUtf8()); // of a shop's size
     QApplication app(argc, argv);
     useProgramLocale();
     applyLook(app);

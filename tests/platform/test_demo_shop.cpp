@@ -5,6 +5,7 @@
 #include "platform/scratch.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <QDir>
 
@@ -14,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kText = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/platform/demo");
+const QString kText = sourcePath("/tests/platform/demo");
 const QDate kToday(2026, 11, 20);
 
 std::string faultOf(const QByteArray &schema, const QByteArray &rows)
@@ -96,8 +97,7 @@ TEST(DemoShop, IsMadeWholeOrNotAtAll)
 /// The script in the repository is made from the text beside it.
 TEST(DemoShop, TheCommittedScriptIsUpToDate)
 {
-    const QByteArray committed =
-        readFile(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/sqlserver/demo.sql"));
+    const QByteArray committed = readFile(sourcePath("/demo/sqlserver/demo.sql"));
     EXPECT_TRUE(QString::fromUtf8(committed) == demoSqlServerScript())
         << "run demo_sqlserver > demo/sqlserver/demo.sql";
 }

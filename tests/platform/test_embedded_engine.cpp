@@ -3,6 +3,7 @@
 #include "platform/scratch.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <chrono>
 #include <gtest/gtest.h>
@@ -19,8 +20,7 @@ class EmbeddedEngineTest : public testing::Test
 protected:
     EmbeddedEngineTest()
     {
-        createDemoShop(scratch.path(), kToday,
-                       QStringLiteral(TEZGAH_SOURCE_DIR "/tests/platform/demo"));
+        createDemoShop(scratch.path(), kToday, sourcePath("/tests/platform/demo"));
         host = std::make_unique<EmbeddedEngine>(scratch.path(), u"DEMOSIRKET"_s);
     }
 

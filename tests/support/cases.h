@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/files.h"
+#include "support/test_machine.h"
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -40,7 +41,7 @@ inline std::vector<Case> cases(const QString &name)
         return text;
     };
     std::vector<Case> table;
-    const QString path = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/cases/%1.txt").arg(name);
+    const QString path = sourcePath("/tests/cases/%1.txt").arg(name);
     for (const QString &line : QString::fromUtf8(readFile(path)).split(u'\n')) {
         if (line.isEmpty() || line.startsWith(u'#'))
             continue;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/test_machine.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,7 +13,7 @@
 /// the file is written anew instead; read the difference before you commit it.
 inline void expectGolden(const QString &name, const QString &text)
 {
-    const QString path = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/golden/") + name;
+    const QString path = sourcePath("/tests/golden/") + name;
     QFile file(path);
     if (qEnvironmentVariableIntValue("TEZGAH_REWRITE_GOLDEN") == 1) {
         QDir().mkpath(QFileInfo(path).path());

@@ -3,6 +3,7 @@
 #include "labels/designer/designs.h"
 #include "platform/machine/profile_key_file.h"
 #include "support/files.h"
+#include "support/test_machine.h"
 
 #include <QDir>
 #include <QFile>
@@ -80,7 +81,7 @@ TEST_F(DesignerSessionTest, SavesUnderANameAndOpensTheSameAgain)
 TEST_F(DesignerSessionTest, ALayoutOpenedAndSavedUnchangedKeepsItsBytes)
 {
     for (const QString &name : {u"Raf 3x8.ayr"_s, u"Dört Yön.ayr"_s, u"65li A4 EAN8.ayr"_s}) {
-        const QByteArray bytes = readFile(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/") + name);
+        const QByteArray bytes = readFile(sourcePath("/demo/ayar/") + name);
         writeFile(path(name), bytes);
         ASSERT_TRUE(session->ac(name));
         machine.prompt.answers = {Answer::yes};

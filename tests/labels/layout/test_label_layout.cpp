@@ -3,6 +3,7 @@
 #include "support/files.h"
 #include "support/ini_key_file.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <QDir>
 #include <QRectF>
@@ -15,7 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kFile = u"/ayar/deneme.ayr"_s;
-const QString kGolden = QStringLiteral(TEZGAH_SOURCE_DIR "/tests/golden/her_anahtar.ayr");
+const QString kGolden = sourcePath("/tests/golden/her_anahtar.ayr");
 
 QRectF rectOf(const LabelBox &box)
 {
@@ -239,7 +240,7 @@ TEST(LabelLayoutFile, TheDefaultLayoutIsNamedInAFileOfItsOwn)
 
 TEST(ShippedLayouts, AreInCanonicalFormAndFitTheirLabels)
 {
-    const QDir shipped(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar"));
+    const QDir shipped(sourcePath("/demo/ayar"));
     const QStringList names = shipped.entryList({u"*.ayr"_s}, QDir::Files);
     EXPECT_GE(names.size(), 4);
     for (const QString &name : names) {

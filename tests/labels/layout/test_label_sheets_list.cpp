@@ -1,6 +1,7 @@
 #include "labels/layout/label_sheets.h"
 #include "support/files.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 TEST(SheetList, ShippedSheetsAreRead)
 {
-    const QByteArray text = readFile(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/kagitlar.csv"));
+    const QByteArray text = readFile(sourcePath("/demo/ayar/kagitlar.csv"));
     const auto sheets = readSheets(text);
     EXPECT_EQ(static_cast<qsizetype>(sheets.size()), text.count('\n') - 3); // but for its remarks
     EXPECT_EQ(sheets.front(), (LabelSheet{u"A4, 65 etiket 38,1 × 21,2, aralıklı (L7651, 8651)"_s,

@@ -4,6 +4,7 @@
 #include "support/files.h"
 #include "support/ini_key_file.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <QDir>
 #include <QImage>
@@ -40,7 +41,7 @@ PrintJob cleanJob(const LabelRow &row = kRow)
     return job;
 }
 
-const QString kPictures = QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar/pic");
+const QString kPictures = sourcePath("/demo/ayar/pic");
 
 QString found(const PrintJob &job, QSizeF area = {130, 90}, double dpi = 600)
 {
@@ -144,7 +145,7 @@ TEST(PrintProblems, ALightPictureBeneathBarsDoesNoHarm)
 // The shop's first sheets must come out whole on any desktop printer, and scan.
 TEST(PrintProblems, ShippedLayoutsHaveNone)
 {
-    const QDir folder(QStringLiteral(TEZGAH_SOURCE_DIR "/demo/ayar"));
+    const QDir folder(sourcePath("/demo/ayar"));
     const QStringList names = folder.entryList({u"*.ayr"_s});
     ASSERT_GE(names.size(), 4);
     for (const QString &name : names) {
