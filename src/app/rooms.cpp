@@ -331,8 +331,10 @@ void Rooms::connectAnew()
 {
     if (m_program.ask(
             u"Sunucu bilgileri kaydedildi. Yeni sunucuya bağlanana kadar program eskisiyle "
-            "çalışır.\n\nŞimdi bağlanılsın mı?"_s))
+            "çalışır.\n\nŞimdi bağlanılsın mı?"_s)) {
         m_link.sqlbaglan();
+        reloadTill(); // its codes may not be in the new ledger
+    }
 }
 
 void Rooms::showReceiptDesigner()

@@ -69,7 +69,7 @@ private:
 };
 
 TillSession::TillSession(Program &program, QObject *parent)
-    : QObject(parent), m_program(program), m_lookup(program, m_settings)
+    : QObject(parent), m_program(program), m_lookup(program, m_settings), m_codes(program)
 {}
 
 void TillSession::load()
@@ -77,6 +77,8 @@ void TillSession::load()
     m_settings = oku(m_program);
     m_layout = receipt_store::fisoku(m_program);
     Q_EMIT settingsLoaded();
+    m_codes.check(m_settings, m_cashier.code);
+    Q_EMIT codesChecked(m_codes.unknown());
 }
 
 QString TillSession::caption(int number)
@@ -364,7 +366,17 @@ bool TillSession::mayPost(const QString &unentered)
     const CashEntry cash = acceptCash(m_active);
     if (cash == CashEntry::refused)
         Q_EMIT cashRefused();
-    return cash == CashEntry::taken;
+    return cash == CashEntry::taken && mayPostOnCodes();
+}
+
+bool TillSession::mayPostOnCodes()
+{
+    const bool may = m_codes.mayPost(m_settings, m_cashier.code);
+    Q_EMIT codesChecked(m_codes.unknown());
+    if (!may)
+        Q_EMIT noticed(u"Satış kaydedilmedi: kodları muhasebede ya da ayarlarda düzeltin."_s,
+                       Notice::fault);
+    return may;
 }
 
 /// An impatient second F2 hears again what was saved.

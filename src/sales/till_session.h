@@ -2,6 +2,7 @@
 
 #include "sales/cashier.h"
 #include "sales/item_lookup.h"
+#include "sales/ledger_codes.h"
 #include "sales/notice.h"
 #include "sales/posting_report.h"
 #include "sales/receipt_commands.h"
@@ -129,6 +130,7 @@ Q_SIGNALS:
     void boxComes();                                ///< a box of the till's own is about to open
     void postedIncompletely(const PostingReport &report);
     void cashierChanged();
+    void codesChecked(const QStringList &unknown); ///< codes of the settings the ledger lacks
 
 private:
     struct ListState
@@ -160,6 +162,7 @@ private:
 
     Sale capture(int number) const;
     bool mayPost(const QString &unentered);
+    bool mayPostOnCodes();
     void postList(int number, PostingProgress &progress);
     void showPosted(int number, const Sale &sale);
     void tellEmpty(int number);
@@ -176,6 +179,7 @@ private:
     int m_active = 0;
     EntryMode m_mode = EntryMode::barcode;
     Cashier m_cashier;
+    LedgerCodes m_codes;
     int m_works = 0; ///< handlers under way; more than one while a box of the first is open
     QString m_refusedCode;
 };

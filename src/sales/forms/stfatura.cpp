@@ -80,6 +80,11 @@ void stfatura::connectSession()
     connect(&m_session, &TillSession::entryCleared, m_ui->srvadi, &QLineEdit::clear);
     connect(&m_session, &TillSession::entryRefused, m_ui->srvadi, &QLineEdit::selectAll);
     connect(&m_session, &TillSession::noticed, m_ui->notice, &NoticeLabel::tell);
+    connect(&m_session, &TillSession::codesChecked, this, [this](const QStringList &unknown) {
+        m_ui->codes->tell(u"Bağlı muhasebede olmayan kodlar: %1."_s.arg(unknown.join(u", "_s)),
+                          Notice::warning);
+        m_ui->codes->setVisible(!unknown.isEmpty());
+    });
     connect(&m_session, &TillSession::activeListChanged, this, &stfatura::showList);
     connect(&m_session, &TillSession::entryModeChanged, this, &stfatura::showMode);
     connect(&m_session, &TillSession::cashierChanged, this,
