@@ -154,26 +154,26 @@ void TillSession::selectList(int number)
 
 void TillSession::selectRow(int number, int row)
 {
-    if (isList(number) && row != at(number).currentRow)
+    if (isList(number) && row != at(number).currentRow())
         makeCurrent(number, row);
 }
 
 void TillSession::moveSelection(int rows)
 {
     if (!active().lines.isEmpty())
-        makeCurrent(m_active, std::max(active().currentRow + rows, 0));
+        makeCurrent(m_active, std::max(active().currentRow() + rows, 0));
 }
 
 void TillSession::makeCurrent(int number, int row)
 {
-    at(number).currentRow = std::clamp(row, -1, at(number).lines.size() - 1);
-    Q_EMIT currentRowChanged(number, at(number).currentRow);
+    at(number).makeCurrent(row);
+    Q_EMIT currentRowChanged(number, at(number).currentRow());
 }
 
 void TillSession::sil()
 {
     const int number = m_active;
-    const int row = active().currentRow;
+    const int row = active().currentRow();
     const int lines = active().lines.size();
     const Work work(*this, [] { return QString(); });
     if (row < 0 || !m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
@@ -187,11 +187,10 @@ void TillSession::sil()
 
 std::optional<TillSession::CurrentLine> TillSession::currentLine() const
 {
-    const ListState &state = at(m_active);
-    if (state.currentRow < 0)
+    const SaleLine *line = at(m_active).currentLine();
+    if (!line)
         return {};
-    const SaleLine &line = state.lines.line(state.currentRow);
-    return CurrentLine{line[SaleColumn::name], line[SaleColumn::quantity]};
+    return CurrentLine{(*line)[SaleColumn::name], (*line)[SaleColumn::quantity]};
 }
 
 QString TillSession::refusedQuantity(const QString &typed) const
@@ -217,8 +216,8 @@ QString TillSession::miktarekle(const QString &typed)
     QString refusal = refusedQuantity(typed);
     if (!refusal.isEmpty())
         return refusal;
-    const SaleLine &line = active().lines.line(active().currentRow);
-    const double sum = pricing::valueOf(line, SaleColumn::quantity) + *quantity::parse(typed);
+    const double sum =
+        pricing::valueOf(*active().currentLine(), SaleColumn::quantity) + *quantity::parse(typed);
     if (sum > quantity::kMost)
         return u"Toplam miktar en çok %1 olabilir."_s.arg(amount::money(quantity::kMost));
     changeQuantity(sum);
@@ -227,9 +226,7 @@ QString TillSession::miktarekle(const QString &typed)
 
 void TillSession::changeQuantity(double quantity)
 {
-    SaleLine line = active().lines.line(active().currentRow);
-    pricing::recompute(line, quantity);
-    active().lines.replace(active().currentRow, std::move(line));
+    active().setCurrentQuantity(quantity);
     hesapla(m_active);
 }
 
@@ -237,13 +234,10 @@ void TillSession::changeQuantity(double quantity)
 
 void TillSession::hesapla(int number)
 {
-    ListState &state = at(number);
-    state.totals = pricing::hesapla(state.lines.figures());
+    const bool changed = at(number).recompute();
     Q_EMIT totalsChanged(number);
-    if (state.cashGiven) {
-        state.change = pricing::change(state.cash, state.totals.grand);
+    if (changed)
         Q_EMIT cashChanged(number);
-    }
 }
 
 void TillSession::setCash(int number, const QString &text)
@@ -251,17 +245,14 @@ void TillSession::setCash(int number, const QString &text)
     if (!isList(number))
         return;
     forgetPosted(number);
-    ListState &state = at(number);
-    state.cash = text;
-    state.cashGiven = true;
-    state.change = pricing::change(text, state.totals.grand);
+    at(number).setCash(text);
     Q_EMIT cashChanged(number);
 }
 
 TillSession::CashEntry TillSession::acceptCash(int number)
 {
-    ListState &state = at(number);
-    const QString typed = state.cash.trimmed();
+    const TillList &list = at(number);
+    const QString typed = list.cash().trimmed();
     if (typed.isEmpty()) {
         resetCash(number);
         return CashEntry::taken;
@@ -276,11 +267,11 @@ TillSession::CashEntry TillSession::acceptCash(int number)
         m_lookup.calsesoff(); // nobody looks
         Q_EMIT noticed(
             u"Alınan para okunamadı: \"%1\". En çok %2; ondalık ayırıcı virgüldür."_s.arg(
-                state.cash, amount::money(quantity::kMostCash)),
+                list.cash(), amount::money(quantity::kMostCash)),
             Notice::fault);
         return CashEntry::refused;
     }
-    if (state.postedTotal.isEmpty()) { // else Enter in an untouched box
+    if (list.postedTotal().isEmpty()) { // else Enter in an untouched box
         setCash(number, amount::money(*given));
         Q_EMIT noticed({}, Notice::done);
     }
@@ -289,20 +280,15 @@ TillSession::CashEntry TillSession::acceptCash(int number)
 
 void TillSession::resetCash(int number)
 {
-    ListState &state = at(number);
-    if (state.cash != u"0,00")
+    if (at(number).cash() != u"0,00")
         setCash(number, u"0,00"_s);
 }
 
 /// The customer has gone: the change of the posted sale leaves the screen.
 void TillSession::forgetPosted(int number)
 {
-    ListState &state = at(number);
-    if (state.postedTotal.isEmpty())
-        return;
-    state.postedTotal.clear();
-    state.change = u"0,00"_s;
-    Q_EMIT cashChanged(number);
+    if (at(number).forgetPosted())
+        Q_EMIT cashChanged(number);
 }
 
 // ---- posting and receipt
@@ -320,12 +306,11 @@ std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
 
 Sale TillSession::capture(int number) const
 {
-    const ListState &state = at(number);
-    const auto money = [](const QString &text) {
-        return amount::money(amount::parse(text).value_or(0.0));
-    };
-    return {state.lines.lines(), state.totals,   money(state.cash),    state.change,
-            m_cashier.code,      m_cashier.name, m_program.clock.now()};
+    Sale sale = at(number).capture();
+    sale.cashierCode = m_cashier.code;
+    sale.cashierName = m_cashier.name;
+    sale.moment = m_program.clock.now();
+    return sale;
 }
 
 void TillSession::post(const QString &unentered)
@@ -382,13 +367,13 @@ bool TillSession::mayPostOnCodes()
 /// An impatient second F2 hears again what was saved.
 void TillSession::tellEmpty(int number)
 {
-    const ListState &state = at(number);
-    if (state.postedTotal.isEmpty())
+    const TillList &list = at(number);
+    if (list.postedTotal().isEmpty())
         Q_EMIT noticed(u"%1 listesi boş, kaydedilecek satış yok."_s.arg(caption(number)),
                        Notice::fault);
     else
-        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(state.postedTotal) +
-                           changeRemark(state.change),
+        Q_EMIT noticed(u"Satış kaydedildi: %1"_s.arg(list.postedTotal()) +
+                           changeRemark(list.change()),
                        Notice::done);
 }
 
@@ -398,7 +383,8 @@ void TillSession::postList(int number, PostingProgress &progress)
     const PostingResult result = faturakaydet(m_program, m_settings, sale, progress);
     if (result.posted()) {
         clearList(number);
-        showPosted(number, sale);
+        at(number).showPosted(sale);
+        Q_EMIT cashChanged(number);
         at(number).lastReceipt = nextReceipt(sale);
         if (m_settings.yazici.yazdirma)
             print(*at(number).lastReceipt);
@@ -412,15 +398,7 @@ void TillSession::clearList(int number)
     makeCurrent(number, -1);
     hesapla(number);
     setCash(number, u"0,00"_s);
-    at(number).cashGiven = false;
-}
-
-/// The change is handed out after the list was cleared.
-void TillSession::showPosted(int number, const Sale &sale)
-{
-    at(number).postedTotal = sale.totals.grand;
-    at(number).change = sale.change;
-    Q_EMIT cashChanged(number);
+    at(number).beginSale();
 }
 
 Receipt TillSession::nextReceipt(Sale sale)

@@ -5,13 +5,11 @@
 #include "sales/ledger_codes.h"
 #include "sales/notice.h"
 #include "sales/posting_report.h"
-#include "sales/receipt_commands.h"
-#include "sales/sale_list.h"
+#include "sales/till_list.h"
 
 #include <QObject>
 
 #include <memory>
-#include <optional>
 
 class Program;
 
@@ -37,11 +35,11 @@ public:
     void load();
 
     const Settings &settings() const { return m_settings; }
-    SaleList &list(int number) { return m_lists.at(static_cast<std::size_t>(number)).lines; }
-    const pricing::Totals &totals(int number) const { return at(number).totals; }
-    const QString &cash(int number) const { return at(number).cash; }
-    const QString &change(int number) const { return at(number).change; }
-    int currentRow(int number) const { return at(number).currentRow; }
+    SaleList &list(int number) { return at(number).lines; }
+    const pricing::Totals &totals(int number) const { return at(number).totals(); }
+    const QString &cash(int number) const { return at(number).cash(); }
+    const QString &change(int number) const { return at(number).change(); }
+    int currentRow(int number) const { return at(number).currentRow(); }
     int activeList() const { return m_active; }
     EntryMode entryMode() const { return m_mode; }
     const Cashier &cashier() const { return m_cashier; }
@@ -73,7 +71,7 @@ public:
 
     /// Grand total of the sale that was just posted from a list; its change stands beside it until
     /// the next code or cash. Empty: none.
-    const QString &postedTotal(int number) const { return at(number).postedTotal; }
+    const QString &postedTotal(int number) const { return at(number).postedTotal(); }
 
     /// True while a key or button is being worked on. A message box that opens meanwhile was caused
     /// by the till, and keys that arrive belong behind it.
@@ -133,21 +131,9 @@ Q_SIGNALS:
     void codesChecked(const QStringList &unknown); ///< codes of the settings the ledger lacks
 
 private:
-    struct ListState
-    {
-        SaleList lines;
-        pricing::Totals totals;
-        QString cash = QStringLiteral("0,00");
-        QString change = QStringLiteral("0,00");
-        QString postedTotal;
-        bool cashGiven = false; ///< the cash box was changed during this sale
-        int currentRow = -1;
-        std::optional<Receipt> lastReceipt;
-    };
-
-    const ListState &at(int number) const { return m_lists.at(static_cast<std::size_t>(number)); }
-    ListState &at(int number) { return m_lists.at(static_cast<std::size_t>(number)); }
-    ListState &active() { return at(m_active); }
+    const TillList &at(int number) const { return m_lists.at(static_cast<std::size_t>(number)); }
+    TillList &at(int number) { return m_lists.at(static_cast<std::size_t>(number)); }
+    TillList &active() { return at(m_active); }
 
     /// Marks the till as working, and tells of a server that takes its time.
     class Work;
@@ -164,7 +150,6 @@ private:
     bool mayPost(const QString &unentered);
     bool mayPostOnCodes();
     void postList(int number, PostingProgress &progress);
-    void showPosted(int number, const Sale &sale);
     void tellEmpty(int number);
     void clearList(int number);
     Receipt nextReceipt(Sale sale);
@@ -175,7 +160,7 @@ private:
     Settings m_settings;
     ReceiptLayout m_layout;
     ItemLookup m_lookup;
-    std::array<ListState, kSaleLists> m_lists;
+    std::array<TillList, kSaleLists> m_lists;
     int m_active = 0;
     EntryMode m_mode = EntryMode::barcode;
     Cashier m_cashier;
