@@ -170,7 +170,7 @@ void openLayout(benchmark::State &state)
     Program program(Ports{machine.connector, machine.db, keys, machine.printers, machine.sounds,
                           machine.clock, machine.prompt},
                     directory.path());
-    DesignFiles files(program);
+    DesignFiles files(program.keys, program.clock, program.directory());
     const Design design = crowded();
     const QString path = directory.filePath(u"ayar/büyük.ayr"_s);
     const bool saving = state.range(0) != 0;

@@ -113,7 +113,7 @@ void postSale(benchmark::State &state)
     sale.lines = till.list(0).lines();
     sale.totals = till.totals(0);
     sale.moment = shop().machine.clock.moment;
-    const Settings settings = oku(program);
+    const Settings settings = oku(program.files());
     static const BigShop twin(kStocks);
     static const auto twinHost = twin.openCompany();
 

@@ -133,14 +133,14 @@ void prepareFolder(Program &program)
     clearUnfinished(program.directory());
     hideSettings(program.directory());
     if (QFile::exists(program.path(settings::kFile))) {
-        const QString told = repairSettingsFile(program);
+        const QString told = repairSettingsFile(program.files());
         if (!told.isEmpty())
             program.caution(told);
         return;
     }
     copyShippedFiles(program.directory());
     createDemoShop(program.directory(), program.clock.now().date());
-    createSettingsFile(program);
+    createSettingsFile(program.files());
 }
 
 int run(Application &app, const Options &options, const StartTimes &times)

@@ -7,18 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::vector<LabelRow> labelsOf(const PrintQueue &queue)
-{
-    std::vector<LabelRow> labels;
-    for (const int place : queue.everyPlace())
-        labels.push_back(labelOf(queue.at(place), place));
-    return labels;
-}
-
-} // namespace
-
 DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk)
     : m_program(program), m_print(print), m_desk(desk), m_search(program)
 {}
@@ -39,8 +27,12 @@ Form1 &DesignRoom::form()
     fitToScreen(*form);
     connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
     connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);
-    connect(form, &Form1::queueWanted, this,
-            [this] { m_program.handle([this] { showStocks(labelsOf(m_desk.queue())); }); });
+    connect(form, &Form1::queueWanted, this, [this] {
+        m_program.handle([this] {
+            const PrintQueue &queue = m_desk.queue();
+            showStocks(labelsOf(queue.placed(queue.everyPlace())));
+        });
+    });
     connect(form, &Form1::stockWanted, this, [this](const QString &text) {
         m_program.handle([&] {
             m_desk.loadPriceNumbers();

@@ -36,6 +36,18 @@ public:
     }
 };
 
+/// The company's database, for those who need nothing else of the program.
+class CompanyDatabase
+{
+public:
+    /// The connection, opened anew when it was lost, so that a cashier goes on with the list on
+    /// screen. Throws HostError (kConnectionLost) when it is not open.
+    virtual HostConnection &company() = 0;
+
+protected:
+    ~CompanyDatabase() = default;
+};
+
 /// Opens connections: on the embedded engine when the server name is "(yerel)", else on SQL Server.
 class HostConnector
 {

@@ -35,6 +35,11 @@ QString pricesOf(const QString &stockCode)
     return where(u"STKFIYAT", u"STKFIYSTKKOD", stockCode);
 }
 
+QString dayMonthYear()
+{
+    return u"Set DateFormat dmy"_s;
+}
+
 QString allOf(QStringView table)
 {
     return u"select * from "_s % table;

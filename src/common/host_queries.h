@@ -18,6 +18,9 @@ QString barcodesOf(const QString &stockCode);
 /// The prices of a stock under all price numbers.
 QString pricesOf(const QString &stockCode);
 
+/// Sent first on a company connection: every later date of the program is written day-month-year.
+QString dayMonthYear();
+
 /// All records of a table: slip and invoice types, warehouses, accounts, personnel.
 QString allOf(QStringView table);
 

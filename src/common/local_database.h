@@ -18,11 +18,23 @@ public:
     virtual void close() = 0;
 };
 
+/// The database files of a working folder.
+struct LocalFiles
+{
+    LocalDatabase &db;
+    QString directory;
+
+    QString path(QStringView name) const { return directory + u'/' + name.toString(); }
+};
+
 /// Closes the database when it leaves the scope, also by an exception.
 class OpenDatabase
 {
 public:
     OpenDatabase(LocalDatabase &db, const QString &path) : m_db(db) { m_db.open(path); }
+    OpenDatabase(const LocalFiles &files, QStringView name)
+        : OpenDatabase(files.db, files.path(name))
+    {}
     ~OpenDatabase() { m_db.close(); }
     OpenDatabase(const OpenDatabase &) = delete;
     OpenDatabase &operator=(const OpenDatabase &) = delete;

@@ -8,6 +8,7 @@
 #include "common/printers.h"
 #include "common/prompt.h"
 #include "common/sounds.h"
+#include "common/vat_table.h"
 
 #include <array>
 #include <functional>
@@ -25,12 +26,8 @@ struct Ports
     Prompt &prompt;
 };
 
-/// VAT classes: 101 rows × 3 columns of text. Row n (from 1) holds the n-th class record as it was
-/// read: column 1 its number, column 2 its rate. Row 0 and column 0 stay empty.
-using VatTable = std::array<std::array<QString, 3>, 101>;
-
 /// The program-wide values, handed to every room by reference.
-class Program
+class Program final : public CompanyDatabase
 {
 public:
     Program(const Ports &ports, const QString &directory);
@@ -54,9 +51,11 @@ public:
     QString path(QStringView name) const;
     const QString &directory() const { return m_directory; }
 
-    /// The company connection, opened anew by `reopen` when it was lost, so that a cashier goes on
-    /// with the list on screen. Throws HostError (kConnectionLost) when it is not open.
-    HostConnection &company();
+    /// The local database files of the working folder.
+    LocalFiles files() const { return {db, m_directory}; }
+
+    /// The company connection, opened anew by `reopen` when it was lost.
+    HostConnection &company() override;
 
     /// The same without opening it: a posting that lost its connection must not go on half-way over
     /// another one.

@@ -1,7 +1,7 @@
 #include "common/select_many.h"
 
+#include "common/host_connection.h"
 #include "common/host_error.h"
-#include "common/program.h"
 
 #include <QElapsedTimer>
 #include <QStringList>
@@ -38,7 +38,7 @@ private:
 
 } // namespace
 
-bool selectMany(Program &program, int count, const std::function<QString(int)> &statement,
+bool selectMany(CompanyDatabase &database, int count, const std::function<QString(int)> &statement,
                 const std::function<bool(int, RecordSet)> &take)
 {
     BatchSize size;
@@ -51,7 +51,7 @@ bool selectMany(Program &program, int count, const std::function<QString(int)> &
         std::exception_ptr failure;
         timer.start();
         try {
-            program.company().executeAll(statements, answers);
+            database.company().executeAll(statements, answers);
         } catch (const HostError &) {
             failure = std::current_exception(); // after what was answered before it
         }

@@ -1,6 +1,6 @@
 #include "common/settings_database.h"
 
-#include "common/program.h"
+#include "common/host_error.h"
 #include "common/resume_next.h"
 
 #include <QStringBuilder>
@@ -131,18 +131,18 @@ void read(OpenDatabase &db, Tables tables, Settings &into)
     }
 }
 
-void read(const Program &program, Tables tables, Settings &into)
+void read(const LocalFiles &files, Tables tables, Settings &into)
 {
     resumeNext([&] {
-        OpenDatabase db(program.db, program.path(kFile));
+        OpenDatabase db(files, kFile);
         read(db, tables, into);
     });
 }
 
-Settings read(const Program &program, Tables tables)
+Settings read(const LocalFiles &files, Tables tables)
 {
     Settings settings;
-    read(program, tables, settings);
+    read(files, tables, settings);
     return settings;
 }
 

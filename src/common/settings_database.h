@@ -7,8 +7,6 @@
 
 #include <functional>
 
-class Program;
-
 /// The local files `data.dbs` (settings) and `Fis.dbs` (receipt layout) of the working folder. All
 /// that is made, completed, read and written of them goes by the rows of settings_table.h.
 namespace settings {
@@ -33,10 +31,10 @@ using Tables = std::initializer_list<QStringView>;
 void read(OpenDatabase &db, Tables tables, Settings &into);
 
 /// The same, opening and closing the file.
-void read(const Program &program, Tables tables, Settings &into);
+void read(const LocalFiles &files, Tables tables, Settings &into);
 
 /// Freshly read; the design values where they cannot be.
-Settings read(const Program &program, Tables tables);
+Settings read(const LocalFiles &files, Tables tables);
 
 /// "table.column" → stored text.
 using Texts = QHash<QString, QString>;

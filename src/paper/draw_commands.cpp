@@ -4,7 +4,6 @@
 
 #include <QColor>
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -107,14 +106,4 @@ QString toText(const DrawCommand &command, QPointF origin)
 QRectF boundingBox(const DrawCommand &command, const TextMeasure &measure)
 {
     return std::visit(BoundingBox{measure}, command.shape);
-}
-
-const DrawCommand *commandAt(const std::vector<DrawCommand> &commands, QPointF place, double slack,
-                             const TextMeasure &measure)
-{
-    const auto hit = std::find_if(commands.crbegin(), commands.crend(), [&](const DrawCommand &c) {
-        return c.element != ElementRef{} &&
-               boundingBox(c, measure).adjusted(-slack, -slack, slack, slack).contains(place);
-    });
-    return hit != commands.crend() ? &*hit : nullptr;
 }

@@ -80,8 +80,3 @@ QString toText(const DrawCommand &command, QPointF origin = {});
 /// The upright rectangle around what a command draws (mm). A text's is that of its turned line,
 /// from which slanted letters may stand out a little.
 QRectF boundingBox(const DrawCommand &command, const TextMeasure &measure);
-
-/// The uppermost command at a place (mm), the last drawn first; null when there is none. Commands
-/// without an element are passed over. `slack`: mm by which one may miss.
-const DrawCommand *commandAt(const std::vector<DrawCommand> &commands, QPointF place, double slack,
-                             const TextMeasure &measure);

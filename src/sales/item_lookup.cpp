@@ -1,28 +1,13 @@
 #include "sales/item_lookup.h"
 
 #include "common/amount.h"
+#include "common/host_connection.h"
 #include "common/host_queries.h"
-#include "common/program.h"
 #include "sales/pricing.h"
-
-#include <QCoreApplication>
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr QStringView kFoundSound = u"sndon.sun";
-constexpr QStringView kNotFoundSound = u"sndoff.sun";
-
-/// In the working folder; a shop that works in several folders may keep its sounds beside the
-/// program.
-QString soundFile(const Program &program, QStringView name)
-{
-    const QString own = program.path(name);
-    const QString shared = QDir(QCoreApplication::applicationDirPath()).filePath(name.toString());
-    return QFileInfo::exists(own) || !QFileInfo::exists(shared) ? own : shared;
-}
 
 bool moveToPrice(RecordSet &prices, QStringView number)
 {
@@ -50,13 +35,14 @@ QString discountRemark(const SaleLine &line)
 
 } // namespace
 
-ItemLookup::ItemLookup(Program &program, const Settings &settings)
-    : m_program(program), m_settings(settings)
+ItemLookup::ItemLookup(CompanyDatabase &company, TillSounds &sounds, const VatTable &vat,
+                       const Settings &settings)
+    : m_company(company), m_sounds(sounds), m_vat(vat), m_settings(settings)
 {}
 
 LookupResult ItemLookup::listebarkodkontrol(SaleList &list, const QString &code)
 {
-    HostConnection &host = m_program.company();
+    HostConnection &host = m_company.company();
     const RecordSet barcode = host.execute(host_queries::barcode(code));
     if (barcode.eof())
         return notFound(u"Barkod bulunamadı: %1"_s.arg(code));
@@ -67,7 +53,7 @@ LookupResult ItemLookup::listebarkodkontrol(SaleList &list, const QString &code)
     const RecordSet card = host.execute(host_queries::card(stockCode));
     if (card.eof())
         return notFound(u"Barkodun stok kartı yok: %1 (%2)"_s.arg(code, stockCode));
-    calseson();
+    m_sounds.calseson();
 
     SaleLine line;
     line[SaleColumn::barcode] = code;
@@ -82,11 +68,11 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
     if (const int row = list.find(SaleColumn::stockCode, code); row >= 0)
         return merge(list, row);
 
-    HostConnection &host = m_program.company();
+    HostConnection &host = m_company.company();
     const RecordSet card = host.execute(host_queries::card(code));
     if (card.eof())
         return notFound(u"Stok kodu bulunamadı: %1"_s.arg(code));
-    calseson();
+    m_sounds.calseson();
 
     SaleLine line;
     line[SaleColumn::stockCode] = card.text(u"STKKOD");
@@ -97,21 +83,9 @@ LookupResult ItemLookup::listestokkodkontrol(SaleList &list, const QString &code
     return addPriced(list, std::move(line));
 }
 
-void ItemLookup::calseson()
-{
-    if (m_settings.ses.bulses)
-        m_program.sounds.play(soundFile(m_program, kFoundSound));
-}
-
-void ItemLookup::calsesoff()
-{
-    if (m_settings.ses.bulmases)
-        m_program.sounds.play(soundFile(m_program, kNotFoundSound));
-}
-
 LookupResult ItemLookup::merge(SaleList &list, int row)
 {
-    calseson();
+    m_sounds.calseson();
     SaleLine line = list.line(row);
     pricing::recompute(line, pricing::valueOf(line, SaleColumn::quantity) + 1.0);
     list.replace(row, std::move(line));
@@ -120,7 +94,7 @@ LookupResult ItemLookup::merge(SaleList &list, int row)
 
 LookupResult ItemLookup::notFound(const QString &remark)
 {
-    calsesoff();
+    m_sounds.calsesoff();
     return {LookupResult::Outcome::notFound, -1, remark};
 }
 
@@ -128,7 +102,7 @@ LookupResult ItemLookup::addPriced(SaleList &list, SaleLine line)
 {
     const QString fault = priceLine(line);
     if (!fault.isEmpty()) {
-        calsesoff();
+        m_sounds.calsesoff();
         return {LookupResult::Outcome::unpriced, -1, fault};
     }
     const QString remark = discountRemark(line);
@@ -141,7 +115,7 @@ LookupResult ItemLookup::addPriced(SaleList &list, SaleLine line)
 QString ItemLookup::priceLine(SaleLine &line)
 {
     const QString &stockCode = line[SaleColumn::stockCode];
-    RecordSet price = m_program.company().execute(host_queries::pricesOf(stockCode));
+    RecordSet price = m_company.company().execute(host_queries::pricesOf(stockCode));
     if (!moveToPrice(price, m_settings.stok.fiyatip))
         return u"%1: %2 numaralı fiyat tanımlı değil, satılamaz."_s.arg(line[SaleColumn::name],
                                                                         m_settings.stok.fiyatip);
@@ -163,8 +137,8 @@ QString ItemLookup::vatRate(const QString &vatClass) const
     if (vatClass.trimmed().isEmpty())
         return m_settings.kdv.kdv;
     const auto row = amount::parse(vatClass);
-    const auto last = static_cast<double>(m_program.kdvtab.size() - 1);
+    const auto last = static_cast<double>(m_vat.size() - 1);
     if (!row || *row < 0.0 || *row > last)
         return {};
-    return m_program.kdvtab[static_cast<std::size_t>(qRound(*row))][2];
+    return m_vat[static_cast<std::size_t>(qRound(*row))][2];
 }

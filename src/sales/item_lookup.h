@@ -1,9 +1,11 @@
 #pragma once
 
+#include "common/settings.h"
+#include "common/vat_table.h"
 #include "sales/sale_list.h"
-#include "sales/sale_settings.h"
+#include "sales/till_sounds.h"
 
-class Program;
+class CompanyDatabase;
 
 /// What became of an entered code.
 struct LookupResult
@@ -20,21 +22,19 @@ struct LookupResult
     QString remark; ///< for the cashier, in Turkish; may be empty
 };
 
-/// Finds entered codes in the host database and brings them into a sale list. The settings must
-/// outlive it. Failed statements throw HostError; the list is then as it was.
+/// Finds entered codes in the host database and brings them into a sale list. What it is made
+/// of must outlive it. Failed statements throw HostError; the list is then as it was.
 class ItemLookup
 {
 public:
-    ItemLookup(Program &program, const Settings &settings);
+    ItemLookup(CompanyDatabase &company, TillSounds &sounds, const VatTable &vat,
+               const Settings &settings);
 
     /// The code is a barcode.
     LookupResult listebarkodkontrol(SaleList &list, const QString &code);
 
     /// The code is a stock code.
     LookupResult listestokkodkontrol(SaleList &list, const QString &code);
-
-    void calseson();  ///< the sound for a found item, unless switched off
-    void calsesoff(); ///< the sound for an item not found, unless switched off
 
 private:
     LookupResult merge(SaleList &list, int row);
@@ -43,6 +43,8 @@ private:
     QString priceLine(SaleLine &line);
     QString vatRate(const QString &vatClass) const;
 
-    Program &m_program;
+    CompanyDatabase &m_company;
+    TillSounds &m_sounds;
+    const VatTable &m_vat;
     const Settings &m_settings;
 };

@@ -13,7 +13,7 @@ ReceiptEditor::ReceiptEditor(Program &program, QObject *parent)
 
 const ReceiptLayout &ReceiptEditor::load()
 {
-    m_stored = receipt_store::fisoku(m_program);
+    m_stored = receipt_store::fisoku(m_program.files());
     m_layout = m_stored;
     m_touched = false;
     return m_layout;
@@ -36,13 +36,13 @@ ReceiptPage ReceiptEditor::preview() const
 void ReceiptEditor::testPrint()
 {
     m_program.handle([this] {
-        const QString printer = settings::read(m_program, {u"yazici"}).yazici.yazici1;
-        if (!yaziciseciver(m_program, printer)) {
+        const QString printer = settings::read(m_program.files(), {u"yazici"}).yazici.yazici1;
+        if (!yaziciseciver(m_program.printers, printer)) {
             m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                            "Deneyiniz..."_s);
             return;
         }
-        printReceipt(m_program, printer, preview());
+        printReceipt(m_program.printers, printer, preview());
     });
 }
 
@@ -50,7 +50,7 @@ bool ReceiptEditor::save()
 {
     bool done = false;
     m_program.handle([&] {
-        receipt_store::save(m_program, m_layout);
+        receipt_store::save(m_program.files(), m_layout);
         done = true;
     });
     if (done) {

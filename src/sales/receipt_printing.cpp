@@ -1,6 +1,6 @@
 #include "sales/receipt_printing.h"
 
-#include "common/program.h"
+#include "common/printers.h"
 #include "paper/paged_canvas.h"
 
 using namespace Qt::StringLiterals;
@@ -22,14 +22,14 @@ PrinterSetup setupFor(const QString &printer, const ReceiptPage &page)
 
 } // namespace
 
-bool yaziciseciver(const Program &program, const QString &printer)
+bool yaziciseciver(const Printers &printers, const QString &printer)
 {
-    return !printer.isEmpty() && program.printers.names().contains(printer);
+    return !printer.isEmpty() && printers.names().contains(printer);
 }
 
-void printReceipt(Program &program, const QString &printer, const ReceiptPage &page)
+void printReceipt(Printers &printers, const QString &printer, const ReceiptPage &page)
 {
-    const auto document = program.printers.open(printer, setupFor(printer, page));
+    const auto document = printers.open(printer, setupFor(printer, page));
     if (!document)
         throw PrintError(u"\"%1\" adlı yazıcı bulunamadı."_s.arg(printer));
     PagedCanvas canvas(document->device());

@@ -1,7 +1,6 @@
 #include "sales/receipt_store.h"
 
 #include "common/amount.h"
-#include "common/program.h"
 #include "common/resume_next.h"
 #include "common/settings_database.h"
 
@@ -29,12 +28,12 @@ Texts textsOf(const ReceiptLayout &layout)
     return texts;
 }
 
-void write(Program &program, SettingWriter writer, const Texts &texts)
+void write(const LocalFiles &files, SettingWriter writer, const Texts &texts)
 {
     const auto quotable = [&](const SettingRow &row) {
         return texts.value(settings::nameOf(row)).replace(u'\'', u'’');
     };
-    OpenDatabase db(program.db, program.path(settings::kReceiptFile));
+    OpenDatabase db(files, settings::kReceiptFile);
     for (const QString &statement : settings::updates(LocalFile::receipt, writer, quotable))
         db.execute(statement);
 }
@@ -63,11 +62,11 @@ ReceiptLayout layoutOf(const Texts &texts)
 
 } // namespace
 
-ReceiptLayout fisoku(Program &program)
+ReceiptLayout fisoku(const LocalFiles &files)
 {
     Texts texts = settings::designTexts(LocalFile::receipt);
     resumeNext([&] {
-        OpenDatabase db(program.db, program.path(settings::kReceiptFile));
+        OpenDatabase db(files, settings::kReceiptFile);
         const auto readAll = [&] {
             bool all = true;
             for (const QStringView table : settingTables(LocalFile::receipt))
@@ -82,14 +81,14 @@ ReceiptLayout fisoku(Program &program)
     return layoutOf(texts);
 }
 
-void save(Program &program, const ReceiptLayout &layout)
+void save(const LocalFiles &files, const ReceiptLayout &layout)
 {
-    write(program, SettingWriter::dialog, textsOf(layout));
+    write(files, SettingWriter::dialog, textsOf(layout));
 }
 
-bool saveNumber(Program &program, const QString &number)
+bool saveNumber(const LocalFiles &files, const QString &number)
 {
-    return resumeNext([&] { write(program, SettingWriter::till, {{u"zno.zno"_s, number}}); });
+    return resumeNext([&] { write(files, SettingWriter::till, {{u"zno.zno"_s, number}}); });
 }
 
 } // namespace receipt_store

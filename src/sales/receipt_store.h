@@ -1,8 +1,7 @@
 #pragma once
 
+#include "common/local_database.h"
 #include "sales/receipt_layout.h"
-
-class Program;
 
 /// The receipt layout database `Fis.dbs` of the working folder: one-row tables like those of the
 /// settings database.
@@ -10,14 +9,14 @@ namespace receipt_store {
 
 /// Reads the layout. Tables, rows and columns that are missing are made with the design values: a
 /// decent receipt on paper 80 mm wide; what cannot be read at all has them too.
-ReceiptLayout fisoku(Program &program);
+ReceiptLayout fisoku(const LocalFiles &files);
 
 /// Writes everything but the receipt counter. Apostrophes in texts become the typographic ’, which
 /// the quoted statements can carry. Throws HostError when a statement is refused; the rows before
 /// it are then saved.
-void save(Program &program, const ReceiptLayout &layout);
+void save(const LocalFiles &files, const ReceiptLayout &layout);
 
 /// Writes the receipt counter; returns false when the file refused.
-bool saveNumber(Program &program, const QString &number);
+bool saveNumber(const LocalFiles &files, const QString &number);
 
 } // namespace receipt_store

@@ -69,13 +69,15 @@ private:
 };
 
 TillSession::TillSession(Program &program, QObject *parent)
-    : QObject(parent), m_program(program), m_lookup(program, m_settings), m_codes(program)
+    : QObject(parent), m_program(program),
+      m_sounds(program.sounds, program.directory(), m_settings),
+      m_lookup(program, m_sounds, program.kdvtab, m_settings), m_codes(program)
 {}
 
 void TillSession::load()
 {
-    m_settings = oku(m_program);
-    m_layout = receipt_store::fisoku(m_program);
+    m_settings = oku(m_program.files());
+    m_layout = receipt_store::fisoku(m_program.files());
     Q_EMIT settingsLoaded();
     m_codes.check(m_settings, m_cashier.code);
     Q_EMIT codesChecked(m_codes.unknown());
@@ -118,7 +120,7 @@ void TillSession::enter(const QString &code)
             hesapla(m_active);
         }
     } catch (const HostError &error) {
-        m_lookup.calsesoff();
+        m_sounds.calsesoff();
         Q_EMIT noticed(u"Aranamadı: %1 (%2)"_s.arg(code, error.text()), Notice::fault);
         if (!error.connectionLost()) {
             Q_EMIT entryCleared();
@@ -132,7 +134,7 @@ void TillSession::enter(const QString &code)
 
 void TillSession::tellNotEntered(const QStringList &texts)
 {
-    m_lookup.calsesoff();
+    m_sounds.calsesoff();
     Q_EMIT noticed(u"Girilmedi, yeniden girin: "_s + texts.join(u", "_s), Notice::fault);
 }
 
@@ -264,7 +266,7 @@ TillSession::CashEntry TillSession::acceptCash(int number)
     }
     const auto given = quantity::parseCash(typed);
     if (!given) {
-        m_lookup.calsesoff(); // nobody looks
+        m_sounds.calsesoff(); // nobody looks
         Q_EMIT noticed(
             u"Alınan para okunamadı: \"%1\". En çok %2; ondalık ayırıcı virgüldür."_s.arg(
                 list.cash(), amount::money(quantity::kMostCash)),
@@ -331,7 +333,7 @@ void TillSession::post(const QString &unentered)
 bool TillSession::mayPost(const QString &unentered)
 {
     if (!unentered.isEmpty()) {
-        m_lookup.calsesoff();
+        m_sounds.calsesoff();
         Q_EMIT noticed(
             u"Satış kaydedilmedi: \"%1\" girilmedi. Enter ile girin ya da Esc ile silin."_s.arg(
                 unentered),
@@ -339,7 +341,7 @@ bool TillSession::mayPost(const QString &unentered)
         Q_EMIT entryRefused();
         return false;
     }
-    if (!yaziciseciver(m_program, m_settings.yazici.yazici1)) {
+    if (!yaziciseciver(m_program.printers, m_settings.yazici.yazici1)) {
         m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                        "Deneyiniz..."_s);
         return false;
@@ -406,14 +408,14 @@ Receipt TillSession::nextReceipt(Sale sale)
     bool readable = false;
     const qlonglong last = m_layout.lastNumber.toLongLong(&readable);
     m_layout.lastNumber = QString::number(readable ? last + 1 : 1);
-    receipt_store::saveNumber(m_program, m_layout.lastNumber);
+    receipt_store::saveNumber(m_program.files(), m_layout.lastNumber);
     return {std::move(sale), m_layout.lastNumber};
 }
 
 void TillSession::print(const Receipt &receipt)
 {
     try {
-        printReceipt(m_program, m_settings.yazici.yazici1, drawReceipt(m_layout, receipt));
+        printReceipt(m_program.printers, m_settings.yazici.yazici1, drawReceipt(m_layout, receipt));
     } catch (const PrintError &error) {
         m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
                        "yazdırabilirsiniz."_s.arg(error.text()));
@@ -455,7 +457,8 @@ void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult 
 void TillSession::printReport(const PostingReport &report)
 {
     try {
-        printReceipt(m_program, m_settings.yazici.yazici1, drawText(m_layout, report.text));
+        printReceipt(m_program.printers, m_settings.yazici.yazici1,
+                     drawText(m_layout, report.text));
     } catch (const PrintError &error) {
         m_program.warn(u"Yazdırılamadı: %1"_s.arg(error.text()));
     }
@@ -495,10 +498,10 @@ void TillSession::discard()
 
 QList<int> TillSession::columnWidths() const
 {
-    return olcuyukle(m_program);
+    return olcuyukle(m_program.files());
 }
 
 void TillSession::saveColumnWidths(const QList<int> &widths)
 {
-    olcukaydet(m_program, widths);
+    olcukaydet(m_program.files(), widths);
 }

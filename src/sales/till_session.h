@@ -159,6 +159,7 @@ private:
     Program &m_program;
     Settings m_settings;
     ReceiptLayout m_layout;
+    TillSounds m_sounds;
     ItemLookup m_lookup;
     std::array<TillList, kSaleLists> m_lists;
     int m_active = 0;

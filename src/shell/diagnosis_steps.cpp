@@ -1,5 +1,6 @@
 #include "shell/diagnosis_steps.h"
 
+#include "common/host_queries.h"
 #include "common/resume_next.h"
 
 #include <QSysInfo>
@@ -338,7 +339,7 @@ void DiagnosisSteps::readDateOrder()
 {
     if (!m_company)
         return;
-    resumeNext([this] { m_company->execute(u"Set DateFormat dmy"_s); });
+    resumeNext([this] { m_company->execute(host_queries::dayMonthYear()); });
     const RecordSet answer =
         m_company->execute(u"select DATEPART(month,CAST('02.01.2026' AS datetime)) as AY"_s);
     tell(diagnosis_finding::ofDateOrder(answer.number(u"AY") == 1.0, m_target));

@@ -12,7 +12,7 @@ HostLink::HostLink(Program &program, QObject *parent) : QObject(parent), m_progr
 
 void HostLink::ayaroku()
 {
-    settings::read(m_program, {u"server", u"instan"}, m_settings);
+    settings::read(m_program.files(), {u"server", u"instan"}, m_settings);
 }
 
 /// Null when it does not open; start-up goes on, and the connection dialog tells why.
@@ -68,8 +68,7 @@ bool HostLink::openCompany()
     Q_EMIT connected();
     if (!Program::isOpen(m_program.bag))
         return false;
-    // Every later date literal of the program is written day-month-year.
-    resumeNext([this] { m_program.bag->execute(u"Set DateFormat dmy"_s); });
+    resumeNext([this] { m_program.bag->execute(host_queries::dayMonthYear()); });
     return true;
 }
 

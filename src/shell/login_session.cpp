@@ -12,7 +12,7 @@ LoginSession::LoginSession(Program &program, QObject *parent) : QObject(parent),
 
 void LoginSession::load()
 {
-    m_stored = settings::read(m_program, {u"login"}).login.sifre;
+    m_stored = settings::read(m_program.files(), {u"login"}).login.sifre;
 }
 
 void LoginSession::enter(const QString &typed)

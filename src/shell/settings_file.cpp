@@ -1,7 +1,6 @@
 #include "shell/settings_file.h"
 
 #include "common/host_error.h"
-#include "common/program.h"
 #include "common/settings_database.h"
 
 #include <QDir>
@@ -33,15 +32,15 @@ QString keepAside(const QString &file)
 
 } // namespace
 
-void createSettingsFile(Program &program)
+void createSettingsFile(const LocalFiles &files)
 {
-    const QString file = program.path(settings::kFile);
+    const QString file = files.path(settings::kFile);
     if (QFile::exists(file))
         return;
     const QString unfinished = file + u".yeni"_s;
     QFile::remove(unfinished);
     {
-        OpenDatabase open(program.db, unfinished);
+        OpenDatabase open(files.db, unfinished);
         settings::complete(open, LocalFile::settings, settings::Fill::first);
     }
     if (!QFile::rename(unfinished, file))
@@ -49,11 +48,11 @@ void createSettingsFile(Program &program)
                         u"Ayar dosyası oluşturulamadı: %1"_s.arg(QDir::toNativeSeparators(file)));
 }
 
-QString repairSettingsFile(Program &program)
+QString repairSettingsFile(const LocalFiles &files)
 {
-    const QString file = program.path(settings::kFile);
+    const QString file = files.path(settings::kFile);
     const auto repair = [&] {
-        OpenDatabase open(program.db, file);
+        OpenDatabase open(files.db, file);
         return settings::complete(open, LocalFile::settings, settings::Fill::design);
     };
     try {

@@ -113,8 +113,8 @@ bool SettingsSession::settlePassword(Settings &values)
 
 void SettingsSession::oku()
 {
-    settings::read(m_program, {u"login", u"instan", u"ses", u"yazici", u"per", u"server", u"liste"},
-                   m_values);
+    settings::read(m_program.files(),
+                   {u"login", u"instan", u"ses", u"yazici", u"per", u"server", u"liste"}, m_values);
     if (m_values.liste.bold < 0 || m_values.liste.bold > kLastStyle)
         m_values.liste.bold = 0;
 }
@@ -146,13 +146,13 @@ void SettingsSession::sqloku()
 
 void SettingsSession::oku1()
 {
-    settings::read(m_program, {u"stok"}, m_values);
+    settings::read(m_program.files(), {u"stok"}, m_values);
 }
 
 void SettingsSession::serverkaydet(const Settings &values)
 {
     resumeNext([&] {
-        OpenDatabase db(m_program.db, m_program.path(settings::kFile));
+        OpenDatabase db(m_program.files(), settings::kFile);
         for (const QString &statement : settings::updates(values, SettingWriter::dialog))
             resumeNext([&] { db.execute(statement); });
     });

@@ -24,7 +24,7 @@ protected:
     {
         if (GetParam().fault)
             m_server.emplace(*GetParam().fault);
-        OpenDatabase file(shop.db, shop.program.path(settings::kFile));
+        OpenDatabase file(shop.program.files(), settings::kFile);
         file.execute(
             u"Update server set server = '%1',kuladi = 'sa',sifre = 'x' Where id ='1'"_s.arg(
                 m_server ? m_server->name() : u"127.0.0.1,1"_s));

@@ -18,15 +18,8 @@ namespace {
 
 PrintRequest wholeQueue(const PrintQueue &queue)
 {
-    PrintRequest request;
-    for (int row = 0; row < queue.size(); ++row)
-        request.rows.push_back(labelOf(queue.at(row), row));
-    return request;
+    return {.rows = labelsOf(queue.placed(queue.everyPlace()))};
 }
-
-} // namespace
-
-namespace {
 
 class DemoShop : public testing::Test
 {
@@ -179,7 +172,7 @@ TEST(FirstRun, LeavesWhatIsThereAndMakesTheRest)
     EXPECT_EQ(QFileInfo(layout).size(), 16);
     EXPECT_TRUE(QFile::exists(shop.program.path(u"ayar/Rulo 58x40.ayr")));
     EXPECT_TRUE(QFileInfo(shop.program.path(u"ayar/Rulo 58x40.ayr")).isWritable());
-    createSettingsFile(shop.program); // there already: untouched
+    createSettingsFile(shop.program.files()); // there already: untouched
     EXPECT_FALSE(QFile::exists(shop.program.path(u"data.dbs.yeni")));
 
     // A folder that cannot be written is told in words.

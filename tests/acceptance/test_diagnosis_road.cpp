@@ -156,7 +156,7 @@ protected:
 
     void setServer(const QString &server)
     {
-        OpenDatabase file(shop.db, shop.program.path(settings::kFile));
+        OpenDatabase file(shop.program.files(), settings::kFile);
         file.execute(
             u"Update server set server='%1',kuladi='sa',sifre='Gizli4' Where id ='1'"_s.arg(
                 server));

@@ -70,7 +70,7 @@ TEST_F(RoomsTest, SettingsAreReachedOnceThroughThePassword)
 TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
 {
     {
-        const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
+        const OpenDatabase open(shop.program.files(), settings::kFile);
         shop.db.execute(u"Update liste set enust = '1' Where id ='1'"_s);
     }
     const auto onTop = [](QWidget *form) {

@@ -254,7 +254,7 @@ TEST_P(TillRoad, TwoTillsPostAtOnceWithoutHanging)
 {
     constexpr int sales = 8;
     {
-        const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
+        const OpenDatabase open(shop.program.files(), settings::kFile);
         shop.db.execute(u"Update yazici set yazdirma = '0' Where id ='1'"_s);
     }
     shop.printers.names(); // Qt makes its printer support on first use, and only one thread may

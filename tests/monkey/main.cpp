@@ -78,7 +78,7 @@ QString live(const QString &folder, Luck &luck, Hands &hands, StepLog &log, Run 
         {host, machine.db, machine.keys, printers, machine.sounds, machine.clock, prompt}, folder);
     if (luck.chance(70)) {
         QFile::remove(program.path(settings::kFile));
-        createSettingsFile(program);
+        createSettingsFile(program.files());
     }
     NoAutostart autostart;
     const bool tray = luck.chance(50);

@@ -69,28 +69,6 @@ TEST(DrawCommands, InkStaysInTheBoundingBox)
     }
 }
 
-TEST(DrawCommands, TheUppermostElementIsFound)
-{
-    const DeviceFonts fonts(kTenDots);
-    const std::vector<DrawCommand> commands = {
-        {RectangleCommand{{0, 0, 40, 40}, 0, 0, true}, {1, 0}},
-        {TextCommand{{10, 30}, 90, {u"DejaVu Sans"_s, 12}, 0, u"yukarı"_s}, {3, 4}},
-        {LineCommand{{0, 12}, {40, 12}, 0.2, 0}, {}}, // a guide, of no element
-    };
-    const struct
-    {
-        QPointF place;
-        ElementRef element;
-    } cases[] = {{{2, 2}, {1, 0}}, {{12, 25}, {3, 4}}, {{12, 35}, {1, 0}}, {{30, 12}, {1, 0}}};
-    for (const auto &c : cases) {
-        const DrawCommand *const hit = commandAt(commands, c.place, 0, fonts);
-        ASSERT_TRUE(hit);
-        EXPECT_EQ(hit->element, c.element) << c.place.x() << ' ' << c.place.y();
-    }
-    EXPECT_FALSE(commandAt(commands, {41, 20}, 0.5, fonts));
-    EXPECT_TRUE(commandAt(commands, {40.3, 20}, 0.5, fonts));
-}
-
 TEST(TextBlock, SaysWhetherAllOfTheTextIsInItsBox)
 {
     const DeviceFonts fonts(kTenDots);

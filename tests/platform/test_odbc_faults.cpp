@@ -3,6 +3,7 @@
 #include "platform/host/odbc_engine.h"
 #include "platform/host/odbc_session.h"
 #include "platform/host/sql_browser.h"
+#include "platform/host/sql_server.h"
 #include "platform/scratch.h"
 #include "support/print_qt.h"
 
@@ -32,8 +33,12 @@ protected:
                                         std::chrono::milliseconds patience = OdbcEngine::kPatience)
     {
         const ConnectionSettings settings{server, u"sa"_s, password, u"DEMOSIRKET"_s};
-        return std::make_unique<OdbcEngine>(calls, settings, OdbcOverride{u"FreeTDS"_s, {}},
-                                            patience);
+        return std::make_unique<OdbcEngine>(
+            calls,
+            [=] {
+                return sql_server::whereIs(settings, {u"FreeTDS"_s, {}});
+            },
+            patience);
     }
 
     std::shared_ptr<BoundedCalls> calls = std::make_shared<BoundedCalls>();

@@ -1,4 +1,5 @@
 #include "sales/item_lookup.h"
+#include "sales/sale_settings.h"
 #include "sales/till_shop.h"
 
 #include <gtest/gtest.h>
@@ -23,8 +24,9 @@ struct Lookup : testing::Test
     LookupResult type(const QString &code) { return lookup.listestokkodkontrol(list, code); }
 
     TillShop shop;
-    Settings settings = oku(shop.program);
-    ItemLookup lookup{shop.program, settings};
+    Settings settings = oku(shop.program.files());
+    TillSounds sounds{shop.program.sounds, shop.program.directory(), settings};
+    ItemLookup lookup{shop.program, sounds, shop.program.kdvtab, settings};
     SaleList list;
 };
 

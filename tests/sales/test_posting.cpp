@@ -51,7 +51,7 @@ struct LedgerPosting : testing::Test
         sale.totals = totalsOf(sale.lines);
         shop.host.statements.clear();
         progress = {};
-        return faturakaydet(shop.program, oku(shop.program), sale, progress);
+        return faturakaydet(shop.program, oku(shop.program.files()), sale, progress);
     }
 
     /// Which tables were read and written, in order: "rEVRAKNO wSTKFIS ".

@@ -151,7 +151,7 @@ TEST(ReceiptStore, TheStoredLayoutIsRead)
                                       {u"b6"_s, u""_s},
                                       {u"b7"_s, u"58"_s}});
     machine.db.setRow(u"sol"_s, {{u"sol"_s, u"2,5"_s}});
-    const ReceiptLayout layout = receipt_store::fisoku(machine.program);
+    const ReceiptLayout layout = receipt_store::fisoku(machine.program.files());
     EXPECT_EQ(layout.headerText, u"AD"_s);
     EXPECT_EQ(layout.belowText, u"alt"_s);
     EXPECT_EQ(layout.lastNumber, u"41"_s);
@@ -170,9 +170,9 @@ TEST(ReceiptStore, ALayoutIsSavedTableByTable)
     FakeMachine machine;
     ReceiptLayout layout = plainLayout();
     layout.belowText = u"Ali'nin dükkânı"_s;
-    receipt_store::save(machine.program, layout);
+    receipt_store::save(machine.program.files(), layout);
     expectGolden(u"sales/receipt_save.txt"_s, machine.db.statements.join(u'\n') + u'\n');
     machine.db.failOn = [](const QString &) { return true; };
-    EXPECT_THROW(receipt_store::save(machine.program, layout), HostError);
-    EXPECT_FALSE(receipt_store::saveNumber(machine.program, u"5"_s));
+    EXPECT_THROW(receipt_store::save(machine.program.files(), layout), HostError);
+    EXPECT_FALSE(receipt_store::saveNumber(machine.program.files(), u"5"_s));
 }

@@ -17,7 +17,7 @@ namespace {
 /// A working folder with settings alone.
 struct Folder : ShopFolder, RealMachine
 {
-    Folder() : RealMachine(folder.path()) { createSettingsFile(program); }
+    Folder() : RealMachine(folder.path()) { createSettingsFile(program.files()); }
 };
 
 void run(Folder &shop, const QString &statement, QStringView file = settings::kFile)
@@ -28,7 +28,7 @@ void run(Folder &shop, const QString &statement, QStringView file = settings::kF
 
 QString serverName(Folder &shop)
 {
-    return settings::read(shop.program, {u"server"}).server.server;
+    return settings::read(shop.program.files(), {u"server"}).server.server;
 }
 
 } // namespace
@@ -40,7 +40,7 @@ TEST(SettingsFile, MissingTablesRowsAndColumnsComeBackEmptyAndTheRestStays)
     run(shop, u"delete from server"_s);
     run(shop, u"alter table liste drop column font"_s);
     run(shop, u"Update liste set title = 'DÜKKÂN' Where id ='1'"_s);
-    EXPECT_FALSE(repairSettingsFile(shop.program).isEmpty());
+    EXPECT_FALSE(repairSettingsFile(shop.program.files()).isEmpty());
     EXPECT_EQ(serverName(shop), QString())
         << "a shop that lost its server row must not find itself in the demo shop";
     Settings typed;
@@ -51,8 +51,8 @@ TEST(SettingsFile, MissingTablesRowsAndColumnsComeBackEmptyAndTheRestStays)
     typed.per.per = true;
     for (const QString &statement : settings::updates(typed, SettingWriter::dialog))
         run(shop, statement);
-    EXPECT_EQ(repairSettingsFile(shop.program), QString()) << "a whole file is left alone";
-    const Settings stored = settings::read(shop.program, {u"login", u"liste", u"per"});
+    EXPECT_EQ(repairSettingsFile(shop.program.files()), QString()) << "a whole file is left alone";
+    const Settings stored = settings::read(shop.program.files(), {u"login", u"liste", u"per"});
     EXPECT_EQ(stored.login.sifre + stored.liste.title + stored.liste.font, u"XDÜKKÂNArial"_s);
     EXPECT_EQ(stored.liste.listrenk, typed.liste.listrenk);
     EXPECT_TRUE(stored.per.per);
@@ -61,15 +61,15 @@ TEST(SettingsFile, MissingTablesRowsAndColumnsComeBackEmptyAndTheRestStays)
 TEST(SettingsFile, AReceiptLayoutIsMadeAndCompletedWhenItIsRead)
 {
     Folder shop;
-    const ReceiptLayout plain = receipt_store::fisoku(shop.program);
+    const ReceiptLayout plain = receipt_store::fisoku(shop.program.files());
     EXPECT_EQ(plain.paperWidth(), 80.0);
     EXPECT_EQ(editableText(plain.headerText).section(u'\n', 0, 0), u"MAĞAZA ADI"_s);
     run(shop, u"drop table zno"_s, settings::kReceiptFile);
     run(shop, u"delete from fis"_s, settings::kReceiptFile);
     run(shop, u"alter table karakter drop column b4"_s, settings::kReceiptFile);
-    EXPECT_EQ(receipt_store::fisoku(shop.program), plain);
-    EXPECT_TRUE(receipt_store::saveNumber(shop.program, u"7"_s));
-    EXPECT_EQ(receipt_store::fisoku(shop.program).lastNumber, u"7"_s);
+    EXPECT_EQ(receipt_store::fisoku(shop.program.files()), plain);
+    EXPECT_TRUE(receipt_store::saveNumber(shop.program.files(), u"7"_s));
+    EXPECT_EQ(receipt_store::fisoku(shop.program.files()).lastNumber, u"7"_s);
 }
 
 TEST(SettingsFile, ADamagedFileIsKeptAsideAndMadeAnew)
@@ -79,7 +79,7 @@ TEST(SettingsFile, ADamagedFileIsKeptAsideAndMadeAnew)
     for (const QString &kept : {u"data.dbs.bozuk"_s, u"data.dbs.bozuk2"_s}) {
         const QByteArray bytes(9000 + kept.size(), 'x');
         writeFile(file, bytes);
-        EXPECT_TRUE(repairSettingsFile(shop.program).contains(kept));
+        EXPECT_TRUE(repairSettingsFile(shop.program.files()).contains(kept));
         EXPECT_EQ(QFileInfo(shop.program.path(kept)).size(), bytes.size());
         run(shop, u"Update server set server = 'KASA1' Where id ='1'"_s);
         EXPECT_EQ(serverName(shop), u"KASA1"_s);
@@ -94,7 +94,7 @@ TEST(SettingsFile, AFileInUseIsNotTakenForADamagedOne)
     OpenDatabase busy(other, shop.program.path(settings::kFile));
     busy.execute(u"begin exclusive"_s);
     try {
-        repairSettingsFile(shop.program);
+        repairSettingsFile(shop.program.files());
         ADD_FAILURE() << "nothing was said";
     } catch (const HostError &error) {
         EXPECT_TRUE(error.text().contains(u"başka bir program"_s));

@@ -55,7 +55,7 @@ struct RealShop : ShopFolder, RealMachine
     {
         clock.moment = moment;
         copyShippedFiles(folder.path());
-        createSettingsFile(program);
+        createSettingsFile(program.files());
         if (engine == Engine::embedded)
             createDemoShop(folder.path(), clock.now().date());
         else if (const auto login = testLogin())
@@ -87,7 +87,7 @@ private:
         script.replace(kDemoMaster.toString(), master);
         script.replace(kDemoCompany.toString(), company.database);
         server->run(script);
-        OpenDatabase file(db, program.path(settings::kFile));
+        OpenDatabase file(program.files(), settings::kFile);
         file.execute(
             QStringLiteral("Update server set server='%1',kuladi='%2',sifre='%3',"
                            "sql='%4',msql='%5' Where id ='1'")

@@ -38,7 +38,6 @@ public:
     /// Shows all of a rectangle (mm) in the middle, with a margin of pixels around it.
     void fit(const QRectF &mm, QSizeF pixels, double margin);
     void pan(QPointF pixels) { m_origin += pixels; }
-    void setOrigin(QPointF pixels) { m_origin = pixels; }
 
 private:
     double m_screen = 96 / 25.4;

@@ -120,7 +120,7 @@ void takeNotes(const std::function<QStringList(const QString &)> &list, Design &
 
 QString DesignFiles::path(const QString &fileName) const
 {
-    return layoutFolder(m_program.directory()) + u'/' + fileName;
+    return layoutFolder(m_directory) + u'/' + fileName;
 }
 
 bool DesignFiles::exists(const QString &fileName) const
@@ -130,7 +130,7 @@ bool DesignFiles::exists(const QString &fileName) const
 
 bool DesignFiles::create(const QString &fileName)
 {
-    QDir().mkpath(layoutFolder(m_program.directory()));
+    QDir().mkpath(layoutFolder(m_directory));
     QFile file(path(fileName));
     return file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
 }
@@ -146,9 +146,9 @@ void DesignFiles::saveNotes(const QString &section, const Design &design, const 
         const QStringList values = parts(list);
         for (int part = 0; part < kMostParts; ++part) {
             const QString value = values.value(part);
-            const QString former = m_program.keys.read(section, partKey(key, part), file);
+            const QString former = m_keys.read(section, partKey(key, part), file);
             if (value != former)
-                m_program.keys.write(section, partKey(key, part), value, file);
+                m_keys.write(section, partKey(key, part), value, file);
             else if (value.isEmpty())
                 break;
         }
@@ -160,7 +160,7 @@ void DesignFiles::readNotes(const QString &section, Design &design, const QStrin
     const auto list = [&](const QString &key) {
         QStringList items;
         for (int part = 0; part < kMostParts; ++part) {
-            const QString value = m_program.keys.read(section, partKey(key, part), file);
+            const QString value = m_keys.read(section, partKey(key, part), file);
             if (value.isEmpty())
                 break;
             items += value.split(u' ', Qt::SkipEmptyParts);
@@ -173,14 +173,14 @@ void DesignFiles::readNotes(const QString &section, Design &design, const QStrin
 Design DesignFiles::open(const QString &fileName) const
 {
     Design design;
-    design.layout = openLayout(m_program.keys, path(fileName));
+    design.layout = openLayout(m_keys, path(fileName));
     readNotes(sectionOf(fileName), design, path(kNotesFile));
     return design;
 }
 
 bool DesignFiles::save(const QString &fileName, const Design &design)
 {
-    if (!saveLayout(m_program.keys, path(fileName), design.layout))
+    if (!saveLayout(m_keys, path(fileName), design.layout))
         return false;
     saveNotes(sectionOf(fileName), design, path(kNotesFile));
     return true;
@@ -190,13 +190,13 @@ bool DesignFiles::keepCopy(const QString &fileName, const Design &design)
 {
     std::vector<KeyEntry> entries = layoutEntries(design.layout);
     entries.push_back({kCopySection, u"ad"_s, fileName});
-    entries.push_back({kCopySection, u"zaman"_s, m_program.clock.now().toString(Qt::ISODate)});
+    entries.push_back({kCopySection, u"zaman"_s, m_clock.now().toString(Qt::ISODate)});
     for (const auto &[key, list] : noteLists(design)) {
         const QStringList values = parts(list);
         for (int part = 0; part < values.size(); ++part)
             entries.push_back({kCopySection, partKey(key, part), values[part]});
     }
-    return m_program.keys.rewrite(path(kCopyFile), entries);
+    return m_keys.rewrite(path(kCopyFile), entries);
 }
 
 void DesignFiles::dropCopy()
@@ -208,12 +208,11 @@ std::optional<RecoveredDesign> DesignFiles::copy() const
 {
     const QString file = path(kCopyFile);
     RecoveredDesign found;
-    found.when =
-        QDateTime::fromString(m_program.keys.read(kCopySection, u"zaman"_s, file), Qt::ISODate);
+    found.when = QDateTime::fromString(m_keys.read(kCopySection, u"zaman"_s, file), Qt::ISODate);
     if (!found.when.isValid())
         return {};
-    found.name = m_program.keys.read(kCopySection, u"ad"_s, file);
-    found.design.layout = openLayout(m_program.keys, file);
+    found.name = m_keys.read(kCopySection, u"ad"_s, file);
+    found.design.layout = openLayout(m_keys, file);
     readNotes(kCopySection, found.design, file);
     return found;
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "common/program.h"
+#include "common/clock.h"
+#include "common/key_file.h"
 #include "labels/designer/design.h"
-
-#include <QDateTime>
 
 #include <optional>
 
@@ -21,7 +20,10 @@ struct RecoveredDesign
 class DesignFiles
 {
 public:
-    explicit DesignFiles(Program &program) : m_program(program) {}
+    /// `directory`: the working folder.
+    DesignFiles(KeyFile &keys, Clock &clock, const QString &directory)
+        : m_keys(keys), m_clock(clock), m_directory(directory)
+    {}
 
     bool exists(const QString &fileName) const;
 
@@ -46,7 +48,9 @@ private:
     void saveNotes(const QString &section, const Design &design, const QString &file);
     void readNotes(const QString &section, Design &design, const QString &file) const;
 
-    Program &m_program;
+    KeyFile &m_keys;
+    Clock &m_clock;
+    QString m_directory;
 };
 
 /// Why a layout cannot bear this name, for the user; "" when it can. Names are checked for all the

@@ -48,7 +48,9 @@ Design newDesign()
 } // namespace
 
 DesignerSession::DesignerSession(Program &program, QObject *parent)
-    : QObject(parent), m_program(program), m_files(program), m_pictures(program)
+    : QObject(parent), m_program(program),
+      m_files(program.keys, program.clock, program.directory()),
+      m_pictures(program.prompt, program.directory())
 {
     connect(&m_editor, &DesignEditor::statusChanged, this, &DesignerSession::statusChanged);
     connect(&m_copyTimer, &QTimer::timeout, this, &DesignerSession::keepCopy);
@@ -102,7 +104,7 @@ void DesignerSession::newLayout()
 
 bool DesignerSession::ac(const QString &fileName)
 {
-    LayoutFolder folder(m_program);
+    LayoutFolder folder(m_program.keys, m_program.prompt, m_program.directory());
     const QString file = folder.find(fileName);
     if (file.isEmpty()) {
         m_program.prompt.warn(kPickFile, false);
@@ -216,7 +218,7 @@ void DesignerSession::setRows(const std::vector<LabelRow> &rows)
             bound += text.field;
     m_rows = rows;
     m_row = 0;
-    readFields(m_program, bound, m_rows);
+    readFields(m_program, m_program.clock.now().date(), bound, m_rows);
     Q_EMIT rowChanged();
 }
 
@@ -327,5 +329,5 @@ void DesignerSession::makeReadable()
 
 bool hasRecovery(Program &program)
 {
-    return DesignFiles(program).copy().has_value();
+    return DesignFiles(program.keys, program.clock, program.directory()).copy().has_value();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/program.h"
 #include "labels/designer/design_checks.h"
 #include "labels/designer/design_editor.h"
 #include "labels/designer/design_files.h"

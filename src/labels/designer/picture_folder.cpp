@@ -63,7 +63,7 @@ bool sameBytes(const QString &a, const QString &b)
 
 QString PictureFolder::path() const
 {
-    return pictureFolder(m_program.directory());
+    return pictureFolder(m_directory);
 }
 
 QStringList PictureFolder::names() const
@@ -91,20 +91,19 @@ QString PictureFolder::bringIn(const QString &from)
 {
     const PictureFacts found = factsOf(from);
     if (!found.problem.isEmpty()) {
-        m_program.prompt.warn(u"%1\n%2"_s.arg(QFileInfo(from).fileName(), found.problem), true);
+        m_prompt.warn(u"%1\n%2"_s.arg(QFileInfo(from).fileName(), found.problem), true);
         return {};
     }
     const QFileInfo info(from);
     if (info.canonicalPath() == QFileInfo(path()).canonicalFilePath())
         return info.fileName();
-    if (!m_program.prompt.confirm(
+    if (!m_prompt.confirm(
             u"Resim tasarımların resim klasöründe değil:\n%1\n\nKlasöre kopyalansın mı?"_s.arg(
                 QDir::toNativeSeparators(from))))
         return {};
     const QString name = copyIn(from);
     if (name.isEmpty())
-        m_program.prompt.warn(u"Resim kopyalanamadı:\n%1"_s.arg(QDir::toNativeSeparators(path())),
-                              true);
+        m_prompt.warn(u"Resim kopyalanamadı:\n%1"_s.arg(QDir::toNativeSeparators(path())), true);
     return name;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/program.h"
+#include "common/prompt.h"
 
 #include <QImage>
 #include <QSize>
@@ -16,7 +16,10 @@ struct PictureFacts
 class PictureFolder
 {
 public:
-    explicit PictureFolder(Program &program) : m_program(program) {}
+    /// `directory`: the working folder.
+    PictureFolder(Prompt &prompt, const QString &directory)
+        : m_prompt(prompt), m_directory(directory)
+    {}
 
     /// Names of the picture files, in alphabetical order.
     QStringList names() const;
@@ -33,5 +36,6 @@ public:
 private:
     QString copyIn(const QString &path);
 
-    Program &m_program;
+    Prompt &m_prompt;
+    QString m_directory;
 };

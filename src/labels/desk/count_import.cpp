@@ -1,5 +1,6 @@
 #include "labels/desk/count_import.h"
 
+#include "common/host_connection.h"
 #include "common/host_queries.h"
 #include "common/select_many.h"
 
@@ -58,14 +59,14 @@ std::vector<StockRow> rowsOf(const Wanted &wanted, RecordSet cards, UnitChoice u
 } // namespace
 
 std::optional<std::vector<StockRow>>
-findCounted(Program &program, const std::vector<count_file::Line> &lines, UnitChoice units,
+findCounted(CompanyDatabase &database, const std::vector<count_file::Line> &lines, UnitChoice units,
             std::vector<count_file::Problem> &problems, const std::function<bool(int, int)> &goOn)
 {
     std::vector<Wanted> all = summedUp(lines);
     const auto total = static_cast<int>(all.size());
     const auto wanted = [&](int i) -> Wanted & { return all[static_cast<std::size_t>(i)]; };
     const bool owned = selectMany(
-        program, total, [&](int i) { return host_queries::barcode(wanted(i).line.code); },
+        database, total, [&](int i) { return host_queries::barcode(wanted(i).line.code); },
         [&](int i, RecordSet owners) {
             takeOwner(std::move(owners), wanted(i));
             return goOn(i + 1, 2 * total);
@@ -74,7 +75,7 @@ findCounted(Program &program, const std::vector<count_file::Line> &lines, UnitCh
         return std::nullopt;
     std::vector<StockRow> found;
     const bool listed = selectMany(
-        program, total,
+        database, total,
         [&](int i) {
             const Wanted &one = wanted(i);
             return host_queries::card(one.stockCode.isEmpty() ? one.line.code : one.stockCode);

@@ -50,7 +50,7 @@ void LabelDesk::keepQueue()
 
 void LabelDesk::loadPriceNumbers()
 {
-    const Settings::Stok stok = settings::read(m_program, {u"stok"}).stok;
+    const Settings::Stok stok = settings::read(m_program.files(), {u"stok"}).stok;
     // Where no label price was chosen, the label bears the price the till will ask.
     const QString tillPrice = stok.fiyatip.trimmed();
     const QString first = stok.br1fyt.trimmed();

@@ -42,39 +42,34 @@ LabelPrinting::LabelPrinting(Program &program, PrintQueue &queue, const PriceNum
 
 void LabelPrinting::print(PrintMode mode, const QList<int> &places, bool chooseLayout)
 {
-    std::vector<Sent> rows;
-    for (const int place : places)
-        rows.push_back({m_queue.at(place), place});
-    send(mode, std::move(rows), chooseLayout);
+    send(mode, m_queue.placed(places), chooseLayout);
 }
 
 void LabelPrinting::repeat()
 {
-    std::vector<Sent> rows;
+    std::vector<PlacedRow> rows;
     for (const QueueRow &row : m_last)
         rows.push_back({row, -1});
     send(PrintMode::all, std::move(rows), false);
 }
 
-void LabelPrinting::send(PrintMode mode, std::vector<Sent> rows, bool chooseLayout)
+void LabelPrinting::send(PrintMode mode, std::vector<PlacedRow> rows, bool chooseLayout)
 {
     if (rows.empty() || !freshen(rows))
         return;
-    PrintRequest request{.mode = mode, .rows = {}, .chooseLayout = chooseLayout};
-    for (const Sent &sent : rows)
-        request.rows.push_back(labelOf(sent.row, sent.place));
+    const PrintRequest request{.mode = mode, .rows = labelsOf(rows), .chooseLayout = chooseLayout};
     m_sent = std::move(rows);
     Q_EMIT printWanted(request);
 }
 
 void LabelPrinting::runEnded(bool printed)
 {
-    const std::vector<Sent> sent = std::exchange(m_sent, {});
+    const std::vector<PlacedRow> sent = std::exchange(m_sent, {});
     if (!printed || sent.empty())
         return;
     QList<int> places;
     m_last.clear();
-    for (const Sent &one : sent) {
+    for (const PlacedRow &one : sent) {
         m_last.push_back(one.row);
         // The user may have changed the queue meanwhile.
         if (m_queue.isValidRow(one.place) && m_queue.at(one.place) == one.row)
@@ -85,7 +80,7 @@ void LabelPrinting::runEnded(bool printed)
 }
 
 /// Reads anew the prices that have grown old. False when nothing shall be printed.
-bool LabelPrinting::freshen(std::vector<Sent> &rows)
+bool LabelPrinting::freshen(std::vector<PlacedRow> &rows)
 {
     const qint64 now = m_program.clock.now().toMSecsSinceEpoch();
     std::vector<std::size_t> old;
@@ -107,7 +102,7 @@ bool LabelPrinting::freshen(std::vector<Sent> &rows)
 }
 
 /// False when it was stopped.
-bool LabelPrinting::readPrices(std::vector<Sent> &rows, const std::vector<std::size_t> &old,
+bool LabelPrinting::readPrices(std::vector<PlacedRow> &rows, const std::vector<std::size_t> &old,
                                QStringList &changes)
 {
     const qint64 now = m_program.clock.now().toMSecsSinceEpoch();
@@ -118,7 +113,7 @@ bool LabelPrinting::readPrices(std::vector<Sent> &rows, const std::vector<std::s
             return host_queries::pricesOf(rows[old[static_cast<std::size_t>(i)]].row.code);
         },
         [&](int i, RecordSet prices) {
-            Sent &sent = rows[old[static_cast<std::size_t>(i)]];
+            PlacedRow &sent = rows[old[static_cast<std::size_t>(i)]];
             const QString price = labelPrice(std::move(prices), m_prices.wanted(sent.row.unit));
             if (price != sent.row.price)
                 changes += u"%1: %2 → %3"_s.arg(sent.row.name, shownPrice(sent.row.price),

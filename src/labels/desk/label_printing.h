@@ -44,22 +44,15 @@ Q_SIGNALS:
     void statusChanged(const QString &text);
 
 private:
-    /// A row on its way to the printer.
-    struct Sent
-    {
-        QueueRow row;
-        int place = -1; ///< in the queue; −1: not there
-    };
-
-    void send(PrintMode mode, std::vector<Sent> rows, bool chooseLayout);
-    bool freshen(std::vector<Sent> &rows);
-    bool readPrices(std::vector<Sent> &rows, const std::vector<std::size_t> &old,
+    void send(PrintMode mode, std::vector<PlacedRow> rows, bool chooseLayout);
+    bool freshen(std::vector<PlacedRow> &rows);
+    bool readPrices(std::vector<PlacedRow> &rows, const std::vector<std::size_t> &old,
                     QStringList &changes);
 
     Program &m_program;
     PrintQueue &m_queue;
     const PriceNumbers &m_prices;
     LongTask m_task;
-    std::vector<Sent> m_sent;     ///< of the run asked for last
-    std::vector<QueueRow> m_last; ///< printed last
+    std::vector<PlacedRow> m_sent; ///< of the run asked for last
+    std::vector<QueueRow> m_last;  ///< printed last
 };

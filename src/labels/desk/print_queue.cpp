@@ -55,15 +55,18 @@ bool QueueRow::setTag(const QString &text)
     return true;
 }
 
-LabelRow labelOf(const QueueRow &row, int place)
+std::vector<LabelRow> labelsOf(const std::vector<PlacedRow> &rows)
 {
-    return {.barcode = row.barcode,
-            .stockCode = row.code,
-            .stockName = row.name,
-            .price = row.price,
-            .count = row.count,
-            .queueRow = place,
-            .unit = row.unitName};
+    std::vector<LabelRow> labels;
+    for (const auto &[row, place] : rows)
+        labels.push_back({.barcode = row.barcode,
+                          .stockCode = row.code,
+                          .stockName = row.name,
+                          .price = row.price,
+                          .count = row.count,
+                          .queueRow = place,
+                          .unit = row.unitName});
+    return labels;
 }
 
 PrintQueue::PrintQueue(QObject *parent)
@@ -97,6 +100,14 @@ QList<int> PrintQueue::everyPlace() const
     QList<int> places(size());
     std::iota(places.begin(), places.end(), 0);
     return places;
+}
+
+std::vector<PlacedRow> PrintQueue::placed(const QList<int> &places) const
+{
+    std::vector<PlacedRow> rows;
+    for (const int place : places)
+        rows.push_back({at(place), place});
+    return rows;
 }
 
 void PrintQueue::append(const std::vector<QueueRow> &rows)

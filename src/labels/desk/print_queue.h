@@ -29,8 +29,15 @@ struct QueueRow : StockRow
     friend bool operator==(const QueueRow &, const QueueRow &) = default;
 };
 
-/// A row as the print engine takes it. `place`: where it stands in the queue, −1 when it does not.
-LabelRow labelOf(const QueueRow &row, int place);
+/// A row as it stood at its place in the queue; −1: it stands there no more.
+struct PlacedRow
+{
+    QueueRow row;
+    int place = -1;
+};
+
+/// Rows as the print engine takes them.
+std::vector<LabelRow> labelsOf(const std::vector<PlacedRow> &rows);
 
 /// The print queue `l2`: the rows the print engine prints, in this order.
 class PrintQueue final : public RowTable<QueueRow>
@@ -76,6 +83,7 @@ public:
 
     /// The places of all rows: 0 to size() − 1.
     QList<int> everyPlace() const;
+    std::vector<PlacedRow> placed(const QList<int> &places) const;
 
     /// Gives a row (0 to size() − 1) its number and state.
     void setNumber(int row, const QString &barcode, QueueState state);

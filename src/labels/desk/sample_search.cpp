@@ -35,9 +35,8 @@ std::vector<LabelRow> SampleSearch::find(const QString &text, const PriceNumbers
     if (stocks.size() == 0)
         loader.stkkodbul(wanted);
 
-    constexpr int nowhere = -1; // in the queue
-    std::vector<LabelRow> found;
+    std::vector<PlacedRow> found;
     for (const StockRow &stock : stocks.rows())
-        found.push_back(labelOf({stock}, nowhere));
-    return found;
+        found.push_back({{stock}});
+    return labelsOf(found);
 }

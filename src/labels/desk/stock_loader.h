@@ -40,10 +40,12 @@ public Q_SLOTS:
     void stkkodbul(const QString &code);
     void brkdbul(const QString &barcode);
     void listele();
-    void fiyatoku();
 
+    // Named by the system, called by nothing yet.
+    void fiyatoku();
     /// Appends a stock of an invoice line with as many labels as its quantity asks for.
     void fatekle(const QString &stockCode, const QString &quantity);
+
     /// Replaces the list by the stocks of invoice lines, in their order.
     void listLines(const QList<InvoiceLine> &lines);
     /// Replaces the list by the stock units of counted codes.

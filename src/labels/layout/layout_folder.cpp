@@ -22,12 +22,12 @@ QByteArray bytesOf(const QString &path)
 
 QString LayoutFolder::path(const QString &name) const
 {
-    return layoutFolder(m_program.directory()) + u'/' + name;
+    return layoutFolder(m_directory) + u'/' + name;
 }
 
 QStringList LayoutFolder::names() const
 {
-    return QDir(layoutFolder(m_program.directory()))
+    return QDir(layoutFolder(m_directory))
         .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
 }
 
@@ -56,14 +56,14 @@ bool LayoutFolder::makeReadable(const QString &name)
     const auto converted = inCodePage(bytes);
     const QString kind = encoding == LayoutEncoding::utf8 ? u"UTF-8"_s : u"UTF-16"_s;
     if (!converted) {
-        m_program.prompt.warn(
+        m_prompt.warn(
             u"“%1” tasarımı bir düzenleyicide %2 olarak kaydedilmiş ve Türkçe "
             u"kodlamada olmayan harfler içeriyor; böyle okunamaz.\n\nDosyayı "
             u"düzenleyicide “ANSI” ya da “Windows-1254” olarak kaydediniz."_s.arg(name, kind),
             false);
         return false;
     }
-    if (!m_program.prompt.confirm(
+    if (!m_prompt.confirm(
             u"“%1” tasarımı bir düzenleyicide %2 olarak kaydedilmiş; Türkçe harfleri böyle yanlış "
             u"okunur.\n\nDosya Türkçe kodlamaya (Windows-1254) dönüştürülsün mü?"_s.arg(name,
                                                                                         kind)))
@@ -76,28 +76,27 @@ bool LayoutFolder::makeReadable(const QString &name)
 
 LabelLayout LayoutFolder::open(const QString &name) const
 {
-    return openLayout(m_program.keys, path(name));
+    return openLayout(m_keys, path(name));
 }
 
 QString LayoutFolder::defaultName() const
 {
-    return defaultLayout(m_program.keys, m_program.directory());
+    return defaultLayout(m_keys, m_directory);
 }
 
 bool LayoutFolder::setDefault(const QString &name)
 {
-    return told(setDefaultLayout(m_program.keys, m_program.directory(), name),
-                path(u"Default.zev"_s));
+    return told(setDefaultLayout(m_keys, m_directory, name), path(u"Default.zev"_s));
 }
 
 bool LayoutFolder::setPrinter(const QString &name, const QString &printer)
 {
-    return told(m_program.keys.write(u"print"_s, u"printer"_s, printer, path(name)), path(name));
+    return told(m_keys.write(u"print"_s, u"printer"_s, printer, path(name)), path(name));
 }
 
 bool LayoutFolder::told(bool written, const QString &file)
 {
     if (!written)
-        m_program.prompt.warn(u"Dosya yazılamadı:\n%1"_s.arg(file), true);
+        m_prompt.warn(u"Dosya yazılamadı:\n%1"_s.arg(file), true);
     return written;
 }

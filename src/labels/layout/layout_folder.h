@@ -1,6 +1,7 @@
 #pragma once
 
-#include "common/program.h"
+#include "common/key_file.h"
+#include "common/prompt.h"
 #include "labels/layout/label_layout.h"
 
 /// The label layouts a shop has: the files of the folder `ayar`, the default among them and the
@@ -8,7 +9,10 @@
 class LayoutFolder
 {
 public:
-    explicit LayoutFolder(Program &program) : m_program(program) {}
+    /// `directory`: the working folder.
+    LayoutFolder(KeyFile &keys, Prompt &prompt, const QString &directory)
+        : m_keys(keys), m_prompt(prompt), m_directory(directory)
+    {}
 
     /// Names of the layout files, in alphabetical order.
     QStringList names() const;
@@ -31,9 +35,6 @@ public:
     /// Makes a layout the default; "" leaves none. False when it could not be written (told).
     bool setDefault(const QString &name);
 
-    /// The printers to choose from.
-    QStringList printers() const { return m_program.printers.names(); }
-
     /// Prints a layout on another printer from now on. False when the layout file could not be
     /// written (told).
     bool setPrinter(const QString &name, const QString &printer);
@@ -42,5 +43,7 @@ private:
     QString path(const QString &name) const;
     bool told(bool written, const QString &file);
 
-    Program &m_program;
+    KeyFile &m_keys;
+    Prompt &m_prompt;
+    QString m_directory;
 };

@@ -84,7 +84,8 @@ QString oldPrice(RecordSet prices, const QString &labelPrice)
 class FieldReader
 {
 public:
-    FieldReader(Program &program, const QStringList &names) : m_program(program)
+    FieldReader(CompanyDatabase &database, const QDate &today, const QStringList &names)
+        : m_database(database), m_today(today)
     {
         for (const QString &name : names) {
             if (isColumnName(name))
@@ -110,7 +111,7 @@ public:
 
     void fill(LabelRow &row) const
     {
-        row.fields.insert(kPrintDate, RecordSet::toText(m_program.clock.now().date()));
+        row.fields.insert(kPrintDate, RecordSet::toText(m_today));
         if (m_card)
             fillFromCard(row);
         if (m_prices)
@@ -128,7 +129,7 @@ private:
             for (const QString &code : part)
                 statements += statement.arg(code);
             std::vector<RecordSet> answers;
-            m_program.company().executeAll(statements, answers);
+            m_database.company().executeAll(statements, answers);
             for (qsizetype i = 0; i < part.size(); ++i)
                 known.emplace(part[i], answers.at(static_cast<std::size_t>(i)));
         }
@@ -147,7 +148,8 @@ private:
         row.fields.insert(kPriceDate, text(kPriceDateColumn).section(u' ', 0, 0));
     }
 
-    Program &m_program;
+    CompanyDatabase &m_database;
+    QDate m_today;
     QStringList m_columns;
     bool m_card = false;
     bool m_prices = false;
@@ -198,14 +200,15 @@ QString fieldText(QStringView name, const LabelRow &row)
     return row.fields.value(name.toString());
 }
 
-void readFields(Program &program, const QStringList &names, std::vector<LabelRow> &rows)
+void readFields(CompanyDatabase &database, const QDate &today, const QStringList &names,
+                std::vector<LabelRow> &rows)
 {
     static const QSet<QString> own = {u"Stok Kodu"_s, u"Barkod"_s, u"Stok Adı"_s, u"Fiyat"_s,
                                       kUnit,          kUnitPrice,  QString()};
     if (std::all_of(names.cbegin(), names.cend(),
                     [](const QString &name) { return own.contains(name); }))
         return;
-    FieldReader reader(program, names);
+    FieldReader reader(database, today, names);
     reader.load(rows);
     for (LabelRow &row : rows)
         if (row.count > 0)

@@ -2,11 +2,12 @@
 
 #include "labels/print/label_row.h"
 
+#include <QDate>
 #include <QStringList>
 
 #include <vector>
 
-class Program;
+class CompanyDatabase;
 
 /// A field that a text of a label can be bound to. Beside these, the name of any column of the
 /// stock card (STKKART) is a field, whatever a ledger keeps there.
@@ -30,8 +31,9 @@ QString fieldText(QStringView name, const LabelRow &row);
 
 /// Reads what fields beyond the row's own need of the company database: the stock card, and the
 /// price records for the price before discounts. Nothing is asked for fields that need nothing; a
-/// stock is asked for once. Throws HostError.
-void readFields(Program &program, const QStringList &names, std::vector<LabelRow> &rows);
+/// stock is asked for once. `today`: the date of printing. Throws HostError.
+void readFields(CompanyDatabase &database, const QDate &today, const QStringList &names,
+                std::vector<LabelRow> &rows);
 
 /// Price of a kilogram, litre or piece, reckoned from the size of the pack in a stock's name:
 /// "Zeytin 500 g" at 129,90 → "259,80 TL/kg". "" where it cannot be told.

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView kFile = u"yazdirma.zev";
-
 QString sectionOf(const QString &layout)
 {
     return u"tasarim "_s + layout;
@@ -34,12 +32,12 @@ QString digest(const QString &problems)
 
 QString PrintMemory::read(const QString &section, const QString &key) const
 {
-    return m_program.keys.read(section, key, m_program.path(kFile));
+    return m_keys.read(section, key, m_file);
 }
 
 bool PrintMemory::write(const QString &section, const QString &key, const QString &value)
 {
-    return m_program.keys.write(section, key, value, m_program.path(kFile));
+    return m_keys.write(section, key, value, m_file);
 }
 
 bool PrintMemory::isAccepted(const QString &layout, const QString &problems) const

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "common/program.h"
+#include "common/key_file.h"
 #include "paper/calibration.h"
 
 /// What printing remembers from one day to the next, in a key file of our own beside the settings.
 class PrintMemory
 {
 public:
-    explicit PrintMemory(Program &program) : m_program(program) {}
+    /// `directory`: the working folder.
+    PrintMemory(KeyFile &keys, const QString &directory)
+        : m_keys(keys), m_file(directory + QStringLiteral("/yazdirma.zev"))
+    {}
 
     /// The problems of a layout that the user does not want to be asked about again, as
     /// layoutProblemKey() tells them.
@@ -28,7 +31,8 @@ private:
     QString read(const QString &section, const QString &key) const;
     bool write(const QString &section, const QString &key, const QString &value);
 
-    Program &m_program;
+    KeyFile &m_keys;
+    QString m_file;
 };
 
 /// No printer is farther off: mm, and as a share of the length.

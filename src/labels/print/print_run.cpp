@@ -31,7 +31,9 @@ const QString kKept = u" Etiketler kuyrukta duruyor."_s;
 } // namespace
 
 PrintRun::PrintRun(Program &program, QObject *parent)
-    : QObject(parent), m_program(program), m_layouts(program), m_memory(program)
+    : QObject(parent), m_program(program),
+      m_layouts(program.keys, program.prompt, program.directory()),
+      m_memory(program.keys, program.directory())
 {}
 
 QImage PrintRun::preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const
@@ -156,7 +158,7 @@ bool PrintRun::prepare(const PrintRequest &request, const QString &name)
     }
     const LabelLayout chosen = m_layouts.open(name);
     m_pending = {name, chosen.printer, makePrintJob(chosen, request.rows), {}};
-    readFields(m_program, boundFields(chosen), m_pending.job.rows);
+    readFields(m_program, m_program.clock.now().date(), boundFields(chosen), m_pending.job.rows);
     m_pending.job.firstPlace = request.firstPlace;
     if (m_pending.job.labelCount() == 0)
         return false;

@@ -26,6 +26,7 @@ public:
 
     LayoutFolder &layouts() { return m_layouts; }
     PrintMemory &memory() { return m_memory; }
+    QStringList printers() const { return m_program.printers.names(); }
     PrinterSetting printerSetting(const LabelLayout &layout) const { return {m_program, layout}; }
 
     /// The first label of a request in a layout, no larger than `most` pixels.

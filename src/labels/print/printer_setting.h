@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/program.h"
 #include "labels/print/calibration_sheet.h"
 #include "labels/print/print_job.h"
 #include "labels/print/print_memory.h"

@@ -3,6 +3,7 @@
 #include "common/connection_string.h"
 #include "platform/host/bounded_calls.h"
 #include "platform/host/embedded_engine.h"
+#include "platform/host/sql_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,5 +31,6 @@ std::unique_ptr<HostConnection> EngineConnector::open(const QString &connectionS
     const QString file = m_directory + u"/baglanti.zev"_s;
     const OdbcOverride override{m_keys.read(u"odbc"_s, u"surucu"_s, file),
                                 m_keys.read(u"odbc"_s, u"ek"_s, file)};
-    return std::make_unique<OdbcEngine>(m_calls, settings, override, m_patience);
+    return std::make_unique<OdbcEngine>(
+        m_calls, [=] { return sql_server::whereIs(settings, override); }, m_patience);
 }

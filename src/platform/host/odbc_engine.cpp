@@ -1,9 +1,7 @@
 #include "platform/host/odbc_engine.h"
 
 #include "platform/host/engine_errors.h"
-#include "platform/host/odbc_driver.h"
 #include "platform/host/odbc_session.h"
-#include "platform/host/sql_browser.h"
 #include "platform/host/statement_batch.h"
 
 #include <iterator>
@@ -18,44 +16,16 @@ HostError silent(const QString &statement = {})
                        HostError::Cause::silent);
 }
 
-QString driverName(const OdbcOverride &override)
-{
-    if (!override.driver.isEmpty())
-        return override.driver;
-    QString driver = odbc_driver::choose(OdbcSession::installedDrivers());
-    if (driver.isEmpty())
-        throw HostError(HostError::kConnectionLost,
-                        u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
-                        HostError::Cause::noDriver);
-    return driver;
-}
-
-/// May take its time: a name has to be looked up, a server to answer.
-std::shared_ptr<OdbcSession> connect(const ConnectionSettings &settings,
-                                     const OdbcOverride &override)
-{
-    const QString driver = driverName(override);
-    ServerAddress address = parseServerName(settings.server);
-    if (odbc_driver::needsPort(driver) && address.port == 0 && !address.instance.isEmpty()) {
-        const auto port = sql_browser::instancePort(address.host, address.instance);
-        if (!port)
-            throw engineError(HostError::kConnectionLost,
-                              u"SQL Server örneği bulunamadı: %1"_s.arg(settings.server));
-        address.port = *port;
-    }
-    return std::make_shared<OdbcSession>(
-        odbc_driver::connectionString(driver, address, settings, override.extra));
-}
-
 } // namespace
 
-OdbcEngine::OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSettings &settings,
-                       const OdbcOverride &override, std::chrono::milliseconds patience)
+OdbcEngine::OdbcEngine(std::shared_ptr<BoundedCalls> calls, const Where &where,
+                       std::chrono::milliseconds patience)
     : m_calls(std::move(calls)), m_patience(patience)
 {
     const auto session = std::make_shared<std::shared_ptr<OdbcSession>>();
-    const bool finished = m_calls->run(
-        m_patience, [=](BoundedCalls::Life &) { *session = connect(settings, override); });
+    const bool finished = m_calls->run(m_patience, [=](BoundedCalls::Life &) {
+        *session = std::make_shared<OdbcSession>(where());
+    });
     if (!finished)
         throw silent();
     m_session = std::move(*session);

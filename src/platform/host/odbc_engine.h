@@ -1,6 +1,5 @@
 #pragma once
 
-#include "common/connection_string.h"
 #include "common/host_connection.h"
 #include "platform/host/bounded_calls.h"
 
@@ -10,24 +9,21 @@
 
 class OdbcSession;
 
-/// What the shop says in `baglanti.zev` about its ODBC driver; both may be empty.
-struct OdbcOverride
-{
-    QString driver; ///< this one instead of the first known
-    QString extra;  ///< appended to the driver's connection string
-};
-
-/// A host database on SQL Server through ODBC. Connecting and each wait for rows take about five
-/// seconds at most, also on a server that has fallen silent and with drivers that wait longer.
+/// A host database through ODBC, whatever the driver. Connecting and each wait for rows take about
+/// five seconds at most, also on a server that has fallen silent and with drivers that wait longer.
 class OdbcEngine final : public HostConnection
 {
 public:
     /// The drivers' own time-outs are five seconds; who has not reported by then is not waited for.
     static constexpr std::chrono::milliseconds kPatience{5500};
 
+    /// The driver's own connection string. May take its time, on another thread, and after the
+    /// engine was given up: it owns all that it reads.
+    using Where = std::function<QString()>;
+
     /// Throws HostError kConnectionLost.
-    OdbcEngine(std::shared_ptr<BoundedCalls> calls, const ConnectionSettings &settings,
-               const OdbcOverride &override, std::chrono::milliseconds patience = kPatience);
+    OdbcEngine(std::shared_ptr<BoundedCalls> calls, const Where &where,
+               std::chrono::milliseconds patience = kPatience);
     /// Does not wait for the driver to close the connection.
     ~OdbcEngine() override;
     OdbcEngine(const OdbcEngine &) = delete;

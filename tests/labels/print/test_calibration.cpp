@@ -81,7 +81,7 @@ TEST(Calibration, MovesEverythingAndKeepsTypeAndModules)
 TEST(Calibration, IsKeptForEachPrinter)
 {
     PrintDesk desk;
-    PrintMemory memory(desk.program);
+    PrintMemory memory(desk.program.keys, desk.program.directory());
     const Calibration one{-4.25, 0.5, 1.0075};
     EXPECT_TRUE(memory.calibration(u"Lazer"_s).isNone());
     ASSERT_TRUE(memory.setCalibration(u"Lazer"_s, one));

@@ -15,7 +15,7 @@ constexpr qint64 kMostPlaces = 500; ///< of a sheet whose picture one can still 
 } // namespace
 
 yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
-    : QDialog(parent), m_run(run), m_request(request), m_printers(run.layouts().printers()),
+    : QDialog(parent), m_run(run), m_request(request), m_printers(run.printers()),
       m_ui(std::make_unique<Ui::yazfrm>())
 {
     build();
@@ -24,8 +24,8 @@ yazfrm::yazfrm(PrintRun &run, const PrintRequest &request, QWidget *parent)
 }
 
 yazfrm::yazfrm(PrintRun &run, const LayoutTask &task, const PrintRequest &preview, QWidget *parent)
-    : QDialog(parent), m_run(run), m_request(preview), m_task(task),
-      m_printers(run.layouts().printers()), m_ui(std::make_unique<Ui::yazfrm>())
+    : QDialog(parent), m_run(run), m_request(preview), m_task(task), m_printers(run.printers()),
+      m_ui(std::make_unique<Ui::yazfrm>())
 {
     build();
     setWindowTitle(task.title);

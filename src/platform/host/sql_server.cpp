@@ -1,4 +1,8 @@
-#include "platform/host/odbc_driver.h"
+#include "platform/host/sql_server.h"
+
+#include "platform/host/engine_errors.h"
+#include "platform/host/odbc_session.h"
+#include "platform/host/sql_browser.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace odbc_driver {
+namespace sql_server {
 
 namespace {
 
@@ -55,7 +59,33 @@ QStringList namesIn(const QString &extra)
     return names;
 }
 
+QString driverName(const OdbcOverride &override)
+{
+    if (!override.driver.isEmpty())
+        return override.driver;
+    QString driver = choose(OdbcSession::installedDrivers());
+    if (driver.isEmpty())
+        throw HostError(HostError::kConnectionLost,
+                        u"Bu bilgisayarda SQL Server için ODBC sürücüsü kurulu değil."_s, {},
+                        HostError::Cause::noDriver);
+    return driver;
+}
+
 } // namespace
+
+QString whereIs(const ConnectionSettings &settings, const OdbcOverride &override)
+{
+    const QString driver = driverName(override);
+    ServerAddress address = parseServerName(settings.server);
+    if (needsPort(driver) && address.port == 0 && !address.instance.isEmpty()) {
+        const auto port = sql_browser::instancePort(address.host, address.instance);
+        if (!port)
+            throw engineError(HostError::kConnectionLost,
+                              u"SQL Server örneği bulunamadı: %1"_s.arg(settings.server));
+        address.port = *port;
+    }
+    return connectionString(driver, address, settings, override.extra);
+}
 
 QString choose(const QStringList &installed)
 {
@@ -106,4 +136,4 @@ QString connectionString(const QString &driver, const ServerAddress &address,
     return text + extra;
 }
 
-} // namespace odbc_driver
+} // namespace sql_server

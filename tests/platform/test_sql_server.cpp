@@ -1,7 +1,7 @@
 #include "common/host_error.h"
-#include "platform/host/odbc_driver.h"
 #include "platform/host/odbc_errors.h"
 #include "platform/host/sql_browser.h"
+#include "platform/host/sql_server.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
 
@@ -11,24 +11,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(OdbcDriver, TheFirstKnownOneIsTaken)
+TEST(SqlServer, TheFirstKnownOneIsTaken)
 {
     QStringList installed = {u"SQLite3"_s, u"SQL Server Native Client 11.0"_s};
-    EXPECT_EQ(odbc_driver::choose(installed), QString());
+    EXPECT_EQ(sql_server::choose(installed), QString());
     for (const QString &better :
          {u"FreeTDS"_s, u"SQL Server"_s, u"ODBC Driver 13 for SQL Server"_s,
           u"ODBC Driver 17 for SQL Server"_s, u"ODBC Driver 18 for SQL Server"_s}) {
         installed += better;
-        EXPECT_EQ(odbc_driver::choose(installed), better);
+        EXPECT_EQ(sql_server::choose(installed), better);
     }
 }
 
-TEST(OdbcDriver, EachIsToldInItsOwnWay)
+TEST(SqlServer, EachIsToldInItsOwnWay)
 {
     for (const Case &c : cases(u"odbc_strings"_s)) {
         const QString told =
-            odbc_driver::connectionString(c.value(0), parseServerName(c.value(1)),
-                                          {{}, u"sa"_s, c.value(2), u"MUV"_s}, c.value(3));
+            sql_server::connectionString(c.value(0), parseServerName(c.value(1)),
+                                         {{}, u"sa"_s, c.value(2), u"MUV"_s}, c.value(3));
         EXPECT_EQ(told, u"DRIVER={%1};"_s.arg(c.value(0)) +
                             QString(c.value(4))
                                 .replace(u"<open>"_s, u"Encrypt=no;TrustServerCertificate=yes;"_s))

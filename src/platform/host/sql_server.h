@@ -4,8 +4,20 @@
 
 #include <QStringList>
 
-/// Which ODBC driver reaches SQL Server on this machine, and how it wants to be told where.
-namespace odbc_driver {
+/// What the shop says in `baglanti.zev` about its ODBC driver; both may be empty.
+struct OdbcOverride
+{
+    QString driver; ///< this one instead of the first known
+    QString extra;  ///< appended to the driver's connection string
+};
+
+/// How SQL Server is reached through ODBC from this machine: by which driver, how that wants to be
+/// told where, and on which port an instance listens. The ODBC engine knows nothing of it.
+namespace sql_server {
+
+/// What OdbcEngine is to connect with. May take its time: the server is asked for an instance's
+/// port. Throws HostError kConnectionLost.
+QString whereIs(const ConnectionSettings &settings, const OdbcOverride &override);
 
 /// The first installed of Microsoft's drivers 18, 17, 13 and "SQL Server" and of FreeTDS; "" when
 /// there is none.
@@ -19,4 +31,4 @@ bool needsPort(const QString &driver);
 QString connectionString(const QString &driver, const ServerAddress &address,
                          const ConnectionSettings &settings, const QString &extra);
 
-} // namespace odbc_driver
+} // namespace sql_server
