@@ -70,7 +70,6 @@ public:
 private:
     RecordSet reach(const QString &statement)
     {
-        ++m_away.m_executed;
         RecordSet answer = m_inner->execute(statement);
         if (writesSale(statement))
             ++m_away.m_written;

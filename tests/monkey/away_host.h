@@ -27,7 +27,6 @@ public:
 
     /// Statements of sales that changed the ledger, their answers lost or not.
     int written() const { return m_written; }
-    int executed() const { return m_executed; }
 
 private:
     class Connection;
@@ -37,5 +36,4 @@ private:
     HostConnector &m_host;
     Mode m_mode = Mode::there;
     int m_written = 0;
-    int m_executed = 0;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QPoint>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
@@ -57,12 +56,6 @@ public:
     Act resize(QWidget &window);
 
 private:
-    struct Target
-    {
-        QPointer<QWindow> window;
-        QPoint at;
-    };
-
     QString anything();
     static QList<QWidget *> controls(const QWidget &window);
 

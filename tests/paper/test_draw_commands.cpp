@@ -2,6 +2,7 @@
 #include "paper/command_painter.h"
 #include "paper/millimetres.h"
 #include "paper/text_block.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QImage>
@@ -72,65 +73,31 @@ TEST(DrawCommands, InkStaysInTheBoundingBox)
 TEST(TextBlock, SaysWhetherAllOfTheTextIsInItsBox)
 {
     const DeviceFonts fonts(kTenDots);
-    const struct
-    {
-        QRectF box;
-        double angle;
-        QString text;
-        bool fits;
-    } cases[] = {
-        {{0, 0, 40, 5}, 0, u"Ayran"_s, true},
-        {{0, 0, 40, 5}, 0, u"Köy Peyniri Tam Yağlı Olgun 500 g"_s, false}, // lines left out
-        {{0, 0, 40, 12}, 0, u"Köy Peyniri Tam Yağlı Olgun 500 g"_s, true},
-        {{0, 0, 8, 5}, 0, u"12.345,50"_s, false}, // a figure runs over
-        {{0, 0, 40, 2}, 0, u"Ayran"_s, false},    // lower than its letters
-        {{0, 0, 40, 2}, 0, QString(), true},      //
-        {{0, 0, 5, 40}, 90, u"Ayran"_s, true},    //
-        {{0, 0, 40, 5}, 90, u"Ayran"_s, false},   // a turned line runs along the height
-        {{0, 0, 40, 5}, 0, u"bir\niki"_s, false}, //
-        {{0, 0, 40, 12}, 0, u"bir\niki"_s, true},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(
-            placeText(
-                {.box = c.box, .angle = c.angle, .font = {u"DejaVu Sans"_s, 9}, .text = c.text},
-                fonts)
-                .fits,
-            c.fits)
-            << c.text.toStdString() << ' ' << c.box.width();
+    for (const Case &c :
+         cases(u"texts_that_fit"_s)) { // width, height, angle, text, whether it fits
+        const PlacedText placed = placeText({.box = {0, 0, c.number(0), c.number(1)},
+                                             .angle = c.number(2),
+                                             .font = {u"DejaVu Sans"_s, 9},
+                                             .text = c[3]},
+                                            fonts);
+        EXPECT_EQ(placed.fits, c[4] == u"fits") << c;
+    }
 }
 
 TEST(TextBlock, ALongNameKeepsItsEndAndItsType)
 {
-    // A letter is 2 mm wide and a line 4 mm high.
-    const struct
-    {
-        QSizeF box;
-        double angle;
-        QString text;
-        QString lines;
-    } cases[] = {
-        {{54, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy Peyniri Tam Yağlı 500 g"_s},
-        {{52, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy Peyniri Tam … 500 g"_s},
-        {{30, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy … 500 g"_s},
-        {{20, 8}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy …|500 g"_s},
-        {{18, 4}, 0, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Kö… 500 g"_s},
-        {{4, 20}, 90, u"Köy Peyniri Tam Yağlı 500 g"_s, u"Köy… 500 g"_s},
-        {{28, 4}, 180, u"Kola Hediyeli 6 x 200 ml"_s, u"Ko… 6 x 200 ml"_s},
-        {{20, 4}, 0, u"Bulaşık Süngeri Mavi"_s, u"Bula… Mavi"_s},
-        {{10, 4}, 0, u"12.345,50"_s, u"12.345,50"_s}, // a figure runs over
-        {{8, 4}, 0, u"Un 1.000 g"_s, u"Un"_s},        // no room for its end at all
-    };
-    for (const auto &c : cases) {
-        const PlacedText placed = placeText(
-            {.box = {{0, 0}, c.box}, .angle = c.angle, .font = {u"Sans"_s, 10}, .text = c.text},
-            FixedMeasure());
+    for (const Case &c : cases(u"long_names"_s)) { // width, height, angle, name, lines
+        const PlacedText placed = placeText({.box = {0, 0, c.number(0), c.number(1)},
+                                             .angle = c.number(2),
+                                             .font = {u"Sans"_s, 10},
+                                             .text = c[3]},
+                                            FixedMeasure());
         QStringList lines;
         for (const TextCommand &line : placed.lines) {
             lines += line.text;
             EXPECT_EQ(line.font.size, 10);
         }
-        EXPECT_EQ(lines.join(u'|'), c.lines) << c.text.toStdString();
-        EXPECT_EQ(placed.fits, c.lines == c.text && c.box.width() > 10);
+        EXPECT_EQ(lines.join(u'|'), c[4]) << c;
+        EXPECT_EQ(placed.fits, c[4] == c[3] && c.number(0) > 10) << c;
     }
 }

@@ -36,51 +36,21 @@ TEST(SqlServer, EachIsToldInItsOwnWay)
     }
 }
 
-TEST(OdbcErrors, TheGravestMessageDecides)
+TEST(OdbcErrors, TheGravestMessageDecidesAndItsReasonIsToldInTurkish)
 {
-    using Messages = std::vector<OdbcMessage>;
-    for (const auto &[expected, messages] : std::vector<std::pair<int, Messages>>{
-             {HostError::kConnectionLost, {{u"08S01"_s, 10054, {}}}},
-             {HostError::kConnectionLost, {{u"08001"_s, 0, {}}}},
-             {HostError::kConnectionLost, {{u"HYT00"_s, 0, {}}}},
-             {HostError::kConnectionLost, {{u"HYT01"_s, 0, {}}}},
-             {HostError::kConnectionLost, {{u"01000"_s, 20017, {}}}},
-             {HostError::kConnectionLost, {{u"01000"_s, 20047, {}}, {u"42000"_s, 1, {}}}},
-             {HostError::kDuplicate, {{u"01000"_s, 3621, {}}, {u"23000"_s, 2627, {}}}},
-             {HostError::kStatement, {{u"42000"_s, 105, {}}}},
-             {HostError::kStatement, {}}})
-        EXPECT_EQ(odbcErrorNumber(messages), expected)
-            << (messages.empty() ? "" : messages.front().state.toStdString());
-}
-
-TEST(OdbcErrors, TheReasonIsToldInTurkish)
-{
-    using Cause = HostError::Cause;
-    struct Case
-    {
+    const QStringList causes = {u"unknown"_s,  u"noDriver"_s, u"encryption"_s, u"login"_s,
+                                u"database"_s, u"right"_s,    u"noTable"_s,    u"silent"_s};
+    const QHash<QString, int> numbers = {{u"lost"_s, HostError::kConnectionLost},
+                                         {u"duplicate"_s, HostError::kDuplicate},
+                                         {u"statement"_s, HostError::kStatement}};
+    for (const Case &c : cases(u"odbc_errors"_s)) {
         std::vector<OdbcMessage> messages;
-        QString word;
-        Cause cause;
-    };
-    const std::vector<Case> cases = {
-        {{{u"28000"_s, 18456, {}}, {u"42000"_s, 4060, {}}},
-         u"Veritabanı açılamadı"_s,
-         Cause::database},
-        {{{u"28000"_s, 18456, {}}}, u"parola kabul edilmedi"_s, Cause::login},
-        {{{u"IM002"_s, 0, {}}}, u"sürücüsü"_s, Cause::noDriver},
-        {{{u"08001"_s, 18, u"[DBNETLIB]SSL Güvenlik hatası"_s}},
-         u"şifrelemede"_s,
-         Cause::encryption},
-        {{{u"08S01"_s, 10054, u"SSL Provider: bağlantı kapatıldı"_s}}, u"koptu"_s, Cause::unknown},
-        {{{u"42000"_s, 229, {}}}, u"hakkı yok"_s, Cause::right},
-        {{{u"42S02"_s, 208, {}}}, u"Tablo bulunamadı"_s, Cause::noTable},
-        {{{u"08001"_s, 0, {}}}, u"ulaşılamıyor"_s, Cause::unknown},
-        {{{u"HYT00"_s, 0, {}}}, u"süresinde"_s, Cause::silent},
-        {{{u"42000"_s, 50000, {}}}, QString(), Cause::unknown},
-    };
-    for (const Case &c : cases) {
-        EXPECT_TRUE(odbcReason(c.messages).contains(c.word)) << c.word.toStdString();
-        EXPECT_EQ(odbcCause(c.messages), c.cause) << c.word.toStdString();
+        for (const QString &one : c[0].split(u" + "_s, Qt::SkipEmptyParts))
+            messages.push_back(
+                {one.section(u' ', 0, 0), one.section(u' ', 1, 1).toInt(), one.section(u' ', 2)});
+        EXPECT_EQ(odbcErrorNumber(messages), numbers.value(c[1])) << c;
+        EXPECT_TRUE(odbcReason(messages).contains(c.value(2))) << c;
+        EXPECT_EQ(odbcCause(messages), static_cast<HostError::Cause>(causes.indexOf(c[3]))) << c;
     }
 }
 

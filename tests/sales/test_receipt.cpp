@@ -3,6 +3,7 @@
 #include "sales/receipt_commands.h"
 #include "sales/receipt_store.h"
 #include "sales/till_shop.h"
+#include "support/cases.h"
 #include "support/golden.h"
 
 #include <QBuffer>
@@ -71,21 +72,9 @@ TEST(Receipt, EmptyBlocksPrintNothingAndThePrinterKeepsItsFont)
 
 TEST(Receipt, MarkersOfATextBlockNeedNotPair)
 {
-    struct Case
-    {
-        QString text;
-        QStringList lines;
-    };
-    for (const auto &[text, lines] : std::vector<Case>{
-             {u""_s, {}},
-             {u"tek"_s, {u"tek"_s}},
-             {u"a<*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}},
-             {u"a<\\?\\>b<*say*>"_s, {u"a"_s, u"b"_s}},
-             {u"a<\\?\\>b"_s, {u"a"_s}},                       // one line only
-             {u"a<*say*><*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}}, // past the last piece
-             {u"a\r\n<*say*><\\?\\>b"_s, {u"a"_s, u"b"_s}},
-         })
-        EXPECT_EQ(printedLines(text), lines) << text.toStdString();
+    for (const Case &c : cases(u"receipt_texts"_s))
+        EXPECT_EQ(printedLines(c[0]), c.mid(1)) << c;
+    EXPECT_TRUE(printedLines(QString()).isEmpty());
     const QString typed = u"bir\n\nüç"_s;
     EXPECT_EQ(editableText(blockText(typed)), typed);
     EXPECT_EQ(printedLines(blockText(typed)).size(), 3);
@@ -138,19 +127,12 @@ TEST(Receipt, PaperThatEndsGetsANewPage)
 TEST(ReceiptStore, TheStoredLayoutIsRead)
 {
     FakeMachine machine;
-    machine.db.setRow(u"baslik"_s, {{u"bilgi"_s, u"x<>Arial<>12<>true"_s}, {u"text"_s, u"AD"_s}});
-    machine.db.setRow(u"fis"_s, {{u"bilgi"_s, u"o"_s}, {u"ust"_s, u"üst"_s}, {u"alt"_s, u"alt"_s}});
-    machine.db.setRow(u"urun"_s, {{u"bilgi"_s, u"p"_s}});
-    machine.db.setRow(u"zno"_s, {{u"zno"_s, u"41"_s}});
-    machine.db.setRow(u"fnt"_s, {{u"fnt"_s, u"0"_s}});
-    machine.db.setRow(u"karakter"_s, {{u"b1"_s, u"70,5"_s},
-                                      {u"b2"_s, u"60"_s},
-                                      {u"b3"_s, u"geniş"_s},
-                                      {u"b4"_s, u""_s},
-                                      {u"b5"_s, u""_s},
-                                      {u"b6"_s, u""_s},
-                                      {u"b7"_s, u"58"_s}});
-    machine.db.setRow(u"sol"_s, {{u"sol"_s, u"2,5"_s}});
+    for (const Case &c : cases(u"receipt_rows"_s)) {
+        QMap<QString, QString> row;
+        for (const QString &pair : c.mid(1))
+            row.insert(pair.section(u'=', 0, 0), pair.section(u'=', 1));
+        machine.db.setRow(c[0], row);
+    }
     const ReceiptLayout layout = receipt_store::fisoku(machine.program.files());
     EXPECT_EQ(layout.headerText, u"AD"_s);
     EXPECT_EQ(layout.belowText, u"alt"_s);

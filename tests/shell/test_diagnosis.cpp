@@ -1,6 +1,7 @@
 #include "common/host_probe.h"
 #include "shell/diagnosis.h"
 #include "shell/diagnosis_steps.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QEventLoop>
@@ -123,177 +124,87 @@ std::vector<std::optional<DiagnosisFinding>> lookAt(HostTools &tools,
     return findings;
 }
 
-/// The steps by their places.
-enum : int
+/// "COLUMN COLUMN: field field, field field"; "-" is no value.
+RecordSet table(const QString &columns, const QString &text)
 {
-    kName,
-    kPort,
-    kEncryption,
-    kLogin,
-    kMaster,
-    kCompany,
-    kTables,
-    kRights,
-    kDates,
-    kLetters,
-    kVersions
-};
+    std::vector<RecordSet::Row> rows;
+    for (const QString &row : text.split(u", "_s, Qt::SkipEmptyParts)) {
+        rows.emplace_back();
+        for (const QString &field : row.split(u' '))
+            rows.back().push_back(field == u"-" ? QVariant() : QVariant(field));
+    }
+    return rowsOf(columns.split(u' '), rows);
+}
 
-struct Fault
+/// Makes what a line of the table tells, "what: its words".
+void makeFault(const QString &told, ScriptedTools &tools, DiagnosisTarget &target)
 {
-    std::string name;
-    std::function<void(ScriptedTools &, DiagnosisTarget &)> make;
-    int step;        ///< where it is told
-    QString found;   ///< words of it
-    QString advice;  ///< words of what to do next
-    int last;        ///< the last step that could be looked at
-    QString grant{}; ///< a line that mends it
-};
-
-class DiagnosisFaults : public testing::TestWithParam<Fault>
-{};
-
-std::vector<Fault> faults()
-{
-    using Kind = PortGreeting::Kind;
-    const auto closed = [](const QString &database, const HostError &error) {
-        return [=](ScriptedTools &tools, DiagnosisTarget &) {
-            tools.closed.emplace_back(database, error);
-        };
+    static const QStringList causes = {u"unknown"_s,  u"noDriver"_s, u"encryption"_s, u"login"_s,
+                                       u"database"_s, u"right"_s,    u"noTable"_s,    u"silent"_s};
+    static const QStringList kinds = {u"server"_s, u"foreign"_s, u"closed"_s, u"half"_s,
+                                      u"silent"_s};
+    const QStringList words = told.split(u": "_s);
+    const QString what = words.value(1);
+    const auto error = [&](int number) {
+        const auto cause = static_cast<Cause>(causes.indexOf(words.value(2)));
+        return refused(cause, words.value(3), number);
     };
-    const auto greeting = [](Kind kind) {
-        return [=](ScriptedTools &tools, DiagnosisTarget &) { tools.greeting.kind = kind; };
-    };
-    const auto answer = [](const QString &words, const RecordSet &rows) {
-        return [=](ScriptedTools &tools, DiagnosisTarget &) { tools.answer(words, rows); };
-    };
-    const auto fails = [](const QString &words, const HostError &error) {
-        return [=](ScriptedTools &tools, DiagnosisTarget &) { tools.fail(words, error); };
-    };
-    const int lost = HostError::kConnectionLost;
-    return {
-        {"EmptyName", [](auto &, auto &target) { target.server = u" "_s; }, kName, u"adı boş"_s,
-         u"KASA1\\SQLEXPRESS"_s, kName},
-        {"UnknownName", [](auto &tools, auto &) { tools.places.clear(); }, kName,
-         u"KASA1 adında bir bilgisayar bulunamadı"_s, u"192.168.1.10"_s, kName},
-        {"BrowserSilent", [](auto &tools, auto &) { tools.browser.reset(); }, kPort,
-         u"SQL2 örneğinin"_s, u"UDP 1434"_s, kPort},
-        {"PortRefused", [](auto &tools, auto &) { tools.state = PortState::refused; }, kPort,
-         u"TCP 49170 kapalı"_s, u"TCP/IP açık"_s, kPort},
-        {"PortSilent", [](auto &tools, auto &) { tools.state = PortState::silent; }, kPort,
-         u"TCP 49170 yanıt vermiyor"_s, u"güvenlik duvarı"_s, kPort},
-        {"OtherProtocol", greeting(Kind::foreign), kEncryption, u"SQL Server değil"_s,
-         u"başka bir programın"_s, kEncryption},
-        {"HalfAnswer", greeting(Kind::half), kEncryption, u"bitirmedi"_s, u"yeniden başlatın"_s,
-         kEncryption},
-        {"HangsUp", greeting(Kind::closed), kEncryption, u"hemen kapattı"_s,
-         u"başka bir programın"_s, kEncryption},
-        {"SilentServer", greeting(Kind::silent), kEncryption, u"yanıt gelmedi"_s,
-         u"yeniden başlatın"_s, kEncryption},
-        {"NoDriver", closed(u"master"_s, refused(Cause::noDriver, u"yok"_s, lost)), kLogin,
-         u"ODBC sürücüsü yok"_s, u"tdsodbc"_s, kLogin},
-        {"NoEncryption",
-         closed(u"master"_s, refused(Cause::encryption, u"SSL Güvenlik hatası"_s, lost)),
-         kEncryption, u"SSL Güvenlik hatası"_s, u"ODBC Driver 18"_s, kEncryption},
-        {"WrongPassword", closed(u"master"_s, refused(Cause::login, u"18456"_s, lost)), kLogin,
-         u"kabul etmedi"_s, u"büyük ve küçük harf"_s, kLogin},
-        {"SilentLogin", closed(u"master"_s, refused(Cause::silent, u"HYT00"_s, lost)), kLogin,
-         u"girişe yanıt vermedi"_s, u"yeniden başlatın"_s, kLogin},
-        {"DriverRepeatsThePassword",
-         closed(u"master"_s, refused(Cause::unknown, u"PWD=Gizli4 reddedildi"_s, lost)), kLogin,
-         u"PWD=••• reddedildi"_s, u"sunucuya bakan"_s, kLogin},
-        {"Semicolon", [](auto &, auto &target) { target.password = u"a;b"_s; }, kLogin,
-         u"noktalı virgül"_s, u"kullanmayın"_s, kLogin},
-        {"NoMaster",
-         [=](auto &tools, auto &target) {
-             closed(u"ANA"_s, refused(Cause::database, u"4060"_s, lost))(tools, target);
-             tools.answer(u"HAS_DBACCESS(N'ANA')"_s, one(u"ERISIM"_s, {}));
-         },
-         kMaster, u"ANA adında bir veritabanı yok"_s, u"veritabanları: ANA, SIRKET26."_s,
-         kVersions},
-        {"ClosedMaster", closed(u"ANA"_s, refused(Cause::database, u"4060"_s, lost)), kMaster,
-         u"tezgah kullanıcısı ANA veritabanını açamıyor"_s, u"Aşağıdaki satırları"_s, kVersions,
-         u"CREATE USER [tezgah] FOR LOGIN [tezgah];"_s},
-        {"OtherMaster", fails(u"KDVKISIM"_s, refused(Cause::noTable, u"208"_s)), kMaster,
-         u"ANA içinde KDV tablosu (KDVKISIM) yok"_s, u"ortak veritabanı"_s, kVersions},
-        {"VatTableClosed", fails(u"KDVKISIM"_s, refused(Cause::right, u"229"_s)), kMaster,
-         u"okuma hakkı yok"_s, u"Aşağıdaki"_s, kVersions,
-         u"GRANT SELECT ON KDVKISIM TO [tezgah];"_s},
-        {"VatTableEmpty", answer(u"KDVKISIM"_s, rowsOf({u"kdvkisno"_s, u"kdvkisoran"_s}, {})),
-         kMaster, u"boş"_s, u"KDV oranı boş olur"_s, kVersions},
-        {"VatTableOld", answer(u"KDVKISIM"_s, one(u"KDVKISNO"_s, 1)), kMaster,
-         u"KDVKISIM.KDVKISORAN"_s, u"denetleyin"_s, kVersions},
-        {"ClosedCompany", closed(u"SIRKET"_s, refused(Cause::database, u"4060"_s, lost)), kCompany,
-         u"SIRKET veritabanını açamıyor"_s, u"Aşağıdaki"_s, kVersions,
-         u"GRANT INSERT ON STKHAR TO [tezgah];"_s},
-        {"NoCompanyName", [](auto &, auto &target) { target.company.clear(); }, kCompany,
-         u"adı boş"_s, u"SIRKET26"_s, kVersions},
-        {"ServerGone", fails(u"W.TABLO"_s, refused(Cause::unknown, u"20017"_s, lost)), kTables,
-         u"20017"_s, u"meşgul"_s, kVersions},
-        {"ColumnGone",
-         answer(u"W.TABLO"_s, rowsOf({u"TABLO"_s, u"SUTUN"_s}, {{u"STKKART"_s, u"STKBIRIM2"_s}})),
-         kTables, u"Eksik sütunlar: STKKART.STKBIRIM2."_s, u"adına bakın"_s, kVersions},
-        {"TableGone",
-         [](auto &tools, auto &) {
-             tools.answer(u"W.TABLO"_s,
-                          rowsOf({u"TABLO"_s, u"SUTUN"_s},
-                                 {{u"DEPO"_s, u"DEPKOD"_s}, {u"DEPO"_s, u"DEPADI"_s}}));
-             tools.fail(u"from DEPO"_s, refused(Cause::noTable, u"208"_s));
-             tools.answer(u"INFORMATION_SCHEMA.TABLES"_s, one(u"AD"_s, u"depo"_s));
-         },
-         kTables, u"Eksik tablolar: DEPO.\nBu veritabanı büyük ve küçük harfi ayırıyor"_s,
-         u"SIRKET26"_s, kVersions},
-        {"Views", answer(u".VIEWS"_s, rowsOf({u"AD"_s}, {{u"stkhar"_s}, {u"DEPO"_s}})), kTables,
-         u"görünüm (view): STKHAR."_s, u"yazılamaz"_s, kVersions},
-        {"SalesClosed",
-         answer(u"HAS_PERMS"_s,
-                rowsOf({u"TABLO"_s, u"KULLANICI"_s, u"R_SELECT"_s, u"R_INSERT"_s, u"R_UPDATE"_s},
-                       {{u"STKKART"_s, u"kasa"_s, 1, 0, 0},
-                        {u"STKFIS"_s, u"kasa"_s, 1, 0, 1},
-                        {u"CARHAR"_s, u"kasa"_s, {}, {}, {}}})),
-         kRights, u"Ekleme hakkı yok: STKFIS, CARHAR.\nDeğiştirme hakkı yok: STKKART."_s,
-         u"yalnız etiket basılacaksa gerekmez"_s, kVersions,
-         u"GRANT UPDATE ON STKKART TO [kasa];"_s},
-        {"MonthFirst", answer(u"DATEPART"_s, one(u"AY"_s, 2)), kDates, u"1 Şubat"_s,
-         u"yanlış güne yazılır"_s, kVersions,
-         u"ALTER LOGIN [tezgah] WITH DEFAULT_LANGUAGE = [Türkçe];"_s},
-        {"CaseCounts", answer(u"COLLATION"_s, one(u"DUZEN"_s, u"Turkish_CS_AS"_s)), kLetters,
-         u"\"SÜT\"ü bulmaz"_s, u"Turkish_CI_AS"_s, kVersions},
-        {"NotTurkish", answer(u"COLLATION"_s, one(u"DUZEN"_s, u"SQL_Latin1_General_CP1_CI_AS"_s)),
-         kLetters, u"i ile İ"_s, u"danışın"_s, kVersions},
-    };
+    if (words[0] == u"server")
+        target.server = what;
+    else if (words[0] == u"password")
+        target.password = what;
+    else if (words[0] == u"company")
+        target.company = what;
+    else if (words[0] == u"no address")
+        tools.places.clear();
+    else if (words[0] == u"no browser")
+        tools.browser.reset();
+    else if (words[0] == u"port")
+        tools.state = what == u"silent" ? PortState::silent : PortState::refused;
+    else if (words[0] == u"greeting")
+        tools.greeting.kind = static_cast<PortGreeting::Kind>(kinds.indexOf(what));
+    else if (words[0] == u"closed")
+        tools.closed.emplace_back(what, error(HostError::kConnectionLost));
+    else if (words[0] == u"fails" || words[0] == u"loses")
+        tools.fail(
+            what, error(words[0] == u"fails" ? HostError::kStatement : HostError::kConnectionLost));
+    else
+        tools.answer(what, table(words.value(2), words.value(3)));
 }
 
 } // namespace
 
-TEST_P(DiagnosisFaults, IsToldAtItsStepWithWhatToDoNext)
+TEST(DiagnosisStepsTest, EachFaultIsToldAtItsStepWithWhatToDoNext)
 {
-    const Fault &fault = GetParam();
-    ScriptedTools tools;
-    DiagnosisTarget target = kTarget;
-    fault.make(tools, target);
-    const auto findings = lookAt(tools, target);
-    for (int step = 0; step <= kVersions; ++step) {
-        const auto &finding = findings.at(static_cast<std::size_t>(step));
-        const std::string name = DiagnosisSteps::of(target)[static_cast<std::size_t>(step)]
-                                     .name.toString()
-                                     .toStdString();
-        if (step == fault.step) {
-            ASSERT_TRUE(finding && !finding->good) << name;
-            EXPECT_TRUE(finding->found.contains(fault.found)) << finding->found.toStdString();
-            EXPECT_TRUE(finding->advice.contains(fault.advice)) << finding->advice.toStdString();
-            EXPECT_EQ(finding->grant.contains(fault.grant), !fault.grant.isEmpty())
-                << finding->grant.join(u'\n').toStdString();
-        } else if (step > fault.last) {
-            EXPECT_FALSE(finding) << name;
-        } else if (finding) {
-            EXPECT_TRUE(finding->good) << name << ": " << finding->found.toStdString();
+    for (const Case &c : cases(u"diagnosis"_s)) {
+        ScriptedTools tools;
+        DiagnosisTarget target = kTarget;
+        for (const QString &told : c.value(0).split(u" + "_s))
+            makeFault(told, tools, target);
+        const auto findings = lookAt(tools, target);
+        QStringList names;
+        for (const auto &step : DiagnosisSteps::of(target))
+            names += step.name.toString();
+        const qsizetype toldAt = names.indexOf(c.value(1));
+        const qsizetype last = c.value(4).isEmpty() ? names.size() : names.indexOf(c.value(4));
+        ASSERT_GE(toldAt, 0) << c;
+        for (qsizetype step = 0; step < names.size(); ++step) {
+            const auto &finding = findings.at(static_cast<std::size_t>(step));
+            if (step == toldAt) {
+                ASSERT_TRUE(finding && !finding->good) << c;
+                EXPECT_TRUE(finding->found.contains(c.value(2)))
+                    << c << finding->found.toStdString();
+                EXPECT_TRUE(finding->advice.contains(c.value(3)))
+                    << c << finding->advice.toStdString();
+                EXPECT_EQ(finding->grant.contains(c.value(5)), !c.value(5).isEmpty()) << c;
+            } else if (step > last) {
+                EXPECT_FALSE(finding) << c;
+            } else if (finding) {
+                EXPECT_TRUE(finding->good) << c << finding->found.toStdString();
+            }
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(, DiagnosisFaults, testing::ValuesIn(faults()),
-                         [](const auto &one) { return one.param.name; });
 
 /// A server on the same machine needs no open port: its driver has ways beside the network.
 TEST(DiagnosisStepsTest, AServerOnThisMachineNeedsNoNetwork)
@@ -378,8 +289,8 @@ TEST(DiagnosisTest, AStepThatHangsIsGivenUpAndTheNextTryIsAlone)
         diagnosis.start(kTarget);
         ASSERT_TRUE(waitForEnd(diagnosis));
         EXPECT_EQ(marks(diagnosis), u"✓✓✓✗–––––––"_s);
-        EXPECT_EQ(diagnosis.steps().at(kLogin).found, u"1 saniyede yanıt gelmedi."_s);
-        EXPECT_FALSE(diagnosis.steps().at(kLogin).advice.isEmpty());
+        EXPECT_EQ(diagnosis.steps().at(3).found, u"1 saniyede yanıt gelmedi."_s);
+        EXPECT_FALSE(diagnosis.steps().at(3).advice.isEmpty());
 
         probe.tools.hold.reset();
         diagnosis.restart();

@@ -17,7 +17,10 @@ namespace {
 /// A working folder with settings alone.
 struct Folder : ShopFolder, RealMachine
 {
-    Folder() : RealMachine(folder.path()) { createSettingsFile(program.files()); }
+    Folder() : RealMachine(folder.path(), std::chrono::milliseconds(200))
+    {
+        createSettingsFile(program.files());
+    }
 };
 
 void run(Folder &shop, const QString &statement, QStringView file = settings::kFile)

@@ -24,12 +24,12 @@ struct Case : QStringList
 };
 
 /// The table tests/cases/NAME.txt: a case in each line, its fields between " | ". Blanks around a
-/// field do not count, \s is a blank that does; \n, \r, \t, \0 and a doubled backslash are as in C;
-/// \z is the old end-of-file mark. Lines that are empty or begin with "#" are remarks.
+/// field do not count, \s is a blank that does; \n, \r, \t, \b, \0 and a doubled backslash are as
+/// in C; \z is the old end-of-file mark. Lines that are empty or begin with "#" are remarks.
 inline std::vector<Case> cases(const QString &name)
 {
-    static constexpr QStringView kEscapes = u"nrt0sz\\";
-    static constexpr QStringView kMeant(u"\n\r\t\0 \x1A\\", 7);
+    static constexpr QStringView kEscapes = u"nrtb0sz\\";
+    static constexpr QStringView kMeant(u"\n\r\t\b\0 \x1A\\", 8);
     static const QRegularExpression kBar(QStringLiteral(" \\|(?= |$)"));
     const auto plain = [](const QString &field) {
         QString text;

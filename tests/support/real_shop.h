@@ -20,9 +20,12 @@ struct RealMachine
 {
     explicit RealMachine(const QString &directory,
                          std::chrono::milliseconds patience = OdbcEngine::kPatience)
-        : host(directory, keys, patience), printers(directory, clock),
+        : host(directory, keys, patience), db(std::min(patience, kFilePatience)),
+          printers(directory, clock),
           program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
     {}
+
+    static constexpr std::chrono::milliseconds kFilePatience{2000};
 
     /// Opens the host as the start of the program does.
     void open() { HostLink(program).sqlbaglan(); }

@@ -24,7 +24,7 @@ OdbcEngine::OdbcEngine(std::shared_ptr<BoundedCalls> calls, const Where &where,
 {
     const auto session = std::make_shared<std::shared_ptr<OdbcSession>>();
     const bool finished = m_calls->run(m_patience, [=](BoundedCalls::Life &) {
-        *session = std::make_shared<OdbcSession>(where());
+        *session = std::make_shared<OdbcSession>(where(), patience);
     });
     if (!finished)
         throw silent();

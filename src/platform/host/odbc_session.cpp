@@ -5,14 +5,13 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr SQLULEN kTimeOut = 5; // seconds
 
 /// A pointer that carries a number, as the interface wants its attributes.
 SQLPOINTER asPointer(SQLULEN number)
@@ -202,11 +201,12 @@ QStringList OdbcSession::installedDrivers()
     return names;
 }
 
-OdbcSession::OdbcSession(const QString &driverConnectionString)
-    : m_connection(SQL_HANDLE_DBC, m_environment.get())
+OdbcSession::OdbcSession(const QString &driverConnectionString, std::chrono::milliseconds patience)
+    : m_timeOut(std::max<SQLULEN>(static_cast<SQLULEN>(patience.count()) / 1000, 1)),
+      m_connection(SQL_HANDLE_DBC, m_environment.get())
 {
     const auto set = [&](SQLINTEGER attribute) {
-        SQLSetConnectAttrW(m_connection.get(), attribute, asPointer(kTimeOut), SQL_IS_UINTEGER);
+        SQLSetConnectAttrW(m_connection.get(), attribute, asPointer(m_timeOut), SQL_IS_UINTEGER);
     };
     set(SQL_ATTR_LOGIN_TIMEOUT);
     set(SQL_ATTR_CONNECTION_TIMEOUT); // drivers that do not take it refuse it, no harm done
@@ -244,7 +244,7 @@ void OdbcSession::run(const QString &statement, BoundedCalls::Life &life,
                       const std::function<void(RecordSet)> &take)
 {
     const Handle handle(SQL_HANDLE_STMT, m_connection.get());
-    SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(kTimeOut), SQL_IS_UINTEGER);
+    SQLSetStmtAttrW(handle.get(), SQL_ATTR_QUERY_TIMEOUT, asPointer(m_timeOut), SQL_IS_UINTEGER);
     SQLRETURN code =
         SQLExecDirectW(handle.get(), wide(statement), static_cast<SQLINTEGER>(statement.size()));
     if (code == SQL_NO_DATA) // an update that found no row

@@ -5,6 +5,7 @@
 #include "platform/host/odbc_api.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -14,8 +15,9 @@
 class OdbcSession
 {
 public:
-    /// Connects with a driver's own connection string. Throws HostError kConnectionLost.
-    explicit OdbcSession(const QString &driverConnectionString);
+    /// Connects with a driver's own connection string. Throws HostError kConnectionLost. The driver
+    /// gives up by itself within `patience`, of which it counts whole seconds, one at least.
+    OdbcSession(const QString &driverConnectionString, std::chrono::milliseconds patience);
     ~OdbcSession();
     OdbcSession(const OdbcSession &) = delete;
     OdbcSession &operator=(const OdbcSession &) = delete;
@@ -71,6 +73,7 @@ private:
     /// What the driver knows of the connection; nothing when it cannot say.
     std::optional<bool> isDead() const;
 
+    SQLULEN m_timeOut; ///< seconds
     Environment m_environment;
     Handle m_connection;
     std::atomic<bool> m_lost = false;

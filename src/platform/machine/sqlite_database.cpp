@@ -8,7 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-SqliteDatabase::SqliteDatabase() = default;
+SqliteDatabase::SqliteDatabase(std::chrono::milliseconds patience) : m_patience(patience)
+{}
 SqliteDatabase::~SqliteDatabase() = default;
 
 void SqliteDatabase::open(const QString &path)
@@ -16,8 +17,7 @@ void SqliteDatabase::open(const QString &path)
     m_file.reset();
     if (!QFile::exists(path))
         makePrivate(path);
-    m_file = std::make_unique<SqliteFile>(path, SqliteFile::Mode::createWhenMissing,
-                                          std::chrono::seconds(2));
+    m_file = std::make_unique<SqliteFile>(path, SqliteFile::Mode::createWhenMissing, m_patience);
     if (keepsPrivateJournal(path))
         m_file->execute(u"PRAGMA journal_mode=TRUNCATE"_s);
 }

@@ -2,16 +2,17 @@
 
 #include "common/local_database.h"
 
+#include <chrono>
 #include <memory>
 
 class SqliteFile;
 
-/// The local databases as SQLite files. A statement waits at most 2 seconds for another program
-/// that is writing the same file.
+/// The local databases as SQLite files. A statement waits for another program that is writing the
+/// same file, but not long.
 class SqliteDatabase final : public LocalDatabase
 {
 public:
-    SqliteDatabase();
+    explicit SqliteDatabase(std::chrono::milliseconds patience = std::chrono::seconds(2));
     ~SqliteDatabase() override;
 
     void open(const QString &path) override;
@@ -19,5 +20,6 @@ public:
     void close() override;
 
 private:
+    std::chrono::milliseconds m_patience;
     std::unique_ptr<SqliteFile> m_file;
 };

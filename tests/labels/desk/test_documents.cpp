@@ -2,6 +2,7 @@
 #include "fakes/label_shop.h"
 #include "labels/desk/price_change_request.h"
 #include "labels/desk/typed_moment.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QAbstractItemModelTester>
@@ -130,21 +131,9 @@ TEST(InvoicePicker, AFailureIsToldAndTheListsStay)
 
 TEST(LabelsFor, QuantitiesBecomeCountsOfWholeLabels)
 {
-    const struct
-    {
-        QString quantity;
-        int labels;
-        bool exact;
-    } cases[] = {
-        {u"3"_s, 3, true},       {u"2,5"_s, 3, false},
-        {u"0,25"_s, 1, false},   {u"0"_s, 1, false},
-        {u"-4"_s, 4, false},     {u""_s, 1, false},
-        {u"bir"_s, 1, false},    {u"3,00000001"_s, 3, false},
-        {u"1250"_s, 1250, true}, {u"12000000"_s, 999999, false},
-    };
-    for (const auto &c : cases) {
-        EXPECT_EQ(labelsFor(c.quantity), c.labels) << c.quantity.toStdString();
-        EXPECT_EQ(isLabelCount(c.quantity), c.exact) << c.quantity.toStdString();
+    for (const Case &c : cases(u"label_counts"_s)) { // quantity, labels, whether it is a count
+        EXPECT_EQ(labelsFor(c[0]), c[1].toInt()) << c;
+        EXPECT_EQ(isLabelCount(c[0]), c[2] == u"count") << c;
     }
 }
 
@@ -181,27 +170,14 @@ TEST(LabelDeskDocuments, EveryLineAddsItsStockWithItsOwnCount)
 
 TEST(TypedMoment, ReadsWhatPeopleType)
 {
-    const QDate today(2026, 3, 7);
-    const std::pair<QString, QDate> dates[] = {
-        {u"7.3.2026"_s, {2026, 3, 7}},    {u"07/03/26"_s, {2026, 3, 7}},
-        {u"07032026"_s, {2026, 3, 7}},    {u"070326"_s, {2026, 3, 7}},
-        {u"2026-03-07"_s, {2026, 3, 7}},  {u" 9.4 "_s, {2026, 4, 9}},
-        {u"0904"_s, {2026, 4, 9}},        {u"9"_s, {2026, 3, 9}},
-        {u"29.02.2024"_s, {2024, 2, 29}},
-    };
-    for (const auto &[text, date] : dates)
-        EXPECT_EQ(typed_moment::date(text, today), date) << text.toStdString();
-    for (const QString &bad : {u""_s, u"31.02.2026"_s, u"7 Mart"_s, u"1.2.3.4"_s, u"123"_s,
-                               u"1.1.0001"_s, u"123456789"_s, u"0.1.2026"_s})
-        EXPECT_FALSE(typed_moment::date(bad, today)) << bad.toStdString();
-    const std::pair<QString, QTime> times[] = {
-        {u"8:30"_s, {8, 30}}, {u"0830"_s, {8, 30}}, {u"830"_s, {8, 30}},
-        {u"8.30"_s, {8, 30}}, {u"8"_s, {8, 0}},     {u"23:59:30"_s, {23, 59, 30}},
-    };
-    for (const auto &[text, time] : times)
-        EXPECT_EQ(typed_moment::time(text), time) << text.toStdString();
-    for (const QString &bad : {u""_s, u"24:00"_s, u"8:60"_s, u"on"_s, u"12345"_s})
-        EXPECT_FALSE(typed_moment::time(bad)) << bad.toStdString();
+    for (const Case &c : cases(u"typed_moments"_s)) {
+        const bool isDate = c[0] == u"date";
+        const auto date = typed_moment::date(c[1], QDate(2026, 3, 7));
+        const auto time = typed_moment::time(c[1]);
+        const QString read = isDate ? date.value_or(QDate()).toString(Qt::ISODate)
+                                    : time.value_or(QTime()).toString();
+        EXPECT_EQ(read, c[2]) << c;
+    }
 }
 
 TEST(PriceChangeRequest, TheStartMinuteBelongsToTheRange)

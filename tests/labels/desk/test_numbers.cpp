@@ -1,5 +1,6 @@
 #include "fakes/label_shop.h"
 #include "labels/desk/number_generation.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QSignalSpy>
@@ -58,73 +59,24 @@ struct NumberShop : LabelShop
 
 } // namespace
 
-TEST(NumberGeneration, ReadsOnlyBasesThatFitTheirDigits)
+TEST(NumberGeneration, BasesHintsAndKeysGoByTheSymbology)
 {
-    const struct
-    {
-        Symbology symbology;
-        QString text;
-        qint64 base;
-        QString number;
-    } cases[] = {
-        {Symbology::ean13, u"123456"_s, 123456, u"0000001234565"_s},
-        {Symbology::ean8, u"1234567"_s, 1234567, u"12345670"_s},
-        {Symbology::ean8, u" 0000012 "_s, 12, u"00000123"_s},
-        {Symbology::ean13, u"869000000000"_s, 869000000000, u"8690000000005"_s},
-        {Symbology::ean13, u"869.000.000.000"_s, 869000000000, u"8690000000005"_s},
-        {Symbology::ean13, u"999999999999"_s, 999999999999, u"9999999999994"_s},
-        {Symbology::ean8, u"0"_s, 0, u"00000000"_s},
-    };
-    for (const auto &c : cases) {
-        EXPECT_EQ(numbering::readBase(c.symbology, c.text), c.base) << c.text.toStdString();
-        EXPECT_EQ(numbering::complete(c.symbology, c.base), c.number);
-        EXPECT_EQ(ean::completed(c.symbology, c.number), c.number);
+    for (const Case &c : cases(u"numbering"_s)) {
+        const Symbology symbology = c[1] == u"8" ? Symbology::ean8 : Symbology::ean13;
+        if (c[0] == u"base") {
+            const auto base = numbering::readBase(symbology, c[2]);
+            EXPECT_EQ(base ? QString::number(*base) : QString(), c[3]) << c;
+            EXPECT_EQ(base ? numbering::complete(symbology, *base) : QString(), c[4]) << c;
+            EXPECT_EQ(base ? ean::completed(symbology, c[4]) : QString(), c[4]) << c;
+        } else if (c[0] == u"whose") {
+            const QString text =
+                c[2] == u"suggested" ? numbering::suggestedBase(symbology) : c.value(2);
+            const QString said = numbering::rangeHint(symbology, text);
+            EXPECT_TRUE(c[3].isEmpty() ? said.isEmpty() : said.contains(c[3])) << c;
+        } else {
+            EXPECT_EQ(numbering::takesKey(symbology, c[2], c[3]), c[4] == u"taken") << c;
+        }
     }
-    EXPECT_FALSE(numbering::readBase(Symbology::ean8, u"12345678"));
-    for (const QString &bad : {u"8690000000005"_s, u""_s, u"..."_s, u"12a"_s, u"-5"_s, u"1,5"_s,
-                               u"١٢٣"_s, u"18446744073709551617"_s})
-        EXPECT_FALSE(numbering::readBase(Symbology::ean13, bad)) << bad.toStdString();
-}
-
-TEST(NumberGeneration, SaysWhoseNumbersTheyAre)
-{
-    const struct
-    {
-        Symbology symbology;
-        QString base;
-        QString said; ///< part of it
-    } cases[] = {
-        {Symbology::ean13, numbering::suggestedBase(Symbology::ean13), u"kendi malları"_s},
-        {Symbology::ean8, numbering::suggestedBase(Symbology::ean8), u"kendi malları"_s},
-        {Symbology::ean13, u"269999999999"_s, u"kendi malları"_s},
-        {Symbology::ean13, u"280000000000"_s, u"teraziler"_s},
-        {Symbology::ean13, u"869000000000"_s, u"üreticilerindir"_s},
-        {Symbology::ean13, u"5"_s, u"üreticilerindir"_s},
-        {Symbology::ean8, u"5"_s, u"sıfırı atar"_s},
-    };
-    for (const auto &c : cases)
-        EXPECT_TRUE(numbering::rangeHint(c.symbology, c.base).contains(c.said))
-            << c.base.toStdString();
-    EXPECT_EQ(numbering::rangeHint(Symbology::ean13, u"12a"), QString());
-}
-
-TEST(NumberGeneration, AFullBoxTakesNoMoreDigits)
-{
-    const struct
-    {
-        QString box;
-        QString key;
-        bool taken;
-    } cases[] = {
-        {u"123456"_s, u"7"_s, true},     {u"1234567"_s, u"8"_s, false},
-        {u"1234567"_s, u"x"_s, false},   {u"1234567"_s, u"."_s, true},
-        {u"1.234.567"_s, u"8"_s, false}, {u"1.234.5"_s, u"6"_s, false},
-        {u"1234567"_s, u"\b"_s, true},   {u"1234567"_s, u""_s, true},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(numbering::takesKey(Symbology::ean8, c.box, c.key), c.taken)
-            << c.box.toStdString() << c.key.toStdString();
-    EXPECT_TRUE(numbering::takesKey(Symbology::ean13, u"1234567", u"8"));
 }
 
 TEST(NumberDesk, GathersTheRowsWithoutABarcode)

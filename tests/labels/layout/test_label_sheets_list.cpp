@@ -1,7 +1,6 @@
 #include "labels/layout/label_sheets.h"
-#include "support/files.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
-#include "support/test_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -41,26 +40,19 @@ TEST(SheetList, LinesThatMakeNoSheetArePassedOver)
 
 TEST(SheetList, MeasuredPaperBecomesASheet)
 {
-    const struct
-    {
-        MeasuredPaper paper;
-        int across;
-        int down;
-    } cases[] = {
-        {{{210, 297}, {4.7, 10.9}, {38.1, 21.2}, {2.5, 0}, 0, 0}, 5, 13},
-        {{{210, 297}, {0, 0}, {70, 37}, {0, 0}, 3, 8}, 3, 8},
-        {{{58, 40}, {0, 0}, {58, 40}, {0, 0}, 0, 0}, 1, 1},
-        {{{210, 297}, {0, 0}, {220, 37}, {0, 0}, 0, 0}, 0, 0},
-        {{{210, 297}, {0, 0}, {0, 37}, {0, 0}, 0, 0}, 0, 0},
-        {{{210, 297}, {0, 0}, {70, 37}, {0, 0}, 4, 8}, 0, 0},
-    };
-    for (const auto &c : cases) {
-        const auto sheet = measuredSheet(c.paper);
-        ASSERT_EQ(sheet.has_value(), c.across > 0) << c.paper.label.width();
+    for (const Case &c : cases(u"measured_sheets"_s)) {
+        const auto at = [&](int field) { return static_cast<int>(c.number(field)); };
+        const MeasuredPaper paper{{c.number(0), c.number(1)},
+                                  {c.number(2), c.number(3)},
+                                  {c.number(4), c.number(5)},
+                                  {c.number(6), c.number(7)},
+                                  at(8),
+                                  at(9)};
+        const auto sheet = measuredSheet(paper);
+        EXPECT_EQ(sheet ? sheet->across : 0, at(10)) << c;
+        EXPECT_EQ(sheet ? sheet->down : 0, at(11)) << c;
         if (sheet) {
-            EXPECT_EQ(sheet->across, c.across);
-            EXPECT_EQ(sheet->down, c.down);
-            EXPECT_NEAR(sheet->step.x(), c.paper.label.width() + c.paper.gap.x(), 1e-9);
+            EXPECT_NEAR(sheet->step.x(), paper.label.width() + paper.gap.x(), 1e-9) << c;
         }
     }
 }

@@ -2,6 +2,7 @@
 #include "labels/print/label_builder.h"
 #include "labels/print/sheet_grid.h"
 #include "paper/text_block.h"
+#include "support/cases.h"
 #include "support/golden.h"
 #include "support/print_qt.h"
 
@@ -119,67 +120,29 @@ TEST(LabelCommands, SheetOfLabels)
 
 TEST(LabelCommands, SymbologyFollowsTheLengthAndElseStays)
 {
-    // Expected: what is drawn for each row of one run, in order.
-    const struct
-    {
-        QString barcode;
-        QString drawn;
-    } cases[] = {
-        {u"869000000001"_s, u"EAN-13 8690000000012"_s}, // a run starts with EAN-13
-        {u"1234567"_s, u""_s},
-        {u"12345670"_s, u"EAN-8 12345670"_s},
-        {u"1234567"_s, u"EAN-8 12345670"_s},
-        {u"869000000001"_s, u""_s},
-        {u""_s, u""_s},
-        {u"12345678"_s, u""_s}, // wrong check digit
-        {u"8690000000012"_s, u"EAN-13 8690000000012"_s},
-        {u"869000000001"_s, u"EAN-13 8690000000012"_s},
-        {u"ABCDEFGH"_s, u""_s},
-        {u"7654321"_s, u"EAN-8 76543210"_s}, // the eight letters before it had set EAN-8
-    };
     PrintJob job;
     job.barcodes = {{{0, 0, 40, 20}, {}, 0, 0, 0, QString()}};
     const FixedMeasure measure;
     LabelBuilder builder(job, measure);
-    for (const auto &c : cases) {
+    for (const Case &c : cases(u"run_of_barcodes"_s)) {
         LabelRow row = kRow;
-        row.barcode = c.barcode;
+        row.barcode = c[0];
         const auto commands = builder.label(row).commands;
-        EXPECT_EQ(commands.empty(), c.drawn.isEmpty()) << c.barcode.toStdString();
+        EXPECT_EQ(commands.empty(), c[1].isEmpty()) << c;
         for (const DrawCommand &command : commands)
-            EXPECT_TRUE(toText(command).contains(c.drawn)) << c.barcode.toStdString();
+            EXPECT_TRUE(toText(command).contains(c[1])) << c;
     }
 }
 
 TEST(LabelCommands, LinesStayInsideTheirBox)
 {
     // A letter is 2 mm wide, a line 4 mm high.
-    const QString name = u"Köy Peyniri Tam Yağlı 500 g"_s;
     QString all;
-    const struct
-    {
-        LabelBox box;
-        double angle;
-        QString caption;
-    } cases[] = {
-        {{0, 0, 30, 12}, 0, name},
-        {{0, 0, 30, 8}, 0, name},
-        {{0, 0, 30, 1}, 0, name},
-        {{0, 0, 12, 12}, 0, u"Ayakkabıboyası siyah"_s},
-        {{0, 0, 12, 4}, 0, u"12.345,50"_s},
-        {{0, 0, 0, 20}, 0, name},
-        {{0, 0, -5, 20}, 0, name},
-        {{0, 0, 1, 20}, 0, u"abc"_s},
-        {{0, 0, 12, 30}, 90, name},
-        {{0, 0, 60, 12}, 180, u"üst\nalt"_s},
-        {{0, 0, 60, 12}, 0, u"bir\r\niki\rüç\ndört"_s},
-    };
-    for (const auto &c : cases) {
+    for (const Case &c : cases(u"lines_in_a_box"_s)) {
+        const LabelBox box{0, 0, static_cast<float>(c.number(0)), static_cast<float>(c.number(1))};
         PrintJob job;
-        job.texts = {text(c.box, c.angle, u"1"_s, c.caption)};
-        all += u"%1 x %2, %3 degrees\n"_s.arg(static_cast<double>(c.box.width))
-                   .arg(static_cast<double>(c.box.height))
-                   .arg(c.angle);
+        job.texts = {text(box, c.number(2), u"1"_s, c.value(3))};
+        all += u"%1 x %2, %3 degrees\n"_s.arg(c[0], c[1], c[2]);
         all += labelText(job);
     }
     expectGolden(u"labels/lines.txt"_s, all);

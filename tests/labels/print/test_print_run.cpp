@@ -2,6 +2,7 @@
 #include "labels/layout/layout_encoding.h"
 #include "labels/print/label_preview.h"
 #include "labels/print/print_desk.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <gmock/gmock.h>
@@ -298,23 +299,12 @@ TEST_F(PrintRunTest, TheFirstWaitingLabelIsPreviewed)
 
 TEST(LabelPreview, LabelsAreAsLargeAsTheirStepOrSheet)
 {
-    const struct
-    {
-        SheetGrid grid;
-        QSizeF paper;
-        QSizeF expected;
-    } cases[] = {
-        {{5, 5, 70, 37, 3, 8}, {210, 297}, {70, 37}},
-        {{2, 3, 0, 0, 1, 1}, {58, 40}, {56, 37}},
-        {{0, 0, 58, 40, 1, 1}, {}, {58, 40}},
-        {{0, 0, 0, 0, 0, 0}, {}, {20, 10}}, // what its elements need
-        {{0, 0, -5, -5, 3, 3}, {1e9, 1e9}, {1000, 1000}},
-    };
-    for (const auto &c : cases) {
+    for (const Case &c : cases(u"label_sizes"_s)) {
+        const auto mm = [&](int field) { return static_cast<float>(c.number(field)); };
         PrintJob job;
-        job.grid = c.grid;
-        job.paper = c.paper;
+        job.grid = {mm(0), mm(1), mm(2), mm(3), mm(4), mm(5)};
+        job.paper = {c.number(6), c.number(7)};
         job.pictures = {{{5, 5, 15, 5}, u"a.png"_s}, {{5, 5, 1e9F, 1e9F}, u"a.png"_s}};
-        EXPECT_EQ(labelSize(job), c.expected) << c.grid.stepX;
+        EXPECT_EQ(labelSize(job), QSizeF(c.number(8), c.number(9))) << c;
     }
 }

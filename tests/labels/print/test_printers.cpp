@@ -4,7 +4,7 @@
 #include "platform/printing/pdf_document.h"
 #include "platform/printing/spooler.h"
 #include "platform/printing/system_printers.h"
-#include "support/files.h"
+#include "support/cases.h"
 #include "support/print_qt.h"
 
 #include <QDir>
@@ -173,43 +173,26 @@ TEST_F(PrintersTest, LabelsAreVectorBarsAndSearchableText)
 
 TEST(PageSetup, PaperNumbersOwnSizesAndOrientation)
 {
-    const struct
-    {
-        PrinterSetup setup;
-        QSizeF expected; ///< mm, as the page lies
-    } cases[] = {
-        {{{}, true, 9, 0, {}}, {210, 297}},
-        {{{}, false, 9, 0, {}}, {297, 210}},
-        {{{}, true, 9, 0, {58, 40}}, {210, 297}},
-        {{{}, true, 11, 0, {}}, {148, 210}},
-        {{{}, true, 256, 0, {58, 40}}, {58, 40}},
-        {{{}, false, 256, 0, {58, 40}}, {58, 40}},
-        {{{}, false, 256, 0, {40, 58}}, {58, 40}},
-        {{{}, true, 0, 0, {100, 150}}, {100, 150}},
-        {{{}, true, 4711, 0, {100, 150}}, {100, 150}},
-        {{{}, true, 256, 0, {}}, {210, 297}},
-        {{{}, true, 0, 0, {}}, {210, 297}},
-    };
-    for (const auto &c : cases) {
-        const QSizeF size = pageLayout(c.setup).fullRect(QPageLayout::Millimeter).size();
-        EXPECT_NEAR(size.width(), c.expected.width(), 0.3) << c.setup.paperCode;
-        EXPECT_NEAR(size.height(), c.expected.height(), 0.3) << c.setup.paperCode;
+    for (const Case &c : cases(u"page_setups"_s)) {
+        const PrinterSetup setup{{},
+                                 c[0] == u"portrait",
+                                 static_cast<int>(c.number(1)),
+                                 0,
+                                 QSizeF(c.number(2), c.number(3))};
+        const QSizeF size = pageLayout(setup).fullRect(QPageLayout::Millimeter).size();
+        EXPECT_NEAR(size.width(), c.number(4), 0.3) << c;
+        EXPECT_NEAR(size.height(), c.number(5), 0.3) << c;
     }
 }
 
 TEST(Spooler, QualityChoosesTheResolution)
 {
-    const QList<int> three = {203, 300, 600};
-    const struct
-    {
-        int quality;
-        int expected;
+    for (const Case &c : cases(u"print_qualities"_s)) {
         QList<int> choices;
-    } cases[] = {{-1, 203, three}, {-2, 203, three},  {-3, 300, three},  {-4, 600, three},
-                 {0, 300, three},  {203, 203, three}, {240, 203, three}, {1200, 600, three},
-                 {-4, 300, {}},    {203, 203, {}},    {0, 300, {}}};
-    for (const auto &c : cases)
-        EXPECT_EQ(chooseResolution(c.quality, c.choices, 300), c.expected) << c.quality;
+        for (const QString &dpi : c[1].split(u' ', Qt::SkipEmptyParts))
+            choices += dpi.toInt();
+        EXPECT_EQ(chooseResolution(c[0].toInt(), choices, 300), c.number(2)) << c;
+    }
 }
 
 #ifdef Q_OS_UNIX
