@@ -11,6 +11,8 @@ class PropertyBag;
 ///
 /// Every set operation stores the value, tells that the property has changed, so that the form
 /// saves it, and draws the control anew at once.
+///
+/// Named by the system; the designer's canvas paints draw commands, so that only the tour shows it.
 class Barkod final : public QWidget
 {
     Q_OBJECT
