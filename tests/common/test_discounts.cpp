@@ -15,8 +15,7 @@ TEST(Discounts, ShelfAndTillEachKeepTheirRounding)
         const auto parts = discounts::ofLine(c.number(0), percent);
         const double till = c.number(0) - static_cast<double>(parts[0] + parts[1] + parts[2]);
         EXPECT_EQ(amount::money(till), c.value(4)) << c;
-        const double shelf =
-            discounts::shelfPrice(c.number(0), {percent[0], percent[1], percent[2]});
+        const auto shelf = discounts::shelfPrice(c.number(0), {percent[0], percent[1], percent[2]});
         EXPECT_EQ(amount::money(shelf), c.value(5)) << c;
     }
 }
