@@ -20,6 +20,16 @@ QString card(const QString &stockCode)
     return where(u"STKKART", u"STKKOD", stockCode);
 }
 
+QString cardsByName(const QString &text)
+{
+    return u"select * from STKKART where STKCINSI LIKE '%"_s + text + u"%'"_s;
+}
+
+QString cardsByCode(const QString &text)
+{
+    return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
+}
+
 QString barcode(const QString &barcode)
 {
     return where(u"STKBARKOD", u"STKBARKOD", barcode);

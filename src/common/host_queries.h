@@ -9,6 +9,11 @@ namespace host_queries {
 /// The stock card of exactly this code.
 QString card(const QString &stockCode);
 
+/// The stock cards whose name, or code, holds the text. A quote in it breaks the statement and the
+/// host says so.
+QString cardsByName(const QString &text);
+QString cardsByCode(const QString &text);
+
 /// The owners of a barcode.
 QString barcode(const QString &barcode);
 

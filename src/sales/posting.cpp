@@ -56,8 +56,9 @@ ledger::Header headerOf(const Settings &settings, const Sale &sale)
     h.time = u"%1:%2"_s.arg(time.hour()).arg(time.minute());
     h.warehouse = settings.stok.depo;
     h.priceNumber = settings.stok.fiyatip;
-    h.customerCode = settings.stok.carikod;
-    h.customerName = settings.stok.cari;
+    const bool usual = sale.customer.code.isEmpty();
+    h.customerCode = usual ? settings.stok.carikod : sale.customer.code;
+    h.customerName = usual ? settings.stok.cari : sale.customer.name;
     h.stockSlipType = settings.stok.stkfistip;
     h.accountSlipType = settings.stok.crfistip;
     h.cashierCode = sale.cashierCode;

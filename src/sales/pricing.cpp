@@ -54,8 +54,13 @@ double valueOf(const SaleLine &line, SaleColumn column)
 void recompute(SaleLine &line, double quantity)
 {
     line[SaleColumn::quantity] = amount::plain(quantity);
-    const double lineAmount =
-        valueOf(line, SaleColumn::quantity) * valueOf(line, SaleColumn::price);
+    recompute(line, quantity,
+              valueOf(line, SaleColumn::quantity) * valueOf(line, SaleColumn::price));
+}
+
+void recompute(SaleLine &line, double quantity, double lineAmount)
+{
+    line[SaleColumn::quantity] = amount::plain(quantity);
     line[SaleColumn::amount] = amount::money(lineAmount);
 
     Discounts parts = discountsOf(line.tag);

@@ -26,6 +26,10 @@ Discounts discountsOf(QStringView tag);
 /// Writes the quantity and everything that follows from it: line amount, tag, discount and net.
 void recompute(SaleLine &line, double quantity);
 
+/// The same for a pack whose label bears its price: the line's amount is that of the label, though
+/// the quantity has three decimals only.
+void recompute(SaleLine &line, double quantity, double lineAmount);
+
 /// A cell as a number; unreadable text counts as 0.
 double valueOf(const SaleLine &line, SaleColumn column);
 

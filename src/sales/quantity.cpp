@@ -4,9 +4,18 @@
 
 #include <QList>
 
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
 namespace quantity {
 
 namespace {
+
+bool isFigure(QChar c)
+{
+    return c == u'.' || c == u',' || (c >= u'0' && c <= u'9');
+}
 
 /// Digits in groups of three after the first point, and no point after the comma.
 bool pointsGroup(QStringView text)
@@ -26,9 +35,8 @@ bool pointsGroup(QStringView text)
 std::optional<double> parseUpTo(QStringView text, double most)
 {
     const QStringView typed = text.trimmed();
-    for (const QChar c : typed)
-        if (c != u'.' && c != u',' && (c < u'0' || c > u'9'))
-            return {};
+    if (!std::all_of(typed.begin(), typed.end(), isFigure))
+        return {};
     const auto value = amount::parse(typed);
     if (!value || !pointsGroup(typed) || *value > most)
         return {};
@@ -43,6 +51,30 @@ std::optional<double> parse(QStringView text)
     return value && *value > 0.0 ? value : std::nullopt;
 }
 
+std::optional<Entry> parseEntry(const QString &text)
+{
+    const qsizetype star = text.indexOf(u'*');
+    const QStringView typed = QStringView(text).first(std::max<qsizetype>(star, 0)).trimmed();
+    if (typed.isEmpty() || !std::all_of(typed.begin(), typed.end(), isFigure))
+        return Entry{text};
+    const auto quantity = parse(typed);
+    const QString code = text.sliced(star + 1).trimmed();
+    if (!quantity || code.isEmpty())
+        return {};
+    return Entry{code, *quantity};
+}
+
+QString refusal()
+{
+    return u"Miktar 0’dan büyük, en çok %1 olmalı; ondalık ayırıcı virgüldür."_s.arg(
+        amount::money(kMost));
+}
+
+QString tooMany()
+{
+    return u"Toplam miktar en çok %1 olabilir."_s.arg(amount::money(kMost));
+}
+
 std::optional<double> parseCash(QStringView text)
 {
     return parseUpTo(text, kMostCash);
@@ -52,7 +84,7 @@ bool accepts(QStringView text, QChar key)
 {
     if (key == u',')
         return !text.contains(u',');
-    return key == u'.' || (key >= u'0' && key <= u'9');
+    return isFigure(key);
 }
 
 } // namespace quantity

@@ -18,6 +18,23 @@ inline constexpr double kMostCash = 9'999'999.99;
 /// they group thousands ("1.250"): "1.5" is refused, for it would sell fifteen pieces.
 std::optional<double> parse(QStringView text);
 
+/// What stands in the entry box: "3*8690000000015" or "1,5*KOD" sells that many of the code.
+struct Entry
+{
+    QString code;
+    double quantity = 1.0;
+};
+
+/// A text whose part before the first "*" is no number is a code as it stands. Nothing when there
+/// is a number that parse() refuses, or no code behind it.
+std::optional<Entry> parseEntry(const QString &text);
+
+/// Why a typed quantity is refused, in Turkish.
+QString refusal();
+
+/// Why a sum above kMost is refused, in Turkish.
+QString tooMany();
+
 /// An amount of cash from 0 to kMostCash; grouping points as in parse().
 std::optional<double> parseCash(QStringView text);
 

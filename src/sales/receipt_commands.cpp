@@ -155,9 +155,13 @@ ReceiptPage drawReceipt(const ReceiptLayout &layout, const Receipt &receipt)
     writer.totalLine(u"TOPKDV"_s, sale.totals.vat);
     writer.totalLine(u"TOPLAM"_s, sale.totals.grand);
     writer.emptyLine();
+    if (sale.payment == Payment::card)
+        writer.totalLine(u"KART"_s, sale.totals.grand);
     writer.totalLine(u"NAKİT"_s, sale.cash);
     writer.totalLine(u"P.ÜSTÜ"_s, sale.change);
 
+    if (!sale.customer.name.isEmpty())
+        writer.textBlock(layout.receiptOptions, u"Cari: "_s + sale.customer.name, blockWidth);
     if (!sale.cashierName.isEmpty())
         writer.textBlock(layout.receiptOptions, u"Kasiyer: "_s + sale.cashierName, blockWidth);
     writer.textBlock(layout.receiptOptions, layout.belowText, blockWidth);

@@ -34,9 +34,24 @@ bool TillList::recompute()
 
 void TillList::setCash(const QString &text)
 {
+    m_payment = Payment::cash;
     m_cash = text;
     m_cashGiven = true;
     m_change = pricing::change(text, m_totals.grand);
+}
+
+void TillList::setPayment(Payment payment)
+{
+    m_payment = payment;
+    m_cash = u"0,00"_s;
+    m_change = u"0,00"_s;
+    m_cashGiven = false;
+}
+
+void TillList::beginSale()
+{
+    m_cashGiven = false;
+    m_customer = {};
 }
 
 void TillList::showPosted(const Sale &sale)
@@ -59,5 +74,12 @@ Sale TillList::capture() const
     const auto money = [](const QString &text) {
         return amount::money(amount::parse(text).value_or(0.0));
     };
-    return {lines.lines(), m_totals, money(m_cash), m_change, {}, {}, {}};
+    Sale sale;
+    sale.lines = lines.lines();
+    sale.totals = m_totals;
+    sale.cash = money(m_cash);
+    sale.change = m_change;
+    sale.payment = m_payment;
+    sale.customer = m_customer;
+    return sale;
 }

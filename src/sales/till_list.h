@@ -26,8 +26,17 @@ public:
 
     /// Brings the totals up to date; true when the change was too, as cash had been given.
     bool recompute();
+    /// Cash was given: the sale is not paid by card.
     void setCash(const QString &text);
-    void beginSale() { m_cashGiven = false; } ///< no cash was given yet
+    /// By card nothing is given and nothing comes back.
+    void setPayment(Payment payment);
+    Payment payment() const { return m_payment; }
+
+    /// The account chosen for this sale; empty: the one of the settings.
+    const Customer &customer() const { return m_customer; }
+    void setCustomer(const Customer &customer) { m_customer = customer; }
+
+    void beginSale(); ///< no cash was given yet, the customer is the usual one
 
     /// Total and change of the sale that was just posted stay on screen: the change is handed out
     /// after the list was cleared.
@@ -43,6 +52,8 @@ private:
     QString m_cash = QStringLiteral("0,00");
     QString m_change = QStringLiteral("0,00");
     QString m_postedTotal;
+    Payment m_payment = Payment::cash;
+    Customer m_customer;
     bool m_cashGiven = false; ///< the cash box was changed during this sale
     int m_currentRow = -1;
 };

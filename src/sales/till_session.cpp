@@ -78,6 +78,7 @@ void TillSession::load()
 {
     m_settings = oku(m_program.files());
     m_layout = receipt_store::fisoku(m_program.files());
+    m_lookup.setScales(readScaleRules(m_program.keys, m_program.path(u"terazi.zev")));
     Q_EMIT settingsLoaded();
     m_codes.check(m_settings, m_cashier.code);
     Q_EMIT codesChecked(m_codes.unknown());
@@ -95,22 +96,36 @@ void TillSession::enterCode(const QString &code)
     if (code.isEmpty())
         return;
     const Work work(*this, [&code] { return code; });
-    enter(code);
+    enter(code, m_mode);
 }
 
-void TillSession::enter(const QString &code)
+void TillSession::enterStock(const QString &code)
+{
+    const Work work(*this, [&code] { return code; });
+    enter(code, EntryMode::stockCode);
+}
+
+void TillSession::enter(const QString &code, EntryMode mode)
 {
     forgetPosted(m_active);
-    const bool byBarcode = m_mode == EntryMode::barcode;
+    const bool byBarcode = mode == EntryMode::barcode;
     for (int number = 0; number < kSaleLists; ++number)
         if (!byBarcode || number == m_active)
             resetCash(number);
 
     m_refusedCode.clear();
+    const auto entry = quantity::parseEntry(code);
+    if (!entry) {
+        m_sounds.calsesoff();
+        Q_EMIT noticed(u"\"%1\": "_s.arg(code) + quantity::refusal(), Notice::fault);
+        Q_EMIT entryRefused();
+        return;
+    }
     SaleList &lines = active().lines;
     try {
-        const LookupResult result = byBarcode ? m_lookup.listebarkodkontrol(lines, code)
-                                              : m_lookup.listestokkodkontrol(lines, code);
+        const LookupResult result =
+            byBarcode ? m_lookup.listebarkodkontrol(lines, entry->code, entry->quantity)
+                      : m_lookup.listestokkodkontrol(lines, entry->code, entry->quantity);
         Q_EMIT entryCleared();
         const bool sold = result.row >= 0;
         const bool fine = sold && result.remark.isEmpty();
@@ -152,6 +167,7 @@ void TillSession::selectList(int number)
         return;
     m_active = number;
     Q_EMIT activeListChanged(number);
+    Q_EMIT customerChanged();
 }
 
 void TillSession::selectRow(int number, int row)
@@ -200,8 +216,7 @@ QString TillSession::refusedQuantity(const QString &typed) const
     if (!currentLine())
         return u"Seçili satır yok."_s;
     if (!quantity::parse(typed))
-        return u"Miktar 0’dan büyük, en çok %1 olmalı; ondalık ayırıcı virgüldür."_s.arg(
-            amount::money(quantity::kMost));
+        return quantity::refusal();
     return {};
 }
 
@@ -221,7 +236,7 @@ QString TillSession::miktarekle(const QString &typed)
     const double sum =
         pricing::valueOf(*active().currentLine(), SaleColumn::quantity) + *quantity::parse(typed);
     if (sum > quantity::kMost)
-        return u"Toplam miktar en çok %1 olabilir."_s.arg(amount::money(quantity::kMost));
+        return quantity::tooMany();
     changeQuantity(sum);
     return {};
 }
@@ -273,11 +288,50 @@ TillSession::CashEntry TillSession::acceptCash(int number)
             Notice::fault);
         return CashEntry::refused;
     }
-    if (list.postedTotal().isEmpty()) { // else Enter in an untouched box
+    // else Enter in an untouched box
+    if (list.postedTotal().isEmpty() && list.payment() == Payment::cash) {
         setCash(number, amount::money(*given));
         Q_EMIT noticed({}, Notice::done);
     }
     return CashEntry::taken;
+}
+
+void TillSession::payExactly()
+{
+    setCash(m_active, active().totals().grand);
+    Q_EMIT noticed(u"Tam para: %1"_s.arg(active().cash()), Notice::done);
+}
+
+void TillSession::addBanknote(int lira)
+{
+    // Behind the exact amount a note is what was given instead of it.
+    const bool anew =
+        !active().postedTotal().isEmpty() || active().cash() == active().totals().grand;
+    const double given = anew ? 0.0 : quantity::parseCash(active().cash()).value_or(0.0);
+    if (given + lira <= quantity::kMostCash)
+        setCash(m_active, amount::money(given + lira));
+}
+
+void TillSession::togglePayment()
+{
+    forgetPosted(m_active);
+    const bool card = active().payment() == Payment::cash;
+    active().setPayment(card ? Payment::card : Payment::cash);
+    Q_EMIT cashChanged(m_active);
+    Q_EMIT noticed(card ? u"Kartla ödenecek."_s : u"Nakit ödenecek."_s, Notice::done);
+}
+
+Customer TillSession::customer() const
+{
+    const Customer &chosen = at(m_active).customer();
+    return chosen.code.isEmpty() ? Customer{m_settings.stok.carikod, m_settings.stok.cari} : chosen;
+}
+
+void TillSession::setCustomer(const Customer &customer)
+{
+    const bool usual = customer.code == m_settings.stok.carikod;
+    active().setCustomer(usual ? Customer() : customer);
+    Q_EMIT customerChanged();
 }
 
 void TillSession::resetCash(int number)
@@ -304,6 +358,21 @@ void TillSession::setCashier(const Cashier &cashier)
 std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
 {
     return std::make_unique<CashierChoice>(m_program, m_settings.per.per);
+}
+
+std::unique_ptr<ItemFinder> TillSession::itemFinder() const
+{
+    return std::make_unique<ItemFinder>(m_program, m_lookup);
+}
+
+void TillSession::findItems(ItemFinder &finder, const QString &text)
+{
+    const Work work(*this, [&text] { return text; });
+    try {
+        finder.search(text);
+    } catch (const HostError &error) {
+        tellHostFault(m_program, error);
+    }
 }
 
 Sale TillSession::capture(int number) const
@@ -401,6 +470,7 @@ void TillSession::clearList(int number)
     hesapla(number);
     setCash(number, u"0,00"_s);
     at(number).beginSale();
+    Q_EMIT customerChanged();
 }
 
 Receipt TillSession::nextReceipt(Sale sale)

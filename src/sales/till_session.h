@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sales/cashier.h"
+#include "sales/item_finder.h"
 #include "sales/item_lookup.h"
 #include "sales/ledger_codes.h"
 #include "sales/notice.h"
@@ -39,6 +40,7 @@ public:
     const pricing::Totals &totals(int number) const { return at(number).totals(); }
     const QString &cash(int number) const { return at(number).cash(); }
     const QString &change(int number) const { return at(number).change(); }
+    Payment payment(int number) const { return at(number).payment(); }
     int currentRow(int number) const { return at(number).currentRow(); }
     int activeList() const { return m_active; }
     EntryMode entryMode() const { return m_mode; }
@@ -69,6 +71,10 @@ public:
     };
     CashEntry acceptCash(int number);
 
+    /// Account that the sale of the active list is booked on; the one of the settings when none was
+    /// chosen.
+    Customer customer() const;
+
     /// Grand total of the sale that was just posted from a list; its change stands beside it until
     /// the next code or cash. Empty: none.
     const QString &postedTotal(int number) const { return at(number).postedTotal(); }
@@ -90,6 +96,11 @@ public:
     /// What the cashier dialog works with; connect its chosen() to setCashier().
     std::unique_ptr<CashierChoice> cashierChoice() const;
 
+    /// What the window that finds items by name works with; it must not outlive the till.
+    std::unique_ptr<ItemFinder> itemFinder() const;
+    /// Searches with it; a fault of the host is told.
+    void findItems(ItemFinder &finder, const QString &text);
+
     /// Warns of lists that still hold lines; true when the form may close.
     bool mayClose();
 
@@ -100,13 +111,18 @@ public:
     void saveColumnWidths(const QList<int> &widths);
 
 public Q_SLOTS:
-    void enterCode(const QString &code); ///< Enter in the entry box
+    void enterCode(const QString &code);  ///< Enter in the entry box
+    void enterStock(const QString &code); ///< a stock code, whatever the box takes
     void toggleEntryMode();
     void selectList(int number);
     void selectRow(int number, int row);           ///< in that list
     void moveSelection(int rows);                  ///< in the active list
     void sil();                                    ///< deletes the current line of the active list
     void setCash(int number, const QString &text); ///< the cash box was edited
+    void payExactly();                             ///< the customer gives what is asked for
+    void addBanknote(int lira);                    ///< to the cash of the active list
+    void togglePayment();                          ///< cash or card
+    void setCustomer(const Customer &customer);    ///< of the active list's sale
     void setCashier(const Cashier &cashier);
     /// Posts the active list and prints its receipt. `unentered`: what stands in the entry box; a
     /// code that nobody entered keeps the sale from being posted.
@@ -128,6 +144,7 @@ Q_SIGNALS:
     void boxComes();                                ///< a box of the till's own is about to open
     void postedIncompletely(const PostingReport &report);
     void cashierChanged();
+    void customerChanged(); ///< of the active list, or another list is active
     void codesChecked(const QStringList &unknown); ///< codes of the settings the ledger lacks
 
 private:
@@ -138,7 +155,7 @@ private:
     /// Marks the till as working, and tells of a server that takes its time.
     class Work;
 
-    void enter(const QString &code);
+    void enter(const QString &code, EntryMode mode);
     void hesapla(int number);
     void resetCash(int number);
     void forgetPosted(int number);

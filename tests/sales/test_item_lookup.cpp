@@ -138,6 +138,50 @@ TEST_F(Lookup, AnItemWithoutAPriceIsNotSold)
     EXPECT_TRUE(list.isEmpty());
 }
 
+TEST_F(Lookup, LabelsOfScalesAreTakenApartAfterThePlainLookup)
+{
+    shop.add({u"2700012"_s, u"PEY"_s, u"Peynir"_s, 249.9});
+    shop.add({u"9"_s, u"00034"_s, u"Zeytin"_s, 33.33, {10, 0, 0}});
+    shop.add(
+        {u"2100099000007"_s, u"S9"_s, u"Etiketli"_s, 5.0}); // the ledger knows the whole number
+    const QString file = shop.program.path(u"terazi.zev");
+    for (const auto &[section, key, value] :
+         std::vector<std::array<QString, 3>>{{u"terazi"_s, u"onekler"_s, u"27, 21,28"_s},
+                                             {u"21"_s, u"tur"_s, u"Fiyat"_s},
+                                             {u"21"_s, u"kod"_s, u"STOK"_s},
+                                             {u"28"_s, u"urun"_s, u"6"_s}})
+        shop.keys.write(section, key, value, file);
+    lookup.setScales(readScaleRules(shop.keys, file));
+    struct Case
+    {
+        QString code;
+        double packs;
+        QString quantity, amount, net;
+    };
+    for (const Case &c : std::vector<Case>{
+             {u"2700012004505"_s, 1, u"0,45"_s, u"112,46"_s, u"112,46"_s},
+             {u"2700012004505"_s, 2, u"0,9"_s, u"224,91"_s, u"224,91"_s},
+             {u"2100034012340"_s, 1, u"0,37"_s, u"12,34"_s, u"11,11"_s}, // 12,34 lira, not 12,33
+             {u"2100099000007"_s, 1, u"1"_s, u"5,00"_s, u"5,00"_s},
+             {u"2700012004506"_s, 1, {}, {}, {}}, // check digit
+             {u"2700012000002"_s, 1, {}, {}, {}}, // weighs nothing
+             {u"2700099004502"_s, 1, {}, {}, {}}, // not in the ledger
+             {u"2800012004502"_s, 1, {}, {}, {}}, // its rule has 13 digits without the check digit
+             {u"270001200450"_s, 1, {}, {}, {}}}) {
+        list.clear();
+        const LookupResult result = lookup.listebarkodkontrol(list, c.code, c.packs);
+        ASSERT_EQ(list.size(), c.quantity.isEmpty() ? 0 : 1) << c.code.toStdString();
+        if (list.isEmpty()) {
+            EXPECT_TRUE(result.remark.contains(c.code));
+            continue;
+        }
+        EXPECT_EQ(list.line(0)[SaleColumn::barcode], c.code);
+        EXPECT_EQ(list.line(0)[SaleColumn::quantity], c.quantity);
+        EXPECT_EQ(list.line(0)[SaleColumn::amount], c.amount);
+        EXPECT_EQ(list.line(0)[SaleColumn::net], c.net);
+    }
+}
+
 TEST_F(Lookup, FreeItemsAndDepositsAreSoldAndAFullDiscountIsRemarked)
 {
     shop.add({u"1"_s, u"P"_s, u"Poşet"_s, 0.0});

@@ -155,6 +155,41 @@ TEST_F(Till, TheChangeStandsUntilTheNextCustomer)
     EXPECT_EQ(till.postedTotal(0), QString());
 }
 
+TEST_F(Till, ASaleIsPaidByOneKeyOrByCardAndGoesToItsCustomer)
+{
+    scan({u"3*869002"_s, u"1,5*869002"_s, u"2*869001"_s});
+    EXPECT_EQ(cell(0, 0, SaleColumn::quantity), u"4,5"_s);
+    EXPECT_EQ(till.totals(0).grand, u"252,00"_s);
+    for (const QString &refused : {u"0*869002"_s, u"3*"_s, u"1.5*869002"_s, u"999999*869002"_s}) {
+        scan({refused});
+        EXPECT_EQ(kind, Notice::fault) << refused.toStdString();
+        EXPECT_EQ(till.totals(0).grand, u"252,00"_s);
+    }
+    till.payExactly();
+    EXPECT_EQ(till.change(0), u"0,00"_s);
+    till.addBanknote(200); // instead
+    till.addBanknote(100);
+    EXPECT_EQ(till.change(0), u"48,00"_s);
+    till.togglePayment();
+    EXPECT_EQ(till.cash(0), u"0,00"_s);
+    till.setCustomer({u"120.07"_s, u"Yıldız Lokantası"_s});
+    till.selectList(1);
+    EXPECT_EQ(till.customer(), (Customer{u"C100"_s, u"PERAKENDE"_s}));
+    till.selectList(0);
+    till.post();
+    EXPECT_TRUE(
+        shop.sent(u"INSERT INTO CARFIS"_s).first().contains(u"'120.07','Yıldız Lokantası'"_s));
+    ASSERT_EQ(shop.printed().size(), 1U);
+    const QStringList texts = shop.printed()[0].texts;
+    EXPECT_EQ(texts.at(texts.indexOf(u"KART"_s) + 1), u"*252,00"_s);
+    EXPECT_EQ(texts.at(texts.indexOf(u"P.ÜSTÜ"_s) + 1), u"*0,00"_s);
+    EXPECT_TRUE(texts.contains(u"Cari: Yıldız Lokantası"_s));
+    scan({u"869002"_s});
+    till.post(); // the next customer is the usual one, and pays cash
+    EXPECT_TRUE(shop.sent(u"INSERT INTO CARFIS"_s).last().contains(u"'C100','PERAKENDE'"_s));
+    EXPECT_FALSE(shop.printed()[1].texts.contains(u"KART"_s));
+}
+
 TEST_F(Till, AScanAfterTheCashTakesItBackAndTheChangeFollows)
 {
     scan({u"869002"_s});

@@ -34,12 +34,12 @@ StockLoader::StockLoader(Program &program, StockList &list, const PriceNumbers &
 
 void StockLoader::stkcinsibul(const QString &name)
 {
-    list(stock_queries::byName(name));
+    list(host_queries::cardsByName(name));
 }
 
 void StockLoader::stkkodbul(const QString &code)
 {
-    list(stock_queries::byCode(code));
+    list(host_queries::cardsByCode(code));
 }
 
 void StockLoader::listele()

@@ -13,16 +13,6 @@ QString all()
     return host_queries::allOf(u"STKKART");
 }
 
-QString byName(const QString &text)
-{
-    return u"select * from STKKART where STKCINSI LIKE '%"_s + text + u"%'"_s;
-}
-
-QString byCode(const QString &text)
-{
-    return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
-}
-
 QString changed(const QString &fromDate, const QString &toDate, const QString &fromTime,
                 const QString &toTime)
 {

@@ -7,8 +7,6 @@
 namespace stock_queries {
 
 QString all();
-QString byName(const QString &text);
-QString byCode(const QString &text);
 
 /// The stocks whose card was changed on one of these days ("dd.MM.yyyy", both included) between two
 /// times of the day (texts, both included).

@@ -1,5 +1,7 @@
 #include "labels/print/ean.h"
 
+#include "common/ean_check_digit.h"
+
 #include <algorithm>
 #include <array>
 
@@ -122,10 +124,7 @@ QString checkDigit(QStringView digits)
     if (digits.size() > 13 || !isDigits(digits))
         return {};
     const QString base = digits.toString().rightJustified(12, u'0').left(12);
-    int sum = 0;
-    for (qsizetype i = 0; i < base.size(); ++i)
-        sum += digitAt(base, i) * (i % 2 == 0 ? 1 : 3);
-    return base + QString::number((10 - sum % 10) % 10);
+    return base + QString::number(eanCheckDigit(base));
 }
 
 QString completed(Symbology symbology, QStringView data)

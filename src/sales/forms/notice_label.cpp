@@ -1,5 +1,7 @@
 #include "sales/forms/notice_label.h"
 
+#include <algorithm>
+
 namespace {
 
 const QColor kFaultColour(0xB0, 0x10, 0x10);
@@ -9,6 +11,8 @@ const QColor kUsualColour(0x0B, 0x6E, 0x6E);
 constexpr qsizetype kMostCharacters = 160; // not a whole code of 500 characters
 constexpr double kLargePoints = 17;
 constexpr double kSmallPoints = 12;
+constexpr double kUsualWidth = 1366; ///< pixels of the window; larger screens are read from afar
+constexpr double kMostGrowth = 2.0;
 
 const QColor &colourOf(Notice kind)
 {
@@ -38,7 +42,8 @@ QFont NoticeLabel::fitting(const QString &text) const
 {
     const int room = contentsRect().width() - 2 * margin();
     QFont type = font();
-    type.setPointSizeF(kLargePoints);
+    type.setPointSizeF(kLargePoints *
+                       std::clamp(window()->width() / kUsualWidth, 1.0, kMostGrowth));
     while (type.pointSizeF() > kSmallPoints && QFontMetrics(type).horizontalAdvance(text) > room)
         type.setPointSizeF(type.pointSizeF() - 1.0);
     return type;

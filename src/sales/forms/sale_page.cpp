@@ -5,20 +5,21 @@
 #include "sales/till_session.h"
 #include "ui_sale_page.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Type sizes of the totals panel in points: figures, cash box, large figures.
-struct PanelSizes
-{
-    double figure;
-    double cash;
-    double large;
-};
-constexpr PanelSizes kTall = {17, 24, 36};
-constexpr PanelSizes kLow = {13, 17, 26};
-constexpr int kTallPanel = 440; ///< pixels; a lower panel takes the smaller sizes
+// Type of the totals panel in points, on a page of the usual size; it grows and shrinks with the
+// page, so that the total is read from two metres on every screen.
+constexpr double kFigurePoints = 17;
+constexpr double kCashPoints = 24;
+constexpr double kLargePoints = 36;
+constexpr QSizeF kUsualPage(1350, 580);
+constexpr double kLeastGrowth = 0.72;
+constexpr double kMostGrowth = 2.2;
+constexpr int kPanelWidth = 420; ///< pixels, at the usual size
 
 void setPoints(QWidget &widget, double points)
 {
@@ -54,6 +55,16 @@ SalePage::SalePage(TillSession &session, int number, QWidget *parent)
     });
     connect(m_ui->nkit, &QLineEdit::textEdited, this,
             [this](const QString &text) { m_session.setCash(m_number, text); });
+    const auto onClick = [this](QPushButton *button, auto &&action) {
+        connect(button, &QPushButton::clicked, this, [this, action] {
+            action();
+            Q_EMIT clicked();
+        });
+    };
+    onClick(m_ui->exact, [this] { m_session.payExactly(); });
+    onClick(m_ui->card, [this] { m_session.togglePayment(); });
+    for (QPushButton *note : {m_ui->note50, m_ui->note100, m_ui->note200})
+        onClick(note, [this, lira = note->text().toInt()] { m_session.addBanknote(lira); });
     connect(m_ui->l, &QTableView::clicked, this, [this](const QModelIndex &index) {
         m_session.selectRow(m_number, index.row());
         Q_EMIT clicked();
@@ -111,12 +122,14 @@ void SalePage::setColumnWidths(const QList<int> &widths)
 void SalePage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    const PanelSizes &sizes = height() < kTallPanel ? kLow : kTall;
+    const double room = std::min(width() / kUsualPage.width(), height() / kUsualPage.height());
+    const double growth = std::clamp(room, kLeastGrowth, kMostGrowth);
+    m_ui->totalsFrame->setMaximumWidth(qRound(kPanelWidth * std::max(growth, 1.0)));
     for (QLabel *figure : {m_ui->sttop, m_ui->indtop, m_ui->kdvtop})
-        setPoints(*figure, sizes.figure);
-    setPoints(*m_ui->nkit, sizes.cash);
-    setPoints(*m_ui->gentop, sizes.large);
-    setPoints(*m_ui->prust, sizes.large);
+        setPoints(*figure, kFigurePoints * growth);
+    setPoints(*m_ui->nkit, kCashPoints * growth);
+    setPoints(*m_ui->gentop, kLargePoints * growth);
+    setPoints(*m_ui->prust, kLargePoints * growth);
 }
 
 void SalePage::showTotals()
@@ -134,6 +147,9 @@ void SalePage::showCash()
     if (m_ui->nkit->text() != cash)
         m_ui->nkit->setText(cash);
     m_ui->prust->setText(m_session.change(m_number));
+    const bool card = m_session.payment(m_number) == Payment::card;
+    m_ui->card->setChecked(card);
+    m_ui->cashLabel->setText(card ? u"KART İLE"_s : u"NAKİT  (F6)"_s);
     // The customer's change stands until the next one is served, with the total it belongs to.
     const QString &posted = m_session.postedTotal(m_number);
     m_ui->changeLabel->setText(posted.isEmpty() ? u"PARA ÜSTÜ"_s

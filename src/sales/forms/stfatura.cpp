@@ -13,6 +13,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Lira; Ctrl+1 to Ctrl+6.
+constexpr std::array<int, 6> kBanknotes = {5, 10, 20, 50, 100, 200};
+
+} // namespace
+
 stfatura::stfatura(TillSession &session, QWidget *parent)
     : QMainWindow(parent), m_session(session), m_ui(std::make_unique<Ui::stfatura>())
 {
@@ -69,6 +76,7 @@ void stfatura::connectButtons()
     act(m_ui->button4, [this] { m_session.toggleEntryMode(); });
     connect(m_ui->button5, &QPushButton::clicked, this, &stfatura::focusCash);
     act(m_ui->button6, [this] { chooseCashier(m_session, this); });
+    act(m_ui->button9, [this] { findItem(m_session, this); });
     act(m_ui->button7, [this] { m_session.reprint(); });
     act(m_ui->button8, [this] { m_session.sil(); });
     connect(m_ui->closeButton, &QToolButton::clicked, this, &QWidget::close);
@@ -147,6 +155,27 @@ bool stfatura::formKey(const QKeyEvent &event)
         break;
     case Qt::Key_F10:
         chooseCashier(m_session, this);
+        break;
+    case Qt::Key_F11:
+        findItem(m_session, this);
+        break;
+    case Qt::Key_Insert:
+        m_session.payExactly();
+        break;
+    case Qt::Key_K:
+        if (event.modifiers() != Qt::ControlModifier)
+            return false;
+        m_session.togglePayment();
+        break;
+    case Qt::Key_1:
+    case Qt::Key_2:
+    case Qt::Key_3:
+    case Qt::Key_4:
+    case Qt::Key_5:
+    case Qt::Key_6:
+        if (event.modifiers() != Qt::ControlModifier)
+            return false;
+        m_session.addBanknote(kBanknotes.at(static_cast<std::size_t>(event.key() - Qt::Key_1)));
         break;
     case Qt::Key_F12:
         m_session.reprint();

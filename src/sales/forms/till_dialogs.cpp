@@ -1,6 +1,7 @@
 #include "sales/forms/till_dialogs.h"
 
 #include "sales/forms/PER.h"
+#include "sales/forms/item_finder_form.h"
 #include "sales/forms/miktr.h"
 #include "sales/forms/posting_report_box.h"
 #include "sales/forms/scan_keeper.h"
@@ -91,6 +92,16 @@ void chooseCashier(TillSession &session, QWidget *till)
     QObject::connect(choice.get(), &CashierChoice::chosen, &session, &TillSession::setCashier);
     PER dialog(*choice, till);
     dialog.exec();
+}
+
+void findItem(TillSession &session, QWidget *till)
+{
+    const auto finder = session.itemFinder();
+    ItemFinderForm dialog(
+        *finder, [&](const QString &text) { session.findItems(*finder, text); }, till);
+    dialog.exec();
+    if (!dialog.taken().isEmpty())
+        session.enterStock(dialog.taken());
 }
 
 void showReport(TillSession &session, const PostingReport &report, QWidget *till)

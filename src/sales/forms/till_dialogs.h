@@ -20,6 +20,9 @@ void askQuantity(TillSession &session, bool adding, QWidget *till);
 /// Asks who stands at the till.
 void chooseCashier(TillSession &session, QWidget *till);
 
+/// Finds an item by its name and brings it into the active list, or only tells its price.
+void findItem(TillSession &session, QWidget *till);
+
 /// Shows what a posting left missing.
 void showReport(TillSession &session, const PostingReport &report, QWidget *till);
 
