@@ -4,6 +4,7 @@
 
 #include "big_shop.h"
 #include "labels/desk/label_desk.h"
+#include "pairs.h"
 #include "recorded_host.h"
 
 #include <QElapsedTimer>
@@ -68,8 +69,7 @@ void generateAndSave(benchmark::State &state)
     LabelDesk desk(shop.machine.program);
     desk.loadPriceNumbers();
     const QString base = QString::number(kLastTakenBase - kTaken);
-    qint64 total = 0;
-    qint64 floor = 0;
+    Pairs pairs;
     for (auto _ : state) {
         gather(desk);
         shop.host->statements.clear();
@@ -78,23 +78,22 @@ void generateAndSave(benchmark::State &state)
         timer.start();
         desk.numbers().generate(base);
         desk.numbers().brgnc();
-        const qint64 took = timer.nsecsElapsed();
-        total += took;
-        state.SetIterationTime(static_cast<double>(took) * 1e-9);
+        const double took = static_cast<double>(timer.nsecsElapsed()) * 1e-9;
+        state.SetIterationTime(took);
         shop.host->recording = false;
         removeNumbers(*shop.host);
 
         timer.start();
         for (const QString &statement : std::as_const(shop.host->statements))
             shop.host->execute(statement);
-        floor += timer.nsecsElapsed();
+        pairs.add(took, static_cast<double>(timer.nsecsElapsed()) * 1e-9);
         removeNumbers(*shop.host);
         if (desk.numbers().isOn() || shop.host->statements.size() != kTaken + 2 * kNumbers) {
             state.SkipWithError("not all numbers were given and saved");
             break;
         }
     }
-    state.counters["ratio"] = static_cast<double>(total) / static_cast<double>(floor);
+    pairs.report(state);
     state.counters["statements"] = static_cast<double>(shop.host->statements.size());
 }
 
