@@ -13,7 +13,9 @@
 namespace {
 
 /// How many statements travel together: as many as are answered in the time between two looks at
-/// the user's keys, whatever the server and the way to it are like.
+/// the user's keys, whatever the server and the way to it are like. Batches grow quickly; where the
+/// way is long they stay large enough to be worth it, and only where the answers themselves are
+/// slow each statement goes alone, with all the time a statement has.
 class BatchSize
 {
 public:
@@ -22,18 +24,21 @@ public:
     void learn(qint64 milliseconds)
     {
         if (milliseconds < kShort)
-            m_size = std::min(m_size * 2, kMost);
+            m_size = std::min(m_size * 4, kMost);
+        else if (milliseconds > kVeryLong)
+            m_size = std::max(m_size / 8, 1);
         else if (milliseconds > kLong)
-            m_size = std::max(m_size / 2, kFewest);
+            m_size = std::max(m_size / 2, std::min(m_size, kFewest));
     }
 
 private:
     static constexpr int kFewest = 8;
-    static constexpr int kMost = 512;
-    static constexpr qint64 kShort = 25; // milliseconds
+    static constexpr int kMost = 128;    // larger ones are no faster per statement
+    static constexpr qint64 kShort = 15; // milliseconds
     static constexpr qint64 kLong = 100;
+    static constexpr qint64 kVeryLong = 1000;
 
-    int m_size = 16;
+    int m_size = kFewest;
 };
 
 } // namespace

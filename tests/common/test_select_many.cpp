@@ -41,8 +41,8 @@ TEST(SelectMany, NobodyCanTellThatTheyTravelledTogether)
         int taken;
         int trips; ///< at most
     } cases[] = {
-        {1000, {}, -1, 1000, 8}, {1, {}, -1, 1, 1},          {0, {}, -1, 0, 0},
-        {1000, {}, 20, 21, 2},   {1000, u"20"_s, -1, 20, 2},
+        {1000, {}, -1, 1000, 10}, {1, {}, -1, 1, 1},          {0, {}, -1, 0, 0},
+        {1000, {}, 20, 21, 2},    {1000, u"20"_s, -1, 20, 2},
     };
     for (const auto &c : cases) {
         FakeMachine machine;

@@ -133,16 +133,28 @@ TEST_P(Engines, ManySelectsAreAnsweredEachByItself)
     EXPECT_EQ(answers[5].rowCount(), 2);
     EXPECT_EQ(answers[39].text(u"STKCINSI"), u"Ürün 39"_s);
 
-    // A value with a quote in it spoils its own statement, those before it are answered.
-    statements[20] = u"select * from STKKART where STKKOD='O'nun'"_s;
-    answers.clear();
-    EXPECT_THROW(host->executeAll(statements, answers), HostError);
-    ASSERT_EQ(answers.size(), 20U);
-    EXPECT_EQ(answers[19].text(u"STKKOD"), u"S19"_s);
-    statements[20] = u"select YOK from STKKART"_s;
-    answers.clear();
-    EXPECT_THROW(host->executeAll(statements, answers), HostError);
-    EXPECT_EQ(answers.size(), 20U);
+    // What spoils one of them is told as if it had gone alone; those before it are answered.
+    QStringList spoilt = {u"select * from STKKART where STKKOD='O'nun'"_s, // as a user types it
+                          u"select YOK from STKKART"_s};
+    if (GetParam() == Road::server) // finds it only among the rows
+        spoilt += u"select 1/(STKSIRA-7) from STKKART"_s;
+    const auto failure = [](const auto &call) {
+        try {
+            call();
+        } catch (const HostError &error) {
+            return error.text();
+        }
+        return QString();
+    };
+    for (const QString &statement : spoilt) {
+        statements[20] = statement;
+        answers.clear();
+        const QString alone = failure([&] { host->execute(statement); });
+        EXPECT_FALSE(alone.isEmpty());
+        EXPECT_EQ(failure([&] { host->executeAll(statements, answers); }), alone);
+        ASSERT_EQ(answers.size(), 20U);
+        EXPECT_EQ(answers[19].text(u"STKKOD"), u"S19"_s);
+    }
     EXPECT_EQ(host->execute(statements[39]).rowCount(), 1);
 }
 

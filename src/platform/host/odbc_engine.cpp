@@ -80,13 +80,13 @@ void OdbcEngine::executeAll(const QStringList &statements, std::vector<RecordSet
         });
     } catch (const HostError &error) {
         std::move(results->begin(), results->end(), std::back_inserter(answers));
-        // Whoever has waited for a silent server shall not wait for it again.
-        if (error.connectionLost())
+        if (state() != 1)
             throw;
-        // Alone, the failing statement says what is wrong with it; or it was the batch that was.
+        // Alone, the failing statement says what is wrong with it; or it was the batch that was,
+        // and each statement in it is answered in its own time.
         HostConnection::executeAll(statements.mid(static_cast<qsizetype>(results->size())),
                                    answers);
-        m_takesBatches = !results->empty();
+        m_takesBatches = !results->empty() || error.connectionLost();
         return;
     }
     if (!answered)
