@@ -18,6 +18,7 @@ mesaj::mesaj(const Message &message, QWidget *parent)
     if (!message.caption.isEmpty())
         setWindowTitle(message.caption);
     m_ui->Label1->setText(message.text);
+    makeRoomForText();
 
     const auto picture = [this](QLabel *label, QStyle::StandardPixmap which, bool visible) {
         const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
@@ -39,6 +40,16 @@ mesaj::mesaj(const Message &message, QWidget *parent)
 }
 
 mesaj::~mesaj() = default;
+
+/// A label that breaks its lines asks for the height of a wider one; nothing may be cut off.
+void mesaj::makeRoomForText()
+{
+    QLabel *label = m_ui->Label1;
+    constexpr int tall = 10'000; // pixels
+    const QRect text = label->fontMetrics().boundingRect(QRect(0, 0, label->maximumWidth(), tall),
+                                                         Qt::TextWordWrap, label->text());
+    label->setMinimumSize(text.size() + QSize(2, 2));
+}
 
 Answer mesaj::ask()
 {

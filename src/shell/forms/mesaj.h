@@ -24,6 +24,7 @@ public:
 
 private:
     void finish(Answer answer);
+    void makeRoomForText();
 
     std::unique_ptr<Ui::mesaj> m_ui;
     Answer m_answer = Answer::closed; ///< stays so when no button closed the box
