@@ -55,7 +55,7 @@ SaleLine lineOf(const RecordSet &card, const QString &code)
     return line;
 }
 
-ItemLookup::ItemLookup(CompanyDatabase &company, TillSounds &sounds, const VatTable &vat,
+ItemLookup::ItemLookup(CompanyDatabase &company, ScanSounds &sounds, const VatTable &vat,
                        const Settings &settings)
     : m_company(company), m_sounds(sounds), m_vat(vat), m_settings(settings)
 {}

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "common/record_set.h"
+#include "common/scan_sounds.h"
 #include "common/settings.h"
 #include "common/vat_table.h"
 #include "sales/sale_list.h"
 #include "sales/scale_label.h"
-#include "sales/till_sounds.h"
 
 class CompanyDatabase;
 
@@ -33,7 +33,7 @@ SaleLine lineOf(const RecordSet &card, const QString &code);
 class ItemLookup
 {
 public:
-    ItemLookup(CompanyDatabase &company, TillSounds &sounds, const VatTable &vat,
+    ItemLookup(CompanyDatabase &company, ScanSounds &sounds, const VatTable &vat,
                const Settings &settings);
 
     /// How the shop's weighing scales build their numbers.
@@ -61,7 +61,7 @@ private:
     QString vatRate(const QString &vatClass) const;
 
     CompanyDatabase &m_company;
-    TillSounds &m_sounds;
+    ScanSounds &m_sounds;
     const VatTable &m_vat;
     const Settings &m_settings;
     std::vector<ScaleRule> m_scales;

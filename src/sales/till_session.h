@@ -176,7 +176,7 @@ private:
     Program &m_program;
     Settings m_settings;
     ReceiptLayout m_layout;
-    TillSounds m_sounds;
+    ScanSounds m_sounds;
     ItemLookup m_lookup;
     std::array<TillList, kSaleLists> m_lists;
     int m_active = 0;

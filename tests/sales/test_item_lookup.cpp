@@ -25,7 +25,7 @@ struct Lookup : testing::Test
 
     TillShop shop;
     Settings settings = oku(shop.program.files());
-    TillSounds sounds{shop.program.sounds, shop.program.directory(), settings};
+    ScanSounds sounds{shop.program.sounds, shop.program.directory(), settings};
     ItemLookup lookup{shop.program, sounds, shop.program.kdvtab, settings};
     SaleList list;
 };

@@ -286,17 +286,16 @@ void LabelDesk::openQueue(const QString &name)
 {
     if (refuseWhileBusy() || refuseWhileNumbering())
         return;
-    const std::vector<QueueRow> rows = m_store.rows(name);
-    if (rows.empty()) {
+    const queue_file::Content kept = m_store.read(name);
+    if (kept.rows.empty()) {
         m_program.caution(u"Bu adda okunabilen bir kuyruk yok: %1"_s.arg(name));
         return;
     }
     takeOut(m_queue.everyPlace());
-    m_queue.append(rows);
+    m_queue.setRows(kept.rows, kept.added);
     if (m_numbers.unsaved() > 0)
         m_numbers.resume();
-    Q_EMIT statusChanged(
-        u"%1: %2 satır."_s.arg(name, amount::whole(static_cast<qint64>(rows.size()))));
+    Q_EMIT statusChanged(u"%1: %2 satır."_s.arg(name, amount::whole(m_queue.size())));
 }
 
 bool LabelDesk::saveQueue(const QString &name)

@@ -190,10 +190,9 @@ void PrintQueue::setPrice(int row, const QString &text, qint64 moment)
     Q_EMIT changed();
 }
 
-void PrintQueue::setRows(const std::vector<QueueRow> &rows)
+void PrintQueue::setRows(const std::vector<QueueRow> &rows, const std::vector<int> &added)
 {
-    RowTable::clear();
-    RowTable::append(rows);
+    replaceRows(rows, added);
     sirala(0);
 }
 

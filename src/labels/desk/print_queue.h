@@ -88,8 +88,8 @@ public:
     /// Gives a row (0 to size() − 1) its number and state.
     void setNumber(int row, const QString &barcode, QueueState state);
 
-    /// Replaces all rows.
-    void setRows(const std::vector<QueueRow> &rows);
+    /// Replaces all rows; `added`: see placesAdded().
+    void setRows(const std::vector<QueueRow> &rows, const std::vector<int> &added);
 
     /// Rows with a new number, and those that were printed, are told apart by colour and hint.
     /// Qt::UserRole: the row's tag.

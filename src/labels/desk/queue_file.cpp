@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -15,11 +16,21 @@ namespace {
 
 const QString kMomentFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
+/// Fields without which there is no row; the place among the rows as added may be missing.
+constexpr qsizetype kNeeded = 9;
+
 const QStringList &captions()
 {
-    static const QStringList all = {u"Barkod"_s, u"Stok Kodu"_s, u"Stok Adı"_s,
-                                    u"Birim"_s,  u"Fiyat"_s,     u"Adet"_s,
-                                    u"İm"_s,     u"Basıldı"_s,   u"Fiyatın okunduğu an"_s};
+    static const QStringList all = {u"Barkod"_s,
+                                    u"Stok Kodu"_s,
+                                    u"Stok Adı"_s,
+                                    u"Birim"_s,
+                                    u"Fiyat"_s,
+                                    u"Adet"_s,
+                                    u"İm"_s,
+                                    u"Basıldı"_s,
+                                    u"Fiyatın okunduğu an"_s,
+                                    u"Eklenme sırası"_s};
     return all;
 }
 
@@ -31,7 +42,7 @@ QString moment(qint64 since1970)
 
 std::optional<QueueRow> readRow(const QStringList &fields)
 {
-    if (fields.size() < captions().size())
+    if (fields.size() < kNeeded)
         return std::nullopt;
     QueueRow row;
     row.barcode = fields.at(0);
@@ -49,31 +60,46 @@ std::optional<QueueRow> readRow(const QStringList &fields)
     return row;
 }
 
+/// Places among all as added; nothing when they are none or the rows stand that way.
+std::vector<int> placesAdded(const std::vector<int> &numbers)
+{
+    std::vector<int> sorted = numbers;
+    std::sort(sorted.begin(), sorted.end());
+    const bool areAllOthers = std::adjacent_find(sorted.begin(), sorted.end()) == sorted.end();
+    return areAllOthers && sorted != numbers ? numbers : std::vector<int>();
+}
+
 } // namespace
 
-QByteArray write(const std::vector<QueueRow> &rows)
+QByteArray write(const std::vector<QueueRow> &rows, const std::vector<int> &added)
 {
     QString text = csv::line(captions());
-    for (const QueueRow &row : rows)
-        text += csv::line({row.barcode, row.code, row.name, row.unitName, row.price,
-                           QString::number(row.count), row.tag(),
-                           row.printed ? u"evet"_s : QString(), moment(row.priceRead)});
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const QueueRow &row = rows[i];
+        const auto place = added.empty() ? static_cast<int>(i) : added[i];
+        text +=
+            csv::line({row.barcode, row.code, row.name, row.unitName, row.price,
+                       QString::number(row.count), row.tag(), row.printed ? u"evet"_s : QString(),
+                       moment(row.priceRead), QString::number(place + 1)});
+    }
     return "\xEF\xBB\xBF" + text.toUtf8(); // else spreadsheets take it for another code page
 }
 
-std::vector<QueueRow> read(const QByteArray &bytes, int &damaged)
+Content read(const QByteArray &bytes)
 {
-    std::vector<QueueRow> rows;
-    damaged = 0;
+    Content content;
     for (const csv::Line &line : csv::read(csv::decode(bytes))) {
-        if (line.fields == captions())
+        if (line.fields.first() == captions().first())
             continue;
-        if (const auto row = readRow(line.fields))
-            rows.push_back(*row);
-        else
-            ++damaged;
+        if (const auto row = readRow(line.fields)) {
+            content.rows.push_back(*row);
+            content.added.push_back(line.fields.value(kNeeded).toInt() - 1);
+        } else {
+            ++content.damaged;
+        }
     }
-    return rows;
+    content.added = placesAdded(content.added);
+    return content;
 }
 
 } // namespace queue_file

@@ -7,9 +7,18 @@
 /// A print queue as a file: a table that a spreadsheet opens too.
 namespace queue_file {
 
-QByteArray write(const std::vector<QueueRow> &rows);
+struct Content
+{
+    std::vector<QueueRow> rows;
+    std::vector<int> added; ///< see RowTable::placesAdded()
+    int damaged = 0;        ///< lines that cannot be read
 
-/// The rows of a file, as far as they can be read. `damaged` counts those that cannot.
-std::vector<QueueRow> read(const QByteArray &bytes, int &damaged);
+    friend bool operator==(const Content &, const Content &) = default;
+};
+
+QByteArray write(const std::vector<QueueRow> &rows, const std::vector<int> &added);
+
+/// The rows of a file, as far as they can be read.
+Content read(const QByteArray &bytes);
 
 } // namespace queue_file

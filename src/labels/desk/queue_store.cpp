@@ -3,7 +3,6 @@
 #include "common/amount.h"
 #include "common/program.h"
 #include "common/whole_file.h"
-#include "labels/desk/queue_file.h"
 #include "labels/desk/row_order.h"
 
 #include <QDir>
@@ -54,36 +53,45 @@ QueueStore::~QueueStore()
 
 void QueueStore::start()
 {
-    m_queue.setRows(readFile(m_program.path(kOpenQueue)));
+    const queue_file::Content kept = readFile(m_program.path(kOpenQueue));
+    m_queue.setRows(kept.rows, kept.added);
     connect(&m_queue, &PrintQueue::changed, &m_soon, qOverload<>(&QTimer::start));
 }
 
 void QueueStore::write()
 {
-    const bool written =
-        writeWholeFile(m_program.path(kOpenQueue), queue_file::write(m_queue.rows()));
+    const bool written = writeTo(m_program.path(kOpenQueue));
     if (!written && !m_failed)
         Q_EMIT statusChanged(
             u"Kuyruk diske yazılamıyor: program kapanırsa kaybolur (disk dolu ya da yazma izni yok)."_s);
     m_failed = !written;
 }
 
-std::vector<QueueRow> QueueStore::readFile(const QString &path)
+bool QueueStore::writeTo(const QString &path) const
+{
+    return writeWholeFile(path, queue_file::write(m_queue.rows(), m_queue.placesAdded()));
+}
+
+queue_file::Content QueueStore::readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    int damaged = 0;
-    std::vector<QueueRow> rows = queue_file::read(file.readAll(), damaged);
-    if (damaged > 0)
-        Q_EMIT statusChanged(
-            u"%1: %2 satır okunamadı."_s.arg(QFileInfo(path).fileName(), amount::whole(damaged)));
-    return rows;
+    queue_file::Content content = queue_file::read(file.readAll());
+    if (content.damaged > 0)
+        Q_EMIT statusChanged(u"%1: %2 satır okunamadı."_s.arg(QFileInfo(path).fileName(),
+                                                              amount::whole(content.damaged)));
+    return content;
 }
 
+/// A name is the same in small letters, whatever the file system thinks of it.
 QString QueueStore::path(const QString &name) const
 {
-    return m_program.path(kFolder) + u'/' + name + kEnding;
+    const QStringList kept = names();
+    const auto same = std::find_if(kept.cbegin(), kept.cend(), [&](const QString &one) {
+        return one.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return m_program.path(kFolder) + u'/' + (same == kept.cend() ? name : *same) + kEnding;
 }
 
 QStringList QueueStore::names() const
@@ -103,11 +111,6 @@ bool QueueStore::exists(const QString &name) const
     return names().contains(name, Qt::CaseInsensitive);
 }
 
-std::vector<QueueRow> QueueStore::rows(const QString &name)
-{
-    return readFile(path(name));
-}
-
 bool QueueStore::save(const QString &name)
 {
     if (!isFileName(name)) {
@@ -118,7 +121,7 @@ bool QueueStore::save(const QString &name)
         return false;
     }
     QDir().mkpath(m_program.path(kFolder));
-    if (!writeWholeFile(path(name), queue_file::write(m_queue.rows()))) {
+    if (!writeTo(path(name))) {
         m_program.warn(u"Kuyruk kaydedilemedi:\n%1"_s.arg(path(name)));
         return false;
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "labels/desk/print_queue.h"
+#include "labels/desk/queue_file.h"
 
 #include <QObject>
 #include <QTimer>
@@ -27,8 +27,8 @@ public:
     /// Names of the kept queues, in the order of the alphabet.
     QStringList names() const;
     bool exists(const QString &name) const;
-    /// The rows kept under a name; what cannot be read of them is told.
-    std::vector<QueueRow> rows(const QString &name);
+    /// What is kept under a name; what cannot be read of it is told.
+    queue_file::Content read(const QString &name) { return readFile(path(name)); }
     /// Keeps the queue under a name. False, and told, when it could not.
     bool save(const QString &name);
     void remove(const QString &name);
@@ -39,7 +39,8 @@ Q_SIGNALS:
 private:
     void write();
     QString path(const QString &name) const;
-    std::vector<QueueRow> readFile(const QString &path);
+    bool writeTo(const QString &path) const;
+    queue_file::Content readFile(const QString &path);
 
     Program &m_program;
     PrintQueue &m_queue;

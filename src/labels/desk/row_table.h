@@ -23,14 +23,10 @@ public:
     const Row &at(int row) const { return m_rows.at(static_cast<std::size_t>(row)); }
     const std::vector<Row> &rows() const { return m_rows; }
 
-    virtual void clear()
-    {
-        beginResetModel();
-        m_rows.clear();
-        m_added.clear();
-        endResetModel();
-        showSort(-1);
-    }
+    /// Of each row its place among all as they were added; empty while they stand that way.
+    const std::vector<int> &placesAdded() const { return m_added; }
+
+    virtual void clear() { replaceRows({}, {}); }
 
     virtual void append(const std::vector<Row> &rows)
     {
@@ -187,6 +183,16 @@ protected:
         endResetModel();
     }
 
+    /// Replaces all rows; `added`: what placesAdded() gave for them.
+    void replaceRows(const std::vector<Row> &rows, const std::vector<int> &added)
+    {
+        beginResetModel();
+        m_rows = rows;
+        m_added = added;
+        endResetModel();
+        showSort(-1);
+    }
+
     std::vector<Row> m_rows;
 
 private:
@@ -257,7 +263,7 @@ private:
     }
 
     std::vector<Column> m_columns;
-    std::vector<int> m_added; ///< of a sorted list: each row's place among all as they were added
+    std::vector<int> m_added; ///< see placesAdded()
     int m_sorted = -1;        ///< column the list is sorted by
     Qt::SortOrder m_order = Qt::AscendingOrder;
 };

@@ -5,6 +5,7 @@
 #include "common/host_queries.h"
 #include "common/program.h"
 #include "common/select_many.h"
+#include "common/settings_database.h"
 
 #include <algorithm>
 
@@ -14,9 +15,6 @@ namespace {
 
 constexpr qsizetype kCountDigits = 3;
 constexpr int kMostLabels = 999'999;
-
-constexpr QStringView kTakenSound = u"sndon.sun";
-constexpr QStringView kRefusedSound = u"sndoff.sun";
 
 bool isCount(const QString &text)
 {
@@ -28,7 +26,8 @@ bool isCount(const QString &text)
 
 ShelfScan::ShelfScan(Program &program, PrintQueue &queue, const PriceNumbers &prices,
                      QObject *parent)
-    : QObject(parent), m_program(program), m_queue(queue), m_prices(prices)
+    : QObject(parent), m_program(program), m_queue(queue), m_prices(prices),
+      m_sounds(program.sounds, program.directory(), m_settings)
 {}
 
 const QueueRow *ShelfScan::last() const
@@ -40,6 +39,7 @@ void ShelfScan::begin()
 {
     m_last = -1;
     m_scans = 0;
+    m_settings = settings::read(m_program.files(), {u"ses"});
 }
 
 void ShelfScan::enter(const QString &text)
@@ -60,17 +60,20 @@ void ShelfScan::setCount(int labels)
         return;
     }
     if (labels == 0) {
-        const int row = std::exchange(m_last, -1);
-        Q_EMIT removalWanted(row);
+        m_sounds.calseson();
+        Q_EMIT removalWanted(std::exchange(m_last, -1));
         return;
     }
     m_queue.setCounts({m_last}, labels);
-    m_program.sounds.play(m_program.path(kTakenSound));
+    m_sounds.calseson();
     Q_EMIT taken(m_last);
 }
 
+/// A code that is refused leaves no last row: the number typed behind it is not meant for the one
+/// before.
 void ShelfScan::scan(const QString &barcode)
 {
+    m_last = -1;
     try {
         const auto row = find(barcode);
         if (!row) {
@@ -89,7 +92,7 @@ void ShelfScan::scan(const QString &barcode)
         return;
     }
     ++m_scans;
-    m_program.sounds.play(m_program.path(kTakenSound));
+    m_sounds.calseson();
     Q_EMIT taken(m_last);
 }
 
@@ -138,6 +141,6 @@ int ShelfScan::placeOf(const QueueRow &row) const
 
 void ShelfScan::refuse(const QString &reason)
 {
-    m_program.sounds.play(m_program.path(kRefusedSound));
+    m_sounds.calsesoff();
     Q_EMIT refused(reason);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/scan_sounds.h"
+#include "common/settings.h"
 #include "labels/desk/label_prices.h"
 #include "labels/desk/print_queue.h"
 
@@ -52,4 +54,6 @@ private:
     const PriceNumbers &m_prices;
     int m_last = -1; ///< row of the queue
     int m_scans = 0;
+    Settings m_settings; ///< as they were when the walk began
+    ScanSounds m_sounds;
 };

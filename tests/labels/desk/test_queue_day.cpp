@@ -125,6 +125,7 @@ TEST(ShelfScan, EveryScanCountsAndANumberSetsTheCount)
     LabelShop shop;
     ShelfScan &scan = shop.desk.scan();
     const QSignalSpy refused(&scan, &ShelfScan::refused);
+    shop.machine.db.setRow(u"ses"_s, {{u"bulses"_s, u"1"_s}, {u"bulmases"_s, u"1"_s}});
     scan.begin();
     scan.enter(u"5"_s); // nothing was scanned yet
     EXPECT_EQ(refused.count(), 1);
@@ -148,12 +149,20 @@ TEST(ShelfScan, EveryScanCountsAndANumberSetsTheCount)
     scan.enter(u"8690000"_s);
     EXPECT_EQ(refused.last().first().toString(), u"Bulunamadı: 8690000"_s);
     EXPECT_EQ(shop.machine.sounds.played.last(), u"/shop/sndoff.sun"_s);
-    scan.enter(u"3"_s); // still the one scanned last
-    EXPECT_EQ(shop.desk.queue().at(0).count, 3);
+    scan.enter(u"3"_s); // not meant for the one before
+    EXPECT_EQ(refused.count(), 4);
+    scan.enter(u"8690111"_s);
+    EXPECT_EQ(shop.desk.queue().at(0).count, 41);
     EXPECT_EQ(shop.machine.sounds.played.last(), u"/shop/sndon.sun"_s);
     scan.enter(u"0"_s);
     EXPECT_EQ(shop.desk.queue().size(), 1);
     EXPECT_TRUE(shop.desk.canUndo());
+    shop.machine.db.setRow(u"ses"_s, {{u"bulses"_s, u"0"_s}, {u"bulmases"_s, u"0"_s}});
+    scan.begin(); // the settings switch the sounds of the till and these
+    const auto heard = shop.machine.sounds.played.size();
+    scan.enter(u"8690000"_s);
+    scan.enter(u"8690221"_s);
+    EXPECT_EQ(shop.machine.sounds.played.size(), heard);
 
     // What was printed is done with; a server that is away costs one scan and no more.
     shop.desk.queue().markPrinted({0});
@@ -162,7 +171,7 @@ TEST(ShelfScan, EveryScanCountsAndANumberSetsTheCount)
     shop.host.open = false;
     scan.enter(u"8690221"_s);
     EXPECT_TRUE(refused.last().first().toString().startsWith(u"8690221 okunamadı"_s));
-    EXPECT_EQ(shop.desk.queue().total(), 2);
+    EXPECT_EQ(shop.desk.queue().total(), 3);
     EXPECT_TRUE(shop.machine.prompt.shown.empty());
 }
 
@@ -172,18 +181,18 @@ TEST(QueueFile, KeepsEveryMemberAndSurvivesDamage)
                                   row(u"Un"_s, QueueState::fresh)};
     rows[1].printed = true;
     rows[1].priceRead = QDateTime(QDate(2026, 3, 7), QTime(14, 5)).toMSecsSinceEpoch();
-    const QByteArray bytes = queue_file::write(rows);
-    int damaged = -1;
-    std::vector<QueueRow> read = queue_file::read(bytes, damaged);
-    for (QueueRow &one : read)
+    const QByteArray bytes = queue_file::write(rows, {1, 0});
+    queue_file::Content read = queue_file::read(bytes);
+    for (QueueRow &one : read.rows)
         one.number = 1;
-    EXPECT_EQ(read, rows);
-    EXPECT_EQ(damaged, 0);
-    EXPECT_EQ(
-        queue_file::read(bytes + "a;b\nx;y;z;;;0;1<123>0;;\n;;;;;3;1<123>z;;\n", damaged).size(),
-        2U);
-    EXPECT_EQ(damaged, 3);
-    EXPECT_TRUE(queue_file::read({}, damaged).empty());
+    EXPECT_EQ(read, (queue_file::Content{rows, {1, 0}, 0}));
+    // Lines of another hand, and one without the place it was added at.
+    read = queue_file::read(bytes + "a;b\nx;y;z;;;0;1<123>0;;\n;;;;;3;1<123>z;;\n;;;;;3;1<123>0;;\n"
+                                    ";;;;;3;1<123>0;;;9\n;;;;;3;1<123>0;;;9\n");
+    EXPECT_EQ(read.rows.size(), 5U);
+    EXPECT_EQ(read.damaged, 3);
+    EXPECT_TRUE(read.added.empty());
+    EXPECT_TRUE(queue_file::read({}).rows.empty());
 }
 
 TEST(QueueStore, TheQueueOutlivesTheProgramAndOthersHaveNames)
@@ -197,18 +206,22 @@ TEST(QueueStore, TheQueueOutlivesTheProgramAndOthersHaveNames)
             EXPECT_FALSE(desk.saveQueue(bad)) << bad.toStdString();
         EXPECT_TRUE(desk.saveQueue(u"Pazartesi çarşı"_s));
         desk.queue().take({0});
+        desk.queue().append({row(u"Bal"_s)});
+        desk.sortQueue(PrintQueue::name);
     }
     LabelDesk desk(shop.machine.program);
     desk.keepQueue();
-    ASSERT_EQ(desk.queue().size(), 1);
-    EXPECT_EQ(desk.queue().at(0).name, u"Un"_s);
-    EXPECT_TRUE(desk.numbers().isOn()); // its number is still to be saved
+    ASSERT_EQ(desk.queue().size(), 2);
+    EXPECT_EQ(desk.queue().at(0).name, u"Bal"_s); // sorted as it was left,
+    desk.sortQueue(PrintQueue::number);
+    EXPECT_EQ(desk.queue().at(0).name, u"Un"_s); // and still known as it was added
+    EXPECT_TRUE(desk.numbers().isOn());          // its number is still to be saved
     desk.openQueue(u"Pazartesi çarşı"_s);
-    EXPECT_EQ(desk.queue().size(), 1);
+    EXPECT_EQ(desk.queue().at(1).name, u"Bal"_s);
     shop.machine.prompt.answers = {Answer::yes};
     desk.clearQueue();
     desk.openQueue(u"Pazartesi çarşı"_s);
-    EXPECT_EQ(desk.queue().size(), 2);
+    EXPECT_EQ(desk.queue().at(0).name, u"Süt"_s);
     EXPECT_EQ(desk.store().names(), QStringList(u"Pazartesi çarşı"_s));
     EXPECT_FALSE(desk.saveQueue(u"pazartesi çarşı"_s)); // there is one: answered with no
     shop.machine.prompt.answers = {Answer::yes};

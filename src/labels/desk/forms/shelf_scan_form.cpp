@@ -22,9 +22,9 @@ ShelfScanForm::ShelfScanForm(LabelDesk &desk, QWidget *parent)
     connect(m_ui->kapat, &QPushButton::clicked, this, &ShelfScanForm::reject);
     connect(&scan, &ShelfScan::taken, this, &ShelfScanForm::showTaken);
     connect(&scan, &ShelfScan::refused, this, &ShelfScanForm::showRefused);
-    connect(&scan, &ShelfScan::removalWanted, this, &ShelfScanForm::showTaken);
+    connect(&scan, &ShelfScan::removalWanted, this, &ShelfScanForm::showRemoved);
     connect(&m_desk.queue(), &PrintQueue::totalChanged, this, &ShelfScanForm::showTotals);
-    showTaken();
+    showLast();
     showTotals();
     m_ui->giris->setFocus();
 }
@@ -40,21 +40,37 @@ void ShelfScanForm::enter()
 
 void ShelfScanForm::showTaken()
 {
+    showLast();
+    if (const QueueRow *row = m_desk.scan().last())
+        remember(u"%1 × %2"_s.arg(amount::whole(row->count), row->name));
+}
+
+void ShelfScanForm::showRemoved()
+{
+    remember(u"Çıkarıldı: %1"_s.arg(m_ui->ad->text()));
+    showLast();
+}
+
+void ShelfScanForm::showRefused(const QString &reason)
+{
+    showLast();
+    m_ui->durum->setText(reason);
+}
+
+void ShelfScanForm::showLast()
+{
     const QueueRow *row = m_desk.scan().last();
     m_ui->ad->setText(row ? row->name : u"Barkod okutunuz"_s);
     m_ui->birim->setText(row ? u"%1 · %2"_s.arg(row->unitText(), row->barcode) : QString());
     m_ui->fiyat->setText(row ? row->price : QString());
     m_ui->adet->setText(row ? u"%1 etiket"_s.arg(amount::whole(row->count)) : QString());
     m_ui->durum->clear();
-    if (!row)
-        return;
-    m_ui->son->insertItem(0, u"%1 × %2"_s.arg(amount::whole(row->count), row->name));
-    delete m_ui->son->takeItem(kRemembered);
 }
 
-void ShelfScanForm::showRefused(const QString &reason)
+void ShelfScanForm::remember(const QString &entry)
 {
-    m_ui->durum->setText(reason);
+    m_ui->son->insertItem(0, entry);
+    delete m_ui->son->takeItem(kRemembered);
 }
 
 void ShelfScanForm::showTotals()

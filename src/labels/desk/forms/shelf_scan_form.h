@@ -24,6 +24,9 @@ public:
 private:
     void enter();
     void showTaken();
+    void showRemoved();
+    void showLast();
+    void remember(const QString &entry);
     void showRefused(const QString &reason);
     void showTotals();
 
