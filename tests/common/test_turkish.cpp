@@ -15,6 +15,7 @@ TEST(Turkish, CodesCompareAsTheHostComparesThem)
 {
     EXPECT_TRUE(turkish::sameCode(u"cikolata İ", u"CİKOLATA i  "));
     EXPECT_FALSE(turkish::sameCode(u"i", u"I"));
+    EXPECT_TRUE(turkish::sameCode(u"A", u"a  "));
     EXPECT_FALSE(turkish::sameCode(u"A", u" A"));
     EXPECT_FALSE(turkish::sameCode(u"A", u"AB"));
 }

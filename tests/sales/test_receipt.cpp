@@ -85,6 +85,7 @@ TEST(Receipt, DamagedOptionsGiveAPlainStyle)
     EXPECT_EQ(styleOf(u""), (ReceiptStyle{{}, {}, 9, false}));
     EXPECT_EQ(styleOf(u"a<>Arial<>8,5<>TRUE<>x"), (ReceiptStyle{u"a"_s, u"Arial"_s, 8.5, true}));
     EXPECT_EQ(styleOf(u"<>Arial<>9999<>evet"), (ReceiptStyle{{}, u"Arial"_s, 72, false}));
+    EXPECT_GE(styleOf(u"<>Arial<>0,1").points, 4.0); // legible
     const ReceiptStyle style{u"k"_s, u"Arial"_s, 10.5, true};
     EXPECT_EQ(styleOf(optionString(style)), style);
 }

@@ -226,6 +226,7 @@ TEST(LabelLayoutFile, NamesEndInAyr)
     EXPECT_EQ(layoutFileName(u"Raf.ayr"_s), u"Raf.ayr"_s);
     EXPECT_EQ(layoutFileName(u"Raf.AYR"_s), u"Raf.AYR.ayr"_s);
     EXPECT_EQ(layoutFileName(u".ayr"_s), u".ayr"_s);
+    EXPECT_EQ(layoutFileName(u"Raf.ayr eski"_s), u"Raf.ayr eski.ayr"_s);
 }
 
 TEST(LabelLayoutFile, TheDefaultLayoutIsNamedInAFileOfItsOwn)

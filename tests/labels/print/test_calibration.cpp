@@ -88,8 +88,10 @@ TEST(Calibration, IsKeptForEachPrinter)
     EXPECT_EQ(memory.calibration(u"Lazer"_s).x, one.x);
     EXPECT_NEAR(memory.calibration(u"Lazer"_s).scale, one.scale, 1e-12);
     EXPECT_TRUE(memory.calibration(u"Termal"_s).isNone());
-    memory.setCalibration(u"Bozuk"_s, {900, 0, 5}); // no printer is that far off
-    EXPECT_TRUE(memory.calibration(u"Bozuk"_s).isNone());
+    for (const Calibration &far : {Calibration{900, 0, 1}, {0, -900, 1}, {0, 0, 5}}) {
+        memory.setCalibration(u"Bozuk"_s, far); // no printer is that far off
+        EXPECT_TRUE(memory.calibration(u"Bozuk"_s).isNone());
+    }
 }
 
 TEST(PartUsedSheet, ARunBeginsAndEndsAtAnyPlace)
