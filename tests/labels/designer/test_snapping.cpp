@@ -1,9 +1,12 @@
 #include "labels/designer/designs.h"
 #include "labels/designer/geometry.h"
 #include "labels/designer/snapping.h"
+#include "support/cases.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,37 +20,22 @@ void expectRect(const QRectF &actual, const QRectF &expected)
     EXPECT_NEAR(actual.height(), expected.height(), 1e-9);
 }
 
+Handle handleOf(const QString &name)
+{
+    const QStringList names = {u"topLeft"_s,     u"top"_s,    u"topRight"_s,   u"right"_s,
+                               u"bottomRight"_s, u"bottom"_s, u"bottomLeft"_s, u"left"_s};
+    return kHandles.at(static_cast<std::size_t>(names.indexOf(name)));
+}
+
 } // namespace
 
 TEST(Handles, ResizeTheirEdgesOnly)
 {
-    const struct
-    {
-        Handle handle;
-        QPointF by;
-        bool proportional;
-        QRectF expected;
-    } cases[] = {
-        {Handle::topLeft, {-2, 3}, false, {8, 23, 32, 7}},
-        {Handle::top, {-2, 3}, false, {10, 23, 30, 7}},
-        {Handle::topRight, {-2, 3}, false, {10, 23, 28, 7}},
-        {Handle::right, {-2, 3}, false, {10, 20, 28, 10}},
-        {Handle::bottomRight, {-2, 3}, false, {10, 20, 28, 13}},
-        {Handle::bottom, {-2, 3}, false, {10, 20, 30, 13}},
-        {Handle::bottomLeft, {-2, 3}, false, {8, 20, 32, 13}},
-        {Handle::left, {-2, 3}, false, {8, 20, 32, 10}},
-        // In proportion the side that was moved farther, for its length, leads.
-        {Handle::bottomRight, {30, 1}, true, {10, 20, 60, 20}},
-        {Handle::bottomRight, {1, 10}, true, {10, 20, 60, 20}},
-        {Handle::topLeft, {15, 0}, true, {25, 25, 15, 5}},
-        {Handle::right, {15, 9}, true, {10, 17.5, 45, 15}},
-        // No side turns over or vanishes.
-        {Handle::left, {50, 0}, false, {39.5, 20, 0.5, 10}},
-        {Handle::topLeft, {99, 99}, false, {39.5, 29.5, 0.5, 0.5}},
-        {Handle::bottomRight, {-99, 0}, true, {10, 20, 1.5, 0.5}},
-    };
-    for (const auto &c : cases)
-        expectRect(resized(kBox, c.handle, c.by, c.proportional), c.expected);
+    for (const Case &c : cases(u"resizing"_s)) {
+        SCOPED_TRACE(testing::Message() << c);
+        expectRect(resized(kBox, handleOf(c[0]), {c.number(1), c.number(2)}, !c[3].isEmpty()),
+                   {c.number(4), c.number(5), c.number(6), c.number(7)});
+    }
     // A box that is smaller already, as files have them, does not grow by being touched.
     expectRect(resized({0, 0, 0.2, 0}, Handle::bottomRight, {-1, 0}, false), {0, 0, 0.2, 0});
     expectRect(resized({0, 0, 0, 0}, Handle::bottomRight, {5, 5}, true), {0, 0, 0, 0});
@@ -67,32 +55,14 @@ TEST(Snapping, TheNearestLineWinsAndTheGridComesLast)
     design.guides.vertical = {30};
     const RefSet moving{{kText, 1}};
     const QSizeF label(70, 99);
-    const struct
-    {
-        const char *what;
-        SnapTargets::Wanted wanted;
-        QPointF by;
-        QPointF expected;
-        std::size_t lines;
-    } cases[] = {
-        {"nothing near", {0, true, true, true}, {4, 7}, {4, 7}, 0},
-        {"left edge to a guide", {0, true, true, true}, {19.6, 7}, {20, 7}, 1},
-        {"right edge to a guide", {0, true, true, true}, {-9.6, 7}, {-10, 7}, 1},
-        {"middle to the label's", {0, true, true, true}, {10.3, 7}, {10, 7}, 1},
-        {"left edge to an element", {0, true, true, true}, {41.7, 7}, {42, 7}, 1},
-        {"elements left out", {0, false, true, true}, {41.7, 7}, {41.7, 7}, 0},
-        {"guides left out", {0, true, false, true}, {19.6, 7}, {19.6, 7}, 0},
-        {"both ways", {0, true, true, true}, {-10.2, -20.4}, {-10, -20}, 2},
-        {"the grid takes what else is free", {5, true, true, false}, {3.4, 7.4}, {5, 5}, 2},
-        {"a guide goes before the grid", {1, true, true, true}, {19.6, 7}, {20, 7}, 2},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        const SnapTargets targets(design, moving, label, c.wanted);
-        const Snapped snapped = snapMove(targets, kBox, c.by, 0.5);
-        EXPECT_NEAR(snapped.by.x(), c.expected.x(), 1e-9);
-        EXPECT_NEAR(snapped.by.y(), c.expected.y(), 1e-9);
-        EXPECT_EQ(snapped.lines.size(), c.lines);
+    for (const Case &c : cases(u"snapping"_s)) {
+        const SnapTargets targets(design, moving, label,
+                                  {c.number(1), c[2].contains(u"elements"_s),
+                                   c[2].contains(u"guides"_s), c[2].contains(u"label"_s)});
+        const Snapped snapped = snapMove(targets, kBox, {c.number(3), c.number(4)}, 0.5);
+        EXPECT_NEAR(snapped.by.x(), c.number(5), 1e-9) << c;
+        EXPECT_NEAR(snapped.by.y(), c.number(6), 1e-9) << c;
+        EXPECT_EQ(snapped.lines.size(), c.number(7)) << c;
     }
 }
 
@@ -102,23 +72,11 @@ TEST(Snapping, ResizingSnapsTheEdgesThatMove)
     design.guides.vertical = {45};
     design.guides.horizontal = {33};
     const SnapTargets targets(design, {}, {}, {0, true, true, false});
-    const struct
-    {
-        Handle handle;
-        QPointF by;
-        bool proportional;
-        QPointF expected;
-    } cases[] = {
-        {Handle::right, {4.8, 2.8}, false, {5, 2.8}},
-        {Handle::bottomRight, {4.8, 2.8}, false, {5, 3}},
-        {Handle::bottomRight, {4.8, 0.1}, true, {5, 0.1}},
-        {Handle::bottomRight, {0.1, 2.8}, true, {0.1, 3}},
-        {Handle::topLeft, {34.9, 12.9}, false, {35, 13}},
-    };
-    for (const auto &c : cases) {
-        const Snapped snapped = snapResize(targets, kBox, c.handle, c.by, c.proportional, 0.5);
-        EXPECT_NEAR(snapped.by.x(), c.expected.x(), 1e-9);
-        EXPECT_NEAR(snapped.by.y(), c.expected.y(), 1e-9);
+    for (const Case &c : cases(u"snapped_resizing"_s)) {
+        const Snapped snapped = snapResize(targets, kBox, handleOf(c[0]),
+                                           {c.number(1), c.number(2)}, !c[3].isEmpty(), 0.5);
+        EXPECT_NEAR(snapped.by.x(), c.number(4), 1e-9) << c;
+        EXPECT_NEAR(snapped.by.y(), c.number(5), 1e-9) << c;
     }
     const Snapped point = snapPoint(targets, {44.7, 2}, 0.5);
     EXPECT_NEAR(point.by.x(), 45, 1e-9);
