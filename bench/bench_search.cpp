@@ -157,7 +157,8 @@ void search(benchmark::State &state)
         shop.emplace(road, stocks);
         made = {road, stocks};
     }
-    const QString statement = byName ? stock_queries::byName(u"aranan"_s) : stock_queries::all();
+    const QString statement =
+        byName ? host_queries::cardsByName(u"aranan"_s) : stock_queries::all();
     Pairs pairs;
     double singly = kNever;
     double first = kNever;
