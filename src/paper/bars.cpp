@@ -31,9 +31,13 @@ std::optional<BarsGeometry> fitBars(const BarSymbol &symbol, const QRectF &box, 
     // label lies on the sheet.
     const int width = static_cast<int>(std::floor(box.width() * perMmX + kSlack));
     const int height = static_cast<int>(std::floor(box.height() * perMmY + kSlack));
-    const int module = width / symbol.totalModules();
+    int module = width / symbol.totalModules();
     if (module < 1 || height < 2)
         return {};
+    if (symbol.longModules > 0) {
+        const int full = static_cast<int>(std::ceil(kFullModule * perMmX - kSlack));
+        module = std::min(module, std::max(width / symbol.longModules, full));
+    }
 
     const int spare = width - module * symbol.totalModules();
     BarsGeometry geometry;

@@ -36,6 +36,7 @@ struct BarSymbol
     int modules = 0;
     int quietLeft = 0;
     int quietRight = 0;
+    int longModules = 0;  ///< with quiet zones, of the longer symbol that shares its boxes; 0: none
     double barHeight = 0; ///< of bars that are not cut low
     std::vector<Bar> bars;
     std::vector<DigitGroup> groups;
@@ -44,6 +45,9 @@ struct BarSymbol
 
     friend bool operator==(const BarSymbol &, const BarSymbol &) = default;
 };
+
+/// Width of a module (mm) in a symbol at 100 %.
+inline constexpr double kFullModule = 0.33;
 
 /// Guard bars reach this many modules below the others.
 inline constexpr int kGuardDepth = 5;
@@ -60,8 +64,9 @@ struct BarsGeometry
 };
 
 /// Lays the symbol out inside the box (mm): the widest whole-dot module with which bars and quiet
-/// zones stay inside, the symbol in the middle. Nothing when not even one dot per module fits, or
-/// for boxes no paper has. `dpi`: dots per inch, across and down.
+/// zones stay inside, the symbol in the middle. Above 100 % a short symbol takes no wider modules
+/// than the longer one would in the same box. Nothing when not even one dot per module fits, or for
+/// boxes no paper has. `dpi`: dots per inch, across and down.
 std::optional<BarsGeometry> fitBars(const BarSymbol &symbol, const QRectF &box, QSizeF dpi);
 
 /// The digits beneath the bars, in one size in which every group fits beneath its bars.

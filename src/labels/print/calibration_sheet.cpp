@@ -52,10 +52,11 @@ void addRow(CalibrationSheet &sheet, QPointF start, double points)
 
 } // namespace
 
-CalibrationSheet calibrationSheet(QSizeF area)
+CalibrationSheet calibrationSheet(QSizeF area, QPointF unreached)
 {
     const double shorter = std::min(area.width(), area.height());
     CalibrationSheet sheet;
+    sheet.unreached = unreached;
     sheet.inset = std::clamp(std::floor(shorter / 10), 3.0, 20.0);
     sheet.row = std::max(std::floor((area.width() - 2 * sheet.inset) / 10) * 10, 10.0);
     const double reach = sheet.inset / 2;
@@ -77,10 +78,12 @@ std::optional<Calibration> calibrated(const Calibration &printed, const Calibrat
 {
     if (!(reading.row > 0) || !(reading.left >= 0) || !(reading.top >= 0))
         return {};
+    // Layouts are counted from where the printer counts, a ruler begins at the paper's edge.
+    const QPointF at = QPointF(reading.left, reading.top) - sheet.unreached;
     Calibration next;
     next.scale = printed.scale * sheet.row / reading.row;
-    next.x = printed.x + sheet.inset * printed.scale - reading.left * next.scale;
-    next.y = printed.y + sheet.inset * printed.scale - reading.top * next.scale;
+    next.x = printed.x + sheet.inset * printed.scale - at.x() * next.scale;
+    next.y = printed.y + sheet.inset * printed.scale - at.y() * next.scale;
     if (std::abs(next.x) > kMostOffset || std::abs(next.y) > kMostOffset ||
         std::abs(next.scale - 1) > kMostStretch)
         return {};

@@ -8,13 +8,15 @@
 /// off.
 struct CalibrationSheet
 {
-    double inset = 0; ///< mm from the left and upper edge to the first cross, as it should be
-    double row = 0;   ///< mm, length of the row, as it should be
+    double inset = 0;  ///< mm from the corner where the printer counts to the first cross
+    QPointF unreached; ///< mm from the paper's edges to that corner
+    double row = 0;    ///< mm, length of the row, as it should be
     std::vector<DrawCommand> commands;
 };
 
-/// `area`: what the printer can print on (mm).
-CalibrationSheet calibrationSheet(QSizeF area);
+/// `area`: what the printer can print on (mm); `unreached`: how far its corner lies from the
+/// paper's.
+CalibrationSheet calibrationSheet(QSizeF area, QPointF unreached = {});
 
 /// What was read off a printed sheet with a ruler (mm).
 struct SheetReading

@@ -88,7 +88,7 @@ private:
     int m_at = 0;
 };
 
-constexpr double kFullModule = 0.33; ///< mm, of a symbol at 100 %
+constexpr int kEan13Modules = 11 + 95 + 7; ///< with its quiet zones
 
 BarSymbol ean8Symbol(const QString &digits, std::vector<Bar> bars)
 {
@@ -97,6 +97,7 @@ BarSymbol ean8Symbol(const QString &digits, std::vector<Bar> bars)
             .modules = 67,
             .quietLeft = 7,
             .quietRight = 7,
+            .longModules = kEan13Modules,
             .barHeight = 18.23 / kFullModule,
             .bars = std::move(bars),
             .groups = {{digits.first(4), 3, 28}, {digits.sliced(4), 36, 28}}};

@@ -41,6 +41,16 @@ QString boundText(const TextElement &element, const LabelRow &row)
     return element.field.isEmpty() ? element.caption : fieldText(element.field, row);
 }
 
+QStringList boundFields(const LabelLayout &layout)
+{
+    QStringList names;
+    for (const TextElement &text : layout.texts)
+        if (!text.field.isEmpty())
+            names += text.field;
+    names.removeDuplicates();
+    return names;
+}
+
 BuiltLabel LabelBuilder::label(const LabelRow &row)
 {
     BuiltLabel label;

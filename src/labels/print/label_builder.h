@@ -47,5 +47,8 @@ private:
 /// and `measure` decides on which device its lines break.
 BuiltLabel buildLabel(const LabelLayout &layout, const LabelRow &row, const TextMeasure &measure);
 
+/// The fields that texts of a layout are bound to, each once.
+QStringList boundFields(const LabelLayout &layout);
+
 /// The text a bound element prints: its field's value, or the caption of a free text.
 QString boundText(const TextElement &element, const LabelRow &row);

@@ -18,19 +18,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kUnit = u"Birim"_s;
-const QString kOldPrice = u"Eski Fiyat"_s;
+const QString kOldPrice = kOldPriceField.toString();
 const QString kUnitPrice = u"Birim Fiyatı"_s;
 const QString kPriceDate = u"Fiyat Tarihi"_s;
 const QString kPrintDate = u"Basım Tarihi"_s;
 
 constexpr QStringView kPriceDateColumn = u"STKSYFTARIHI"; ///< of the last price change
 
-/// Column names of ledgers are capitals, digits and underscores.
-bool isColumnName(QStringView name)
+bool isColumnName(const QString &name)
 {
-    return !name.isEmpty() && std::all_of(name.cbegin(), name.cend(), [](QChar c) {
-        return (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_';
-    });
+    return !name.isEmpty() && !isNamedField(name);
 }
 
 /// A measure of packs, and how many of it make the unit that prices are compared in.
@@ -175,12 +172,21 @@ const std::vector<LabelField> &labelFields()
     return fields;
 }
 
-bool isKnownField(QStringView name, const LabelRow &row)
+bool isNamedField(QStringView name)
 {
     const auto &fields = labelFields();
-    return row.fields.contains(name.toString()) ||
-           std::any_of(fields.cbegin(), fields.cend(),
+    return std::any_of(fields.cbegin(), fields.cend(),
                        [name](const LabelField &field) { return field.name == name; });
+}
+
+QStringList stockCardColumns(CompanyDatabase &database)
+{
+    return database.company().execute(u"select * from STKKART where 1=0"_s).columns();
+}
+
+bool isKnownField(QStringView name, const LabelRow &row)
+{
+    return isNamedField(name) || row.fields.contains(name.toString());
 }
 
 QString fieldText(QStringView name, const LabelRow &row)

@@ -10,7 +10,7 @@
 class CompanyDatabase;
 
 /// A field that a text of a label can be bound to. Beside these, the name of any column of the
-/// stock card (STKKART) is a field, whatever a ledger keeps there.
+/// stock card is a field, whatever a ledger keeps there.
 struct LabelField
 {
     QString name;   ///< as key "bl" of a layout holds it
@@ -19,9 +19,14 @@ struct LabelField
 };
 
 inline constexpr QStringView kPriceField = u"Fiyat";
+inline constexpr QStringView kOldPriceField = u"Eski Fiyat";
 
 /// All named fields, in the order in which they are offered.
 const std::vector<LabelField> &labelFields();
+bool isNamedField(QStringView name);
+
+/// The columns of the stock card as the host names them. Throws HostError.
+QStringList stockCardColumns(CompanyDatabase &database);
 
 /// Whether a row has a field of that name.
 bool isKnownField(QStringView name, const LabelRow &row);

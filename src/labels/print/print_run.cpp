@@ -1,6 +1,7 @@
 #include "labels/print/print_run.h"
 
 #include "common/amount.h"
+#include "common/host_error.h"
 #include "labels/print/label_builder.h"
 #include "labels/print/label_fields.h"
 #include "labels/print/label_preview.h"
@@ -18,14 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList boundFields(const LabelLayout &layout)
-{
-    QStringList names;
-    for (const TextElement &text : layout.texts)
-        names += text.field;
-    return names;
-}
-
 const QString kKept = u" Etiketler kuyrukta duruyor."_s;
 
 } // namespace
@@ -35,6 +28,19 @@ PrintRun::PrintRun(Program &program, QObject *parent)
       m_layouts(program.keys, program.prompt, program.directory()),
       m_memory(program.keys, program.directory())
 {}
+
+void PrintRun::readFirst(PrintRequest &request, const LabelLayout &layout) const
+{
+    if (request.rows.empty())
+        return;
+    std::vector<LabelRow> first{request.rows.front()};
+    try {
+        readFields(m_program, m_program.clock.now().date(), boundFields(layout), first);
+        request.rows.front() = first.front();
+    } catch (const HostError &) {
+        return;
+    }
+}
 
 QImage PrintRun::preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const
 {

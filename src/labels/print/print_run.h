@@ -29,6 +29,10 @@ public:
     QStringList printers() const { return m_program.printers.names(); }
     PrinterSetting printerSetting(const LabelLayout &layout) const { return {m_program, layout}; }
 
+    /// Reads what a layout shows of the first row beyond what the row has, for its preview; without
+    /// the host nothing, as the run will say.
+    void readFirst(PrintRequest &request, const LabelLayout &layout) const;
+
     /// The first label of a request in a layout, no larger than `most` pixels.
     QImage preview(const PrintRequest &request, const LabelLayout &layout, QSize most) const;
 

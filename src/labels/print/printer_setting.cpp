@@ -3,6 +3,7 @@
 #include "paper/millimetres.h"
 #include "paper/paged_canvas.h"
 
+#include <QPageLayout>
 #include <QPagedPaintDevice>
 
 using namespace Qt::StringLiterals;
@@ -13,25 +14,31 @@ PrinterSetting::PrinterSetting(Program &program, const LabelLayout &layout)
       m_sheet(calibrationSheet(makePrintJob(layout, {}).paper))
 {}
 
-QSizeF PrinterSetting::areaOf(const QPagedPaintDevice &device) const
+/// A document of the printer; the sheet becomes that of its paper. Null when it is gone (told).
+std::unique_ptr<PrintDocument> PrinterSetting::open()
 {
+    auto document = m_program.printers.open(printer(), printerSetup(m_layout, u"Yazıcı ayarı"_s));
+    if (!document) {
+        m_program.prompt.warn(u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s, true);
+        return document;
+    }
+    const QPagedPaintDevice &device = document->device();
     const QPointF end =
         toMillimetres({static_cast<double>(device.width()), static_cast<double>(device.height())},
                       resolution(device));
-    return {end.x(), end.y()};
+    const QMarginsF margins = device.pageLayout().margins(QPageLayout::Millimeter);
+    m_sheet = calibrationSheet({end.x(), end.y()}, {margins.left(), margins.top()});
+    m_known = true;
+    return document;
 }
 
 bool PrinterSetting::printSheet()
 {
     bool printed = false;
     m_program.handle([&] {
-        const auto document =
-            m_program.printers.open(printer(), printerSetup(m_layout, u"Yazıcı ayarı"_s));
-        if (!document) {
-            m_program.prompt.warn(u"Yazici Hatası,Doğru Yazıcı Seçimi Yapınız..."_s, true);
+        const auto document = open();
+        if (!document)
             return;
-        }
-        m_sheet = calibrationSheet(areaOf(document->device()));
         PagedCanvas canvas(document->device(), {}, m_calibration);
         if (!canvas.begin())
             throw PrintError(u"Yazıcı yazdırmaya başlayamadı."_s);
@@ -47,6 +54,10 @@ bool PrinterSetting::printSheet()
 
 bool PrinterSetting::measure(const SheetReading &reading)
 {
+    if (!m_known) // the sheet was printed yesterday
+        m_program.handle([this] { open(); });
+    if (!m_known)
+        return false;
     const auto next = calibrated(m_printed, m_sheet, reading);
     if (!next) {
         m_program.prompt.warn(u"Bu ölçülerle hiçbir yazıcı bu kadar kaymaz; artıdan kenara ve "

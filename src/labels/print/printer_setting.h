@@ -5,10 +5,6 @@
 #include "labels/print/print_job.h"
 #include "labels/print/print_memory.h"
 
-QT_BEGIN_NAMESPACE
-class QPagedPaintDevice;
-QT_END_NAMESPACE
-
 /// Makes one printer hit the paper: prints the sheet to measure, reckons with what was measured,
 /// keeps the result.
 class PrinterSetting
@@ -34,7 +30,7 @@ public:
     bool save();
 
 private:
-    QSizeF areaOf(const QPagedPaintDevice &device) const;
+    std::unique_ptr<PrintDocument> open();
 
     Program &m_program;
     PrintMemory m_memory;
@@ -42,4 +38,5 @@ private:
     Calibration m_calibration;
     Calibration m_printed; ///< of the sheet printed last
     CalibrationSheet m_sheet;
+    bool m_known = false; ///< the printer has said what it can print on
 };

@@ -182,18 +182,19 @@ std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const Pr
     return all;
 }
 
-QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi)
+QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi, QSizeF least)
 {
     constexpr double step = 0.1; // mm, as layout files keep lengths
     const double dot = kMmPerInch / dpi;
     const int dots =
         std::max(static_cast<int>(std::ceil((kNarrowestModule - kModuleSlack) / dot)), kFewestDots);
-    const double width = std::ceil(dots * symbol.totalModules() * dot / step) * step;
+    const double width =
+        std::max(std::ceil(dots * symbol.totalModules() * dot / step) * step, least.width());
 
     const DeviceFonts fonts({dpi, dpi});
     BarsCommand bars{{0, 0, width, 0}, symbol, digits, 0};
     double height = std::floor(symbol.barHeight * dots * dot * kLeastHeight / step) * step;
-    for (; height < kLongestPaper; height += step) {
+    for (height = std::max(height, least.height()); height < kLongestPaper; height += step) {
         bars.box.setHeight(height);
         const auto drawnBars = drawn(bars, fonts);
         if (drawnBars && heightShare(symbol, *drawnBars, fonts.dpi()) >= kLeastHeight)

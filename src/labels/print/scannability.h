@@ -48,5 +48,9 @@ std::optional<ScanFault> coverFault(const BuiltLabel &label, const DrawCommand &
 std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
                                                const DeviceFonts &fonts, PictureStore &pictures);
 
-/// The smallest box (mm) in which a symbol is free of faults at a resolution (dots per inch).
-QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi);
+/// The smallest box (mm) in which a symbol is free of faults at a resolution (dots per inch), of
+/// those that are no smaller than `least`: wider bars want to be higher.
+QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi, QSizeF least = {});
+
+/// The resolutions that printers of labels and of offices have.
+inline constexpr double kUsualResolutions[] = {203, 300, 600};

@@ -1,52 +1,111 @@
 #include "labels/print/calibration_sheet.h"
 #include "labels/print/print_desk.h"
+#include "paper/millimetres.h"
 #include "paper/paged_canvas.h"
 #include "support/print_qt.h"
 
 #include <QImage>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A printer that misses: what is drawn at a place lands there times `scale`, moved by `off`.
+constexpr double kDpi = 300;
+
+/// A printer that cannot reach the first millimetres of its paper, and misses besides: what is
+/// drawn at a place lands there times `scale`, moved by `off` (mm).
 struct BadPrinter
 {
+    QPointF unreached;
     QPointF off;
     double scale;
 
-    QPointF lands(const Calibration &calibration, QPointF mm) const
+    /// Its sheet of paper.
+    QImage print(const CalibrationSheet &sheet, QSizeF area, const Calibration &calibration) const
     {
-        return calibration.place(mm) * scale + off;
+        const QSizeF paper = area + QSizeF(2 * unreached.x(), 2 * unreached.y());
+        QImage image((paper * kDpi / kMmPerInch).toSize(), QImage::Format_Grayscale8);
+        image.fill(Qt::white);
+        const DeviceFonts fonts({kDpi, kDpi});
+        PictureStore pictures({});
+        QPainter painter(&image);
+        painter.translate((unreached + off) * kDpi / kMmPerInch);
+        painter.scale(scale, scale);
+        CommandPainter commands(painter, fonts, pictures);
+        paintCalibrated(commands, sheet.commands, {}, calibration);
+        return image;
     }
 };
 
+/// Where the longest line of dots stands in a part of an image, and its ends; `down`: a standing
+/// one. Dots.
+struct Line
+{
+    double at = 0;
+    int from = 0;
+    int to = 0;
+};
+Line longestLine(const QImage &page, const QRect &part, bool down)
+{
+    std::vector<std::pair<int, int>> counts; // of dots, and where
+    for (int a = down ? part.left() : part.top(); a <= (down ? part.right() : part.bottom()); ++a) {
+        int dots = 0;
+        for (int b = down ? part.top() : part.left(); b <= (down ? part.bottom() : part.right());
+             ++b)
+            dots += qGray(down ? page.pixel(a, b) : page.pixel(b, a)) < 128 ? 1 : 0;
+        counts.emplace_back(dots, a);
+    }
+    const auto [most, at] = *std::max_element(counts.begin(), counts.end());
+    Line line{at + 0.5, 0, 0};
+    bool inside = false;
+    for (int b = down ? part.top() : part.left(); b <= (down ? part.bottom() : part.right()); ++b)
+        if (qGray(down ? page.pixel(at, b) : page.pixel(b, at)) < 128) {
+            line.from = inside ? line.from : b;
+            line.to = b;
+            inside = true;
+        }
+    return line;
+}
+
+/// What somebody with a ruler reads off a sheet (mm from the edges of the paper).
+SheetReading readOff(const QImage &page)
+{
+    const auto mm = [](double dots) { return dots * kMmPerInch / kDpi; };
+    const int corner = std::min(page.width(), page.height()) / 4;
+    const QRect first(0, 0, corner, corner);
+    const QRect middle(0, page.height() / 2 - 30, page.width(), 60);
+    const Line row = longestLine(page, middle, false);
+    return {mm(longestLine(page, first, true).at), mm(longestLine(page, first, false).at),
+            mm(row.to - row.from)};
+}
+
 } // namespace
 
-TEST(Calibration, TheNextSheetComesOutAsItShould)
+// Layouts are counted from where the printer counts, so what it cannot reach is no fault of it.
+TEST(Calibration, MeasuredOnThePageTheNextSheetComesOutAsItShould)
 {
-    for (const QSizeF area : {QSizeF(200, 287), QSizeF(58, 40)}) {
-        const CalibrationSheet sheet = calibrationSheet(area);
-        const QPointF cross(sheet.inset, sheet.inset);
-        const QPointF end = cross + QPointF(sheet.row, 0);
-        EXPECT_LE(end.x(), area.width());
+    constexpr double reads = 0.2; // mm, a ruler's
+    for (const QSizeF area : {QSizeF(200, 120), QSizeF(58, 40)})
         for (const BadPrinter &printer :
-             {BadPrinter{{0, 0}, 1}, {{4.2, 4.2}, 1}, {{-1.5, 3}, 1.02}, {{2, -0.7}, 0.985}}) {
-            Calibration now{0.5, -0.5, 1.01}; // found wrong before
-            const QPointF at = printer.lands(now, cross);
+             {BadPrinter{{0, 0}, {0, 0}, 1}, BadPrinter{{4.2, 6}, {0, 0}, 1},
+              BadPrinter{{4.2, 4.2}, {-1.5, 0.9}, 1.02}, BadPrinter{{5, 5}, {2, -0.7}, 0.985}}) {
+            const CalibrationSheet sheet = calibrationSheet(area, printer.unreached);
+            const Calibration before{0.5, -0.5, 1.01}; // found wrong
             const auto next =
-                calibrated(now, sheet, {at.x(), at.y(), (printer.lands(now, end) - at).x()});
+                calibrated(before, sheet, readOff(printer.print(sheet, area, before)));
             ASSERT_TRUE(next);
-            EXPECT_NEAR(printer.lands(*next, cross).x(), cross.x(), 1e-9);
-            EXPECT_NEAR(printer.lands(*next, cross).y(), cross.y(), 1e-9);
-            EXPECT_NEAR(printer.lands(*next, end).x(), end.x(), 1e-9);
+            const SheetReading after = readOff(printer.print(sheet, area, *next));
+            EXPECT_NEAR(after.left, sheet.inset + printer.unreached.x(), reads);
+            EXPECT_NEAR(after.top, sheet.inset + printer.unreached.y(), reads);
+            EXPECT_NEAR(after.row, sheet.row, 2 * reads);
         }
-        EXPECT_FALSE(calibrated({}, sheet, {sheet.inset, sheet.inset, 0}));
-        EXPECT_FALSE(calibrated({}, sheet, {sheet.inset, sheet.inset, sheet.row / 2}));
-        EXPECT_FALSE(calibrated({}, sheet, {120, sheet.inset, sheet.row}));
-    }
+    const CalibrationSheet sheet = calibrationSheet({200, 287});
+    EXPECT_FALSE(calibrated({}, sheet, {sheet.inset, sheet.inset, 0}));
+    EXPECT_FALSE(calibrated({}, sheet, {sheet.inset, sheet.inset, sheet.row / 2}));
+    EXPECT_FALSE(calibrated({}, sheet, {120, sheet.inset, sheet.row}));
 }
 
 TEST(Calibration, MovesEverythingAndKeepsTypeAndModules)

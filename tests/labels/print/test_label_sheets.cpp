@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -66,6 +67,19 @@ bool isWhite(const QImage &page, const QRect &area)
             if (qGray(page.pixel(x, y)) != 255)
                 return false;
     return true;
+}
+
+/// The first label in its colours.
+QImage paintColour(const PrintJob &job, double dpi)
+{
+    QImage page(toDots({QPointF(), job.paper}, dpi).size().toSize(), QImage::Format_RGB32);
+    page.fill(Qt::white);
+    const DeviceFonts fonts({dpi, dpi});
+    PictureStore pictures({});
+    QPainter painter(&page);
+    CommandPainter(painter, fonts, pictures)
+        .paint(LabelBuilder(job, fonts).label(job.rows[0]).commands);
+    return page;
 }
 
 /// One line of dots through a symbol as modules; '?' where a module is not of one colour.
@@ -185,6 +199,74 @@ TEST(LabelSheets, TheSmallestBarcodeScansAndASmallerOneIsRefused)
                 1, ean8);
             job.texts.clear();
             EXPECT_EQ(readBarcodes(paintPages(job, dpi).front()), QStringList{job.rows[0].barcode});
+        }
+    }
+}
+
+// A poor scanner: red light, a spot of a tenth of a millimetre and more, held askew. It reads what
+// the rule lets through and fails where the rule refuses.
+TEST(LabelSheets, WhatTheRuleRefusesAPoorScannerCannotRead)
+{
+    const auto seen = [](const QImage &page, double dpi) {
+        const int width = qRound(page.width() * 200 / dpi);
+        QImage red = page.scaledToWidth(width, Qt::SmoothTransformation)
+                         .convertToFormat(QImage::Format_RGB32);
+        for (int y = 0; y < red.height(); ++y)
+            for (int x = 0; x < red.width(); ++x) {
+                const int light = qRed(red.pixel(x, y));
+                red.setPixel(x, y, qRgb(light, light, light));
+            }
+        red = red.scaledToWidth(3 * width, Qt::SmoothTransformation);
+        QImage held(red.size() * 2, QImage::Format_RGB32);
+        held.fill(Qt::white);
+        QPainter painter(&held);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.translate(held.rect().center());
+        painter.rotate(25);
+        painter.drawImage(-red.rect().center(), red);
+        painter.end();
+        return readBarcodes(held);
+    };
+    const struct
+    {
+        ScanFault::Kind kind;
+        std::function<void(PrintJob &)> spoil;
+    } cases[] = {
+        {ScanFault::module, [](PrintJob &job) { job.barcodes[0].box.width *= 0.4F; }},
+        {ScanFault::height, [](PrintJob &job) { job.barcodes[0].box.height *= 0.2F; }},
+        {ScanFault::colour, [](PrintJob &job) { job.barcodes[0].colour = 0x0000FF; }},
+        {ScanFault::covered,
+         [](PrintJob &job) {
+             job.texts[0].box = {2, 8, 40, 6};
+             job.texts[0].font.size = 40;
+             job.texts[0].caption = u"█████████"_s;
+             job.texts[0].field.clear();
+         }},
+    };
+    for (const double dpi : kUsualResolutions) {
+        const QString number = barcode(7, false);
+        const QSizeF size =
+            smallestBox(*ean::encode(ean::Symbology::ean13, number), {u"DejaVu Sans"_s, 8}, dpi);
+        PrintJob good =
+            makeJob({0, 0, 60, 40, 1, 1},
+                    {6, 9, static_cast<float>(size.width()), static_cast<float>(size.height())},
+                    {60, 40}, 1, false);
+        good.rows = {{number, {}, {}, {}, 1}};
+        const auto faults = [&](const PrintJob &job) {
+            const DeviceFonts fonts({dpi, dpi});
+            PictureStore pictures({});
+            return scanFaults(LabelBuilder(job, fonts).label(job.rows[0]), job, fonts, pictures)[0];
+        };
+        EXPECT_TRUE(faults(good).empty());
+        EXPECT_EQ(seen(paintColour(good, dpi), dpi), QStringList{number}) << dpi;
+        for (const auto &c : cases) {
+            PrintJob job = good;
+            c.spoil(job);
+            const auto found = faults(job);
+            EXPECT_TRUE(std::any_of(found.begin(), found.end(),
+                                    [&](const ScanFault &one) { return one.kind == c.kind; }))
+                << dpi << ' ' << c.kind;
+            EXPECT_EQ(seen(paintColour(job, dpi), dpi), QStringList()) << dpi << ' ' << c.kind;
         }
     }
 }

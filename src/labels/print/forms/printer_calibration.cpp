@@ -42,8 +42,9 @@ PrinterCalibration::~PrinterCalibration() = default;
 /// The boxes begin with what a printer that hits would have shown.
 void PrinterCalibration::showSheet()
 {
-    m_ui->sol->setValue(m_setting.sheet().inset);
-    m_ui->ust->setValue(m_setting.sheet().inset);
+    const CalibrationSheet &sheet = m_setting.sheet();
+    m_ui->sol->setValue(sheet.inset + sheet.unreached.x());
+    m_ui->ust->setValue(sheet.inset + sheet.unreached.y());
     m_ui->boy->setValue(m_setting.sheet().row);
 }
 

@@ -78,6 +78,7 @@ void yazfrm::choose(const QString &name)
         m_ui->liste->setCurrentItem(found.isEmpty() ? nullptr : found.first());
     }
     m_layout = m_chosen.isEmpty() ? LabelLayout() : m_run.layouts().open(m_chosen);
+    m_run.readFirst(m_request, m_layout);
     m_ui->bilgi->setText(m_chosen.isEmpty() ? QString() : m_run.describe(m_chosen, m_layout));
     showPrinter();
     offerPlaces();
