@@ -2,8 +2,11 @@
 
 #include "labels/designer/designer_session.h"
 #include "labels/designer/forms/Form1.h"
+#include "labels/print/forms/printer_calibration.h"
 #include "labels/print/forms/yazfrm.h"
 #include "shell/forms/look.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +42,7 @@ Form1 &DesignRoom::form()
             showStocks(m_search.find(text, m_desk.priceNumbers()));
         });
     });
+    connect(form, &Form1::calibrationWanted, this, &DesignRoom::calibrate);
     m_form = form;
     m_session = session;
     return *form;
@@ -53,9 +57,22 @@ void DesignRoom::showStocks(const std::vector<LabelRow> &rows)
         Q_EMIT m_session->statusChanged(u"Stok bulunamadı; örnek değerler gösteriliyor."_s);
 }
 
-void DesignRoom::show(const QString &layout)
+/// Over the page set-up that asked for it.
+void DesignRoom::calibrate(const LabelLayout &layout)
+{
+    QWidget *above = QApplication::activeModalWidget();
+    auto *dialog = new PrinterCalibration(m_print.printerSetting(layout),
+                                          above ? above : static_cast<QWidget *>(m_form));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, m_session, &DesignerSession::printerWasSet);
+    dialog->open();
+}
+
+void DesignRoom::show(const QString &layout, bool onTop)
 {
     Form1 &window = form();
+    if (!window.isVisible())
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
     window.show();
     window.raise();
     window.activateWindow();

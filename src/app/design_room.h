@@ -22,8 +22,9 @@ public:
     DesignRoom(Program &program, PrintRun &print, LabelDesk &desk);
     ~DesignRoom() override;
 
-    /// Opens the designer, with a layout of the folder `ayar` when one is named.
-    void show(const QString &layout = {});
+    /// Opens the designer, with a layout of the folder `ayar` when one is named. `onTop`: over a
+    /// till that is kept over other windows.
+    void show(const QString &layout = {}, bool onTop = false);
 
     /// Offers unsaved work of a program that ended unexpectedly.
     void offerRecovery();
@@ -36,6 +37,7 @@ private:
     void chooseToOpen();
     void chooseToSave();
     void showStocks(const std::vector<LabelRow> &rows);
+    void calibrate(const LabelLayout &layout);
 
     Program &m_program;
     PrintRun &m_print;

@@ -73,6 +73,11 @@ Rooms::~Rooms()
         delete form;
 }
 
+bool Rooms::tillOnTop() const
+{
+    return m_stfatura && m_till.settings().liste.enust;
+}
+
 /// Brings a form up, making it first when it is not there.
 template <typename Form, typename Make>
 void Rooms::showForm(QPointer<Form> &form, Make make)
@@ -80,11 +85,11 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     // A form that was closed while it still worked lives on unseen until it is done; it is not
     // shown again.
     if (!form || !form->isVisible()) {
-        const bool tillOnTop = m_stfatura && m_till.settings().liste.enust;
+        const bool onTop = tillOnTop();
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
         fitToScreen(*form);
-        if (tillOnTop) // else the till would hide it
+        if (onTop) // else the till would hide it
             form->setWindowFlag(Qt::WindowStaysOnTopHint);
     }
     form->show();
@@ -189,14 +194,15 @@ void Rooms::chooseLayout(const PrintRequest &request)
         form->setModal(true);
         connect(
             form, &yazfrm::designWanted, this,
-            [this](const QString &layout) { m_design.show(layout); }, Qt::QueuedConnection);
+            [this](const QString &layout) { m_design.show(layout, tillOnTop()); },
+            Qt::QueuedConnection);
         return form;
     });
 }
 
 void Rooms::showDesigner()
 {
-    m_design.show();
+    m_design.show({}, tillOnTop());
 }
 
 void Rooms::showProblems(const std::vector<PrintProblem> &problems)

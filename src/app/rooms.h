@@ -68,6 +68,7 @@ public:
     bool restartWanted() const { return m_restart; }
 
 private:
+    bool tillOnTop() const;
     template <typename Form, typename Make>
     void showForm(QPointer<Form> &form, Make make);
     void connectMenu();

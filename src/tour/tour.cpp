@@ -47,6 +47,7 @@ Tour::Tour(Rooms &rooms, Program &program, const QString &folder)
     documents();
     numbers();
     turnedText();
+    design();
     quickSale();
     settings();
     connection();
@@ -241,7 +242,10 @@ void Tour::type(const QString &windowName, const QString &name, const QString &t
 {
     QWidget *box = control(windowName, name);
     box->setFocus();
-    if (auto *edit = qobject_cast<QLineEdit *>(box))
+    auto *edit = qobject_cast<QLineEdit *>(box);
+    if (!edit)
+        edit = box->findChild<QLineEdit *>(); // of a box that counts
+    if (edit)
         edit->selectAll();
     for (const QChar c : text) {
         QKeyEvent event(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));

@@ -39,6 +39,22 @@ private:
     void printList(const QString &source);
     void numbers();
     void turnedText();
+
+    void design();
+    void designPage();
+    void designPrinter();
+    void designTexts();
+    void designBars();
+    void designPictures();
+    void designLook();
+    void designFiles();
+    void printFromPlace();
+    void designText(const QString &what, const QStringList &box, const QString &points);
+    void designDialog(const QString &file, int key);
+    void designKey(const QString &keys);
+    void choose(const QString &windowName, const QString &name, const QString &item);
+    void drag(QPointF from, QPointF to);
+
     void settings();
     void connection();
 

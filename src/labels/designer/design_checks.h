@@ -10,6 +10,7 @@ struct DesignNotice
 {
     LabelRef ref;
     QString text;
+    bool light = false; ///< the label prints well all the same
 
     friend bool operator==(const DesignNotice &, const DesignNotice &) = default;
 };

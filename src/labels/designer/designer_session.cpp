@@ -1,11 +1,9 @@
 #include "labels/designer/designer_session.h"
 
 #include "common/amount.h"
-#include "labels/designer/geometry.h"
+#include "labels/designer/readable_bars.h"
 #include "labels/layout/layout_folder.h"
-#include "labels/print/ean.h"
-#include "labels/print/label_fields.h"
-#include "labels/print/scannability.h"
+#include "labels/print/print_memory.h"
 #include "paper/paged_canvas.h"
 
 #include <QFile>
@@ -50,7 +48,7 @@ Design newDesign()
 DesignerSession::DesignerSession(Program &program, QObject *parent)
     : QObject(parent), m_program(program),
       m_files(program.keys, program.clock, program.directory()),
-      m_pictures(program.prompt, program.directory())
+      m_pictures(program.prompt, program.directory()), m_samples(program)
 {
     connect(&m_editor, &DesignEditor::statusChanged, this, &DesignerSession::statusChanged);
     connect(&m_copyTimer, &QTimer::timeout, this, &DesignerSession::keepCopy);
@@ -71,6 +69,7 @@ QString DesignerSession::title() const
 void DesignerSession::load(const Design &design, const QString &fileName, bool saved)
 {
     m_fileName = fileName;
+    m_firstPlace = 1;
     m_copied = design;
     m_editor.load(design, saved);
     Q_EMIT titleChanged();
@@ -168,6 +167,8 @@ bool DesignerSession::finishSaving(const QString &file)
         return false;
     }
     m_fileName = file;
+    if (m_firstPlace > 1)
+        setFirstPlace(m_firstPlace);
     m_files.dropCopy();
     m_editor.markSaved();
     Q_EMIT titleChanged();
@@ -212,58 +213,34 @@ bool DesignerSession::recover()
 
 void DesignerSession::setRows(const std::vector<LabelRow> &rows)
 {
-    QStringList bound;
-    for (const TextElement &text : m_editor.layout().texts)
-        if (!text.field.isEmpty() && !bound.contains(text.field))
-            bound += text.field;
-    m_rows = rows;
-    m_row = 0;
-    readFields(m_program, m_program.clock.now().date(), bound, m_rows);
+    m_samples.set(rows);
+    m_samples.readFor(m_editor.layout());
     Q_EMIT rowChanged();
 }
 
 void DesignerSession::stepRow(int by)
 {
-    if (m_rows.empty())
-        return;
-    const auto count = static_cast<std::ptrdiff_t>(m_rows.size());
-    m_row = static_cast<std::size_t>((static_cast<std::ptrdiff_t>(m_row) + by + count) % count);
+    m_samples.step(by);
     Q_EMIT rowChanged();
-}
-
-LabelRow DesignerSession::row() const
-{
-    return m_rows.empty() ? sampleRow() : m_rows[m_row];
 }
 
 PrintJob DesignerSession::printJob() const
 {
-    return makePrintJob(m_editor.layout(), m_rows.empty() ? std::vector{sampleRow()} : m_rows);
+    PrintJob job = makePrintJob(m_editor.layout(), m_samples.all(m_editor.layout()));
+    job.firstPlace = m_firstPlace;
+    return job;
 }
 
-QString DesignerSession::rowText() const
+qint64 DesignerSession::places() const
 {
-    if (m_rows.empty())
-        return u"Örnek değerler"_s;
-    return u"%1 / %2"_s.arg(amount::whole(static_cast<qint64>(m_row) + 1),
-                            amount::whole(static_cast<qint64>(m_rows.size())));
+    return std::max<qint64>(makePrintJob(m_editor.layout(), {}).grid.places(), 1);
 }
 
-/// What a shop's label may show, and the sample number of the first barcode.
-LabelRow DesignerSession::sampleRow() const
+void DesignerSession::setFirstPlace(qint64 place)
 {
-    LabelRow row;
-    for (const LabelField &field : labelFields())
-        row.fields.insert(field.name, field.sample);
-    row.stockCode = row.fields.take(u"Stok Kodu"_s);
-    row.stockName = row.fields.take(u"Stok Adı"_s);
-    row.price = row.fields.take(u"Fiyat"_s);
-    row.barcode = row.fields.take(u"Barkod"_s);
-    row.unit = row.fields.value(u"Birim"_s);
-    const auto &barcodes = m_editor.layout().barcodes;
-    if (!barcodes.empty() && !barcodes.front().sample.isEmpty())
-        row.barcode = barcodes.front().sample;
-    return row;
+    m_firstPlace = std::max<qint64>(place, 1);
+    if (!m_fileName.isEmpty())
+        PrintMemory(m_program.keys, m_program.directory()).setNextPlace(m_fileName, m_firstPlace);
 }
 
 std::vector<LabelSheet> DesignerSession::sheets() const
@@ -289,6 +266,8 @@ const PrinterSheet &DesignerSession::sheetOf(const LabelLayout &layout)
     m_sheetPrinter = layout.printer;
     m_sheetSetup = setup;
     m_sheet = {};
+    m_sheet.calibration =
+        PrintMemory(m_program.keys, m_program.directory()).calibration(layout.printer);
     try {
         const auto document = m_program.printers.open(layout.printer, setup);
         if (!document)
@@ -302,28 +281,69 @@ const PrinterSheet &DesignerSession::sheetOf(const LabelLayout &layout)
     return m_sheet;
 }
 
+QString DesignerSession::calibrationText(const LabelLayout &layout)
+{
+    const Calibration set = sheetOf(layout).calibration;
+    return set.isNone()
+               ? u"Yazıcı ayarı: yapılmamış"_s
+               : u"Yazıcı ayarı: sağa %1 mm, aşağı %2 mm, ölçek %%3"_s.arg(
+                     amount::plain(set.x), amount::plain(set.y), amount::plain(set.scale * 100));
+}
+
+void DesignerSession::printerWasSet()
+{
+    m_sheetPrinter.clear(); // ask anew
+    Q_EMIT printerChanged(sheetOf(m_editor.layout()));
+    m_lookTimer.start();
+}
+
 void DesignerSession::look()
 {
+    m_program.handle([this] { // a text was bound to something that was not read yet
+        if (m_samples.readFor(m_editor.layout()))
+            Q_EMIT rowChanged();
+    });
     const PrinterSheet before = m_sheet;
     const PrinterSheet &sheet = sheetOf(m_editor.layout());
     if (sheet.dpi != before.dpi || sheet.unprintable != before.unprintable)
         Q_EMIT printerChanged(sheet);
-    m_notices = m_checks.look(m_editor.design(), row(), {sheet.dpi, {}, m_pictures.path(), {}});
+    const QRectF page(QPointF(), makePrintJob(m_editor.layout(), {}).paper);
+    m_notices = m_checks.look(m_editor.design(), row(),
+                              {.dpi = sheet.dpi,
+                               .area = page.marginsRemoved(sheet.unprintable).size(),
+                               .pictures = m_pictures.path(),
+                               .calibration = sheet.calibration});
     Q_EMIT noticesChanged();
+}
+
+QString DesignerSession::overview()
+{
+    const LabelLayout &layout = m_editor.layout();
+    const QSizeF label = m_editor.labelSize();
+    return u"Etiket: %1 × %2 mm\nKâğıt: %3 × %4 mm, %5 × %6 etiket\nYazıcı: %7, %8 nokta/inç\n%9"_s
+        .arg(amount::plain(label.width()), amount::plain(label.height()), layout.paperWidth,
+             layout.paperHeight, layout.across, layout.down, layout.printer,
+             amount::whole(qRound(printerDpi())), calibrationText(layout));
+}
+
+bool DesignerSession::canMakeReadable()
+{
+    for (const LabelRef ref : m_editor.changeable()) {
+        if (ref.kind != ElementKind::barcode)
+            continue;
+        const BarcodeElement &bars = m_editor.layout().barcodes[ref.index];
+        const LabelBox least = readableBox(bars, row().barcode, printerDpi(), m_editor.labelSize());
+        if (least.width > bars.box.width || least.height > bars.box.height)
+            return true;
+    }
+    return false;
 }
 
 void DesignerSession::makeReadable()
 {
     const QString number = row().barcode;
-    const auto symbol = ean::encode(ean::bySize(number, ean::Symbology::ean13), number);
-    if (!symbol)
-        return;
-    const double dpi = sheetOf(m_editor.layout()).dpi.width();
     m_editor.changeEach<BarcodeElement>(u"Okunur boy"_s, 0, [&](BarcodeElement &bars) {
-        const QSizeF least = smallestBox(*symbol, bars.font, dpi);
-        // Rounded up: a tenth less and the bars would be one dot narrower.
-        bars.box.width = std::max(bars.box.width, tenth(least.width() + 0.05));
-        bars.box.height = std::max(bars.box.height, tenth(least.height() + 0.05));
+        bars.box = readableBox(bars, number, printerDpi(), m_editor.labelSize());
     });
 }
 

@@ -6,6 +6,7 @@
 #include "labels/designer/design_files.h"
 #include "labels/designer/picture_folder.h"
 #include "labels/designer/printer_sheet.h"
+#include "labels/designer/sample_rows.h"
 #include "labels/layout/label_sheets.h"
 #include "labels/print/print_job.h"
 
@@ -55,22 +56,36 @@ public:
     QStringList printers() const { return m_program.printers.names(); }
     QList<PrinterPaper> papers(const QString &printer) const;
     const PrinterSheet &sheetOf(const LabelLayout &layout);
+    /// How a printer is made to hit the paper, in words.
+    QString calibrationText(const LabelLayout &layout);
+    /// The printer was calibrated anew.
+    void printerWasSet();
     /// Tells the user why something typed is not taken.
     void refuse(const QString &problem) { m_program.caution(problem); }
 
     /// What the user should know of the elements before printing.
     const std::vector<DesignNotice> &notices() const { return m_notices; }
-    /// Makes the selected barcodes as large as a scanner needs them.
+    /// Label, paper and printer in a few lines.
+    QString overview();
+    /// Whether selected barcodes can be made as large as a scanner needs them, and that done.
+    bool canMakeReadable();
     void makeReadable();
 
     /// The stocks whose values bound texts and barcodes show; an empty list shows samples. Reads
     /// what bound texts need beyond the rows; throws HostError.
     void setRows(const std::vector<LabelRow> &rows);
     void stepRow(int by);
-    LabelRow row() const;
+    LabelRow row() const { return m_samples.current(m_editor.layout()); }
+    QString rowText() const { return m_samples.place(); } ///< which of how many, for the user
     /// The layout with the rows that are shown, ready to be printed.
     PrintJob printJob() const;
-    QString rowText() const; ///< which of how many, for the user
+    /// The place at which the sheet in the printer goes on. It belongs to the sheet, not to the
+    /// layout: it is not undone, and the print dialog offers it.
+    qint64 firstPlace() const { return m_firstPlace; }
+    void setFirstPlace(qint64 place);
+    qint64 places() const; ///< of a sheet, 1 where that cannot be counted
+    /// The stock card's columns, which texts can be bound to beside the named fields.
+    const QStringList &columns() { return m_samples.columns(); }
 
 Q_SIGNALS:
     void titleChanged();
@@ -88,7 +103,7 @@ private:
     bool refusedName(const QString &name);
     bool finishSaving(const QString &fileName);
 
-    LabelRow sampleRow() const;
+    double printerDpi() { return sheetOf(m_editor.layout()).dpi.width(); }
     void look();
 
     Program &m_program;
@@ -97,8 +112,8 @@ private:
     DesignEditor m_editor;
     QString m_fileName;
     std::function<void()> m_then;
-    std::vector<LabelRow> m_rows;
-    std::size_t m_row = 0;
+    SampleRows m_samples;
+    qint64 m_firstPlace = 1;
     Design m_copied; ///< as the copy beside has it
     QTimer m_copyTimer;
     DesignChecks m_checks;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "paper/calibration.h"
+
 #include <QMarginsF>
 #include <QSizeF>
 
@@ -8,4 +10,5 @@ struct PrinterSheet
 {
     QSizeF dpi{600, 600};  ///< dots per inch, across and down
     QMarginsF unprintable; ///< mm at the edges
+    Calibration calibration;
 };

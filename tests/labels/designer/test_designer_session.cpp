@@ -80,7 +80,8 @@ TEST_F(DesignerSessionTest, SavesUnderANameAndOpensTheSameAgain)
 // Layouts from elsewhere keep every key they have, opaque numbers too.
 TEST_F(DesignerSessionTest, ALayoutOpenedAndSavedUnchangedKeepsItsBytes)
 {
-    for (const QString &name : {u"Raf 3x8.ayr"_s, u"Dört Yön.ayr"_s, u"65li A4 EAN8.ayr"_s}) {
+    for (const QString &name :
+         {u"Raf 3x8.ayr"_s, u"Raf Etiketi.ayr"_s, u"Dört Yön.ayr"_s, u"65li A4 EAN8.ayr"_s}) {
         const QByteArray bytes = readFile(sourcePath("/demo/ayar/") + name);
         writeFile(path(name), bytes);
         ASSERT_TRUE(session->ac(name));

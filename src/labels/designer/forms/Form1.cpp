@@ -21,7 +21,9 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMimeData>
+#include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -29,7 +31,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPanelWidth = 350;
 constexpr int kStatusTime = 8000; ///< milliseconds
 
 } // namespace
@@ -78,7 +79,7 @@ void Form1::buildPage()
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setMinimumWidth(kPanelWidth);
+    area->setMinimumWidth(m_panel->minimumWidth() + area->verticalScrollBar()->sizeHint().width());
     auto *splitter = new QSplitter;
     splitter->addWidget(page);
     splitter->addWidget(area);
@@ -158,18 +159,17 @@ void Form1::showRow()
     m_samples->showRow(m_session.rowText(), m_session.row().stockName);
 }
 
-/// On the canvas all of them, in the panel those of the selection.
+/// On the canvas all of them, in the panel those of the selection, or all while there is none.
 void Form1::showNotices()
 {
     QStringList texts;
-    bool bars = false;
+    const RefSet &selected = m_session.editor().selection();
     for (const DesignNotice &notice : m_session.notices())
-        if (m_session.editor().selection().contains(notice.ref)) {
+        if (selected.isEmpty() || selected.contains(notice.ref))
             texts += notice.text;
-            bars = bars || notice.ref.kind == ElementKind::barcode;
-        }
+    texts.removeDuplicates();
     m_canvas->setNotices(m_session.notices());
-    m_panel->showNotice(texts.join(u'\n'), bars);
+    m_panel->showNotice(texts.join(u'\n'), m_session.canMakeReadable());
 }
 
 void Form1::run(Command command)
@@ -196,7 +196,7 @@ bool Form1::runWindow(Command command)
         Q_EMIT saveAsWanted();
         return true;
     case Command::pageSetup:
-        openModal(new PageSetup(m_session, this));
+        setUpPage();
         return true;
     case Command::sheetView:
         openModal(new SheetView(m_session, this));
@@ -248,8 +248,17 @@ bool Form1::runWindow(Command command)
 void Form1::openModal(QDialog *dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (!dialog->testAttribute(Qt::WA_Resized)) // else a small screen shows two thirds of it
+        dialog->resize(dialog->sizeHint().boundedTo(screen()->availableSize()));
     connect(dialog, &QObject::destroyed, m_canvas, qOverload<>(&QWidget::setFocus));
     dialog->open();
+}
+
+void Form1::setUpPage()
+{
+    auto *dialog = new PageSetup(m_session, this);
+    connect(dialog, &PageSetup::calibrationWanted, this, &Form1::calibrationWanted);
+    openModal(dialog);
 }
 
 void Form1::showProperties(bool fresh)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "labels/designer/designer_commands.h"
+#include "labels/layout/label_layout.h"
 
 #include <QMainWindow>
 
@@ -32,6 +33,8 @@ Q_SIGNALS:
     /// A stock is searched, the print queue is to be stepped through.
     void stockWanted(const QString &text);
     void queueWanted();
+    /// A printer is to be made to hit the paper.
+    void calibrationWanted(const LabelLayout &layout);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -50,6 +53,7 @@ private:
     void showProperties(bool fresh);
     void paste();
     void openModal(QDialog *dialog);
+    void setUpPage();
 
     DesignerSession &m_session;
     DesignerActions *m_actions = nullptr;

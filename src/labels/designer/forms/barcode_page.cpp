@@ -1,7 +1,8 @@
 #include "labels/designer/forms/barcode_page.h"
 
-#include "labels/designer/design_editor.h"
+#include "labels/designer/designer_session.h"
 #include "labels/designer/forms/font_row.h"
+#include "labels/designer/readable_bars.h"
 #include "ui_barcode_page.h"
 
 using namespace Qt::StringLiterals;
@@ -12,8 +13,9 @@ constexpr int kMergeSample = 41;
 
 } // namespace
 
-BarcodePage::BarcodePage(DesignEditor &editor, QWidget *parent)
-    : QWidget(parent), m_editor(editor), m_ui(std::make_unique<Ui::BarcodePage>())
+BarcodePage::BarcodePage(DesignerSession &session, QWidget *parent)
+    : QWidget(parent), m_session(session), m_editor(session.editor()),
+      m_ui(std::make_unique<Ui::BarcodePage>())
 {
     m_ui->setupUi(this);
     auto *row = new FontRow(
@@ -62,6 +64,7 @@ void BarcodePage::showSelection()
     const QString sample = same(&BarcodeElement::sample) ? all.front()->sample : QString();
     if (m_ui->sample->text() != sample)
         m_ui->sample->setText(sample);
+    m_ui->sizes->setText(smallestSizes(*all.front(), m_session.row().barcode));
     m_ui->colour->showColour(same(&BarcodeElement::colour) ? std::optional(all.front()->colour)
                                                            : std::nullopt);
 }

@@ -5,6 +5,7 @@
 #include <memory>
 
 class DesignEditor;
+class DesignerSession;
 
 namespace Ui {
 class BarcodePage;
@@ -16,14 +17,15 @@ class BarcodePage final : public QWidget
     Q_OBJECT
 
 public:
-    /// `editor` is kept by reference.
-    explicit BarcodePage(DesignEditor &editor, QWidget *parent = nullptr);
+    /// `session` is kept by reference.
+    explicit BarcodePage(DesignerSession &session, QWidget *parent = nullptr);
     ~BarcodePage() override;
 
     void showSelection();
     void enter();
 
 private:
+    DesignerSession &m_session;
     DesignEditor &m_editor;
     std::unique_ptr<Ui::BarcodePage> m_ui;
 };

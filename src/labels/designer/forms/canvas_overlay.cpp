@@ -255,7 +255,7 @@ void paintNotices(QPainter &painter, const OverlayLook &look)
     painter.setFont(font);
     for (const DesignNotice &notice : look.notices) {
         const LabelRef ref = notice.ref;
-        if (!hasElement(look.editor.layout(), ref))
+        if (notice.light || !hasElement(look.editor.layout(), ref))
             continue;
         const QRectF box = look.view.toPixels(rectangle(boxOf(look.editor.layout(), ref)));
         const QPointF at = box.topRight();

@@ -12,6 +12,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +24,8 @@ constexpr double kFitMargin = 28;  ///< pixels around a fitted label
 constexpr double kScrollRoom = 60; ///< pixels beyond the sheet that can be scrolled to
 constexpr double kInkBeyond = 1;   ///< mm by which slanted letters stand out of their boxes
 constexpr int kWheelNotch = 120;
+constexpr int kScrollEvery = 30;   ///< milliseconds, while something is dragged out of the window
+constexpr double kScrollMost = 25; ///< pixels at a time
 
 Qt::CursorShape cursorOf(PointerShape shape)
 {
@@ -57,6 +60,7 @@ DesignCanvas::DesignCanvas(DesignEditor &editor, const QString &pictures, QWidge
     connect(&editor, &DesignEditor::selectionChanged, viewport(), qOverload<>(&QWidget::update));
     connect(&editor, &DesignEditor::overlayChanged, viewport(), qOverload<>(&QWidget::update));
     connect(&editor, &DesignEditor::pageChanged, this, [this] { showChange(content()); });
+    connect(&m_scrollTimer, &QTimer::timeout, this, &DesignCanvas::scrollWhileDragging);
     rebuild();
 }
 
@@ -221,13 +225,35 @@ void DesignCanvas::mouseMoveEvent(QMouseEvent *event)
         viewMoved();
     } else if (event->buttons().testFlag(Qt::LeftButton)) {
         m_editor.move(at);
+        m_dragged = {event->position(), event->modifiers()};
+        if (!viewport()->rect().contains(event->position().toPoint()))
+            m_scrollTimer.start(kScrollEvery);
     }
     showShape(at);
     Q_EMIT pointerMoved(at.mm);
 }
 
+/// What is dragged out of the window takes the page along, faster the farther out.
+void DesignCanvas::scrollWhileDragging()
+{
+    const auto beyond = [](double at, double room) {
+        return std::clamp(at < 0 ? at : std::max(at - room, 0.0), -kScrollMost, kScrollMost);
+    };
+    const QPointF out(beyond(m_dragged.at.x(), viewport()->width()),
+                      beyond(m_dragged.at.y(), viewport()->height()));
+    if (out.isNull()) {
+        m_scrollTimer.stop();
+        return;
+    }
+    m_fitted = false;
+    m_view.pan(-out);
+    viewMoved();
+    m_editor.move(pointerAt(m_dragged.at, m_dragged.modifiers));
+}
+
 void DesignCanvas::mouseReleaseEvent(QMouseEvent *event)
 {
+    m_scrollTimer.stop();
     if (m_panned)
         m_panned.reset();
     else if (event->button() == Qt::LeftButton)

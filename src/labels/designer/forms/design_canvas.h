@@ -9,6 +9,7 @@
 #include <QAbstractScrollArea>
 #include <QMarginsF>
 #include <QPixmap>
+#include <QTimer>
 
 /// The page on which a label is drawn: the label with its sheet around it, painted by the print
 /// engine, and over it handles, guides and what is being dragged.
@@ -68,6 +69,7 @@ private:
     QRectF content() const;
     void showShape(const PointerAt &at);
     bool arrowKey(const QKeyEvent &event);
+    void scrollWhileDragging();
     void fillBase(const QRegion &exposed);
     QString noticeAt(QPointF pixels) const;
 
@@ -84,4 +86,10 @@ private:
     bool m_settingBars = false;
     bool m_spaceHeld = false;
     std::optional<QPointF> m_panned; ///< where the page was grasped last, pixels
+    struct
+    {
+        QPointF at; ///< pixels
+        Qt::KeyboardModifiers modifiers;
+    } m_dragged; ///< the mouse, while something is dragged
+    QTimer m_scrollTimer;
 };

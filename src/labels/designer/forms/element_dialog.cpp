@@ -25,10 +25,10 @@ ElementDialog::ElementDialog(DesignerSession &session, bool fresh, QWidget *pare
         take(new PicturePage(editor, session.pictures()), u"Resim"_s);
         break;
     case ElementKind::barcode:
-        take(new BarcodePage(editor), u"Barkod"_s);
+        take(new BarcodePage(session), u"Barkod"_s);
         break;
     default:
-        take(new TextPage(editor), u"Metin"_s);
+        take(new TextPage(session), u"Metin"_s);
     }
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(u"&Tamam"_s);

@@ -10,12 +10,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kNarrowest = 86; ///< pixels, for "−123,4 mm"
+
+} // namespace
+
 LengthBox::LengthBox(QWidget *parent) : QDoubleSpinBox(parent)
 {
     setDecimals(1);
     setSingleStep(0.1);
     setRange(-1000, 1000);
     setSuffix(u" mm"_s);
+    setMinimumWidth(kNarrowest);
     setKeyboardTracking(false);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     connect(this, &QDoubleSpinBox::valueChanged, this, [this](double mm) {

@@ -7,10 +7,13 @@
 #include "labels/designer/page_values.h"
 #include "ui_page_setup.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kMostPlaces = 2000;
 constexpr int kOwnSize = 256; ///< Windows paper number of sizes that have none
 const QString kPortrait = u"1"_s;
 const QString kLandscape = u"2"_s;
@@ -26,6 +29,8 @@ PageSetup::PageSetup(DesignerSession &session, QWidget *parent)
     fillPapers();
     fillQualities();
     fillSheets();
+    m_ui->yer->setMaximum(static_cast<int>(std::min<qint64>(session.places(), kMostPlaces)));
+    m_ui->yer->setValue(static_cast<int>(session.firstPlace()));
     showValues();
     connectBoxes();
     connectChoices();
@@ -124,6 +129,12 @@ void PageSetup::connectChoices()
     connect(m_ui->yatay, &QRadioButton::clicked, this, [this] { turnPaper(kLandscape); });
     connect(m_ui->hazir, &QComboBox::activated, this, &PageSetup::chooseSheet);
     connect(m_ui->olc, &QPushButton::clicked, this, &PageSetup::measure);
+    connect(m_ui->ayar, &QPushButton::clicked, this,
+            [this] { Q_EMIT calibrationWanted(m_design.layout); });
+    connect(&m_session, &DesignerSession::printerChanged, this, &PageSetup::showSheet);
+    connect(m_ui->yer, &QSpinBox::valueChanged, this, &PageSetup::showSheet);
+    connect(m_ui->resim, &SheetPicture::placeChosen, m_ui->yer,
+            [this](qint64 place) { m_ui->yer->setValue(static_cast<int>(place)); });
     connect(m_ui->tamam, &QPushButton::clicked, this, &PageSetup::take);
     connect(m_ui->vazgec, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -180,7 +191,12 @@ void PageSetup::showValues()
 void PageSetup::showSheet()
 {
     m_unprintable = m_session.sheetOf(m_design.layout).unprintable;
-    m_ui->resim->show(sheetAround(m_design, m_unprintable));
+    const SheetAround sheet = sheetAround(m_design, m_unprintable);
+    m_ui->yer->setMaximum(static_cast<int>(sheet.cells.size()));
+    m_ui->resim->show(sheet, m_ui->yer->value());
+    // One that is away stands in the list with a remark.
+    m_ui->ayar->setEnabled(m_ui->yazici->currentText() == m_ui->yazici->currentData().toString());
+    m_ui->ayar->setToolTip(m_session.calibrationText(m_design.layout));
     m_ui->sorun->setText(pageProblem(m_design));
 }
 
@@ -200,5 +216,6 @@ void PageSetup::take()
         design.layout.barcodes = std::move(elements.barcodes);
         design.layout.texts = std::move(elements.texts);
     });
+    m_session.setFirstPlace(m_ui->yer->value());
     accept();
 }

@@ -27,6 +27,10 @@ public:
     explicit PageSetup(DesignerSession &session, QWidget *parent = nullptr);
     ~PageSetup() override;
 
+Q_SIGNALS:
+    /// The printer of this layout is to be made to hit the paper.
+    void calibrationWanted(const LabelLayout &layout);
+
 private:
     struct TextBox
     {

@@ -39,9 +39,9 @@ QString kindName(ElementKind kind)
 } // namespace
 
 PropertyPanel::PropertyPanel(DesignerSession &session, QWidget *parent)
-    : QWidget(parent), m_session(session), m_head(new QLabel),
-      m_geometry(new GeometryPage(session.editor())), m_text(new TextPage(session.editor())),
-      m_barcode(new BarcodePage(session.editor())),
+    : QWidget(parent), m_session(session), m_head(new QLabel), m_overview(new QLabel),
+      m_geometry(new GeometryPage(session.editor())), m_text(new TextPage(session)),
+      m_barcode(new BarcodePage(session)),
       m_picture(new PicturePage(session.editor(), session.pictures())), m_notice(new QLabel),
       m_fix(new QPushButton(u"&Okunur boya getir"_s))
 {
@@ -54,6 +54,10 @@ PropertyPanel::PropertyPanel(DesignerSession &session, QWidget *parent)
     m_head->setWordWrap(true);
     m_head->setObjectName(u"head"_s);
     column->addWidget(m_head);
+    m_overview->setObjectName(u"overview"_s);
+    m_overview->setTextFormat(Qt::PlainText);
+    m_overview->setWordWrap(true);
+    column->addWidget(m_overview);
     m_geometryGroup = group(u"Konum ve boyut"_s, m_geometry);
     m_textGroup = group(u"Metin"_s, m_text);
     m_barcodeGroup = group(u"Barkod"_s, m_barcode);
@@ -65,6 +69,10 @@ PropertyPanel::PropertyPanel(DesignerSession &session, QWidget *parent)
     m_fix->setObjectName(u"fix"_s);
     column->addWidget(m_fix);
     column->addStretch();
+    int widest = 0; // of the pages, of which one shows at a time
+    for (const QGroupBox *box : {m_geometryGroup, m_textGroup, m_barcodeGroup, m_pictureGroup})
+        widest = std::max(widest, box->minimumSizeHint().width());
+    setMinimumWidth(widest + column->contentsMargins().left() + column->contentsMargins().right());
     connect(m_fix, &QPushButton::clicked, this, &PropertyPanel::fixWanted);
     connect(&session.editor(), &DesignEditor::selectionChanged, this,
             &PropertyPanel::showSelection);
@@ -89,7 +97,7 @@ void PropertyPanel::showSelection()
     const RefSet &refs = editor.selection();
     const bool free = !editor.changeable().isEmpty();
     if (refs.isEmpty())
-        m_head->setText(u"Öge seçili değil"_s);
+        m_head->setText(u"Tasarım"_s);
     else if (refs.size() == 1)
         m_head->setText(u"%1 %2%3"_s.arg(kindName(refs.front().kind))
                             .arg(refs.front().index + 1)
@@ -103,6 +111,7 @@ void PropertyPanel::showSelection()
         if (on)
             page->showSelection();
     };
+    m_overview->setVisible(refs.isEmpty());
     show(m_geometryGroup, !refs.isEmpty(), m_geometry);
     show(m_textGroup, allOf(refs, ElementKind::text), m_text);
     show(m_barcodeGroup, allOf(refs, ElementKind::barcode), m_barcode);
@@ -111,6 +120,8 @@ void PropertyPanel::showSelection()
 
 void PropertyPanel::showNotice(const QString &text, bool fixable)
 {
+    if (m_session.editor().selection().isEmpty())
+        m_overview->setText(m_session.overview());
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
     m_fix->setVisible(fixable);

@@ -24,7 +24,7 @@ public:
 
     /// Takes the keyboard.
     void enter();
-    /// What is to be said of the selected elements; "" hides it.
+    /// What is to be said of the selected elements, or of all when none is; "" hides it.
     void showNotice(const QString &text, bool fixable);
 
 Q_SIGNALS:
@@ -42,6 +42,7 @@ private:
 
     DesignerSession &m_session;
     QLabel *m_head;
+    QLabel *m_overview; ///< of the whole design, while nothing is selected
     GeometryPage *m_geometry;
     TextPage *m_text;
     BarcodePage *m_barcode;

@@ -18,7 +18,7 @@ SampleBar::SampleBar(QWidget *parent)
     label->setBuddy(m_search);
     m_search->setObjectName(u"ornek"_s);
     m_search->setPlaceholderText(u"ad, kod ya da barkod yazıp Enter'a basın (F3)"_s);
-    m_search->setMinimumWidth(140);
+    m_search->setMinimumWidth(90);
     m_search->setClearButtonEnabled(true);
     m_place->setObjectName(u"ornekYeri"_s);
     m_name->setObjectName(u"ornekAdi"_s);

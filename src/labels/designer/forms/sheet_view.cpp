@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSpinBox>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -21,6 +22,7 @@ namespace {
 constexpr double kLeastDpi = 20;
 constexpr double kMostDpi = 300;
 constexpr double kStep = 1.25;
+constexpr qint64 kMostPlaces = 500; ///< of a sheet whose places one can still count
 
 } // namespace
 
@@ -48,8 +50,24 @@ SheetView::SheetView(DesignerSession &session, QWidget *parent)
     button(u"&Yaklaş"_s, [this] { setZoom((m_dpi > 0 ? m_dpi : fittingDpi()) * kStep); });
     button(u"&Uzaklaş"_s, [this] { setZoom((m_dpi > 0 ? m_dpi : fittingDpi()) / kStep); });
     buttons->addStretch();
+    const qint64 places = session.places();
+    if (places > 1 && places <= kMostPlaces) {
+        auto *label = new QLabel(u"İlk &etiketin yeri:"_s);
+        auto *place = new QSpinBox;
+        place->setObjectName(u"yer"_s);
+        place->setRange(1, static_cast<int>(places));
+        place->setValue(static_cast<int>(session.firstPlace()));
+        label->setBuddy(place);
+        buttons->addWidget(label);
+        buttons->addWidget(place);
+        connect(place, &QSpinBox::valueChanged, this, [this](int value) {
+            m_session.setFirstPlace(value);
+            paintPage();
+        });
+    }
     button(u"&Kapat"_s, [this] { accept(); })->setDefault(true);
     auto *column = new QVBoxLayout(this);
+    column->addWidget(new QLabel(session.calibrationText(session.editor().layout())));
     column->addWidget(m_area, 1);
     column->addLayout(buttons);
     resize(QSize(760, 680).boundedTo(this->screen()->availableSize() * 9 / 10));

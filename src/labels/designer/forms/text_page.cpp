@@ -1,6 +1,6 @@
 #include "labels/designer/forms/text_page.h"
 
-#include "labels/designer/design_editor.h"
+#include "labels/designer/designer_session.h"
 #include "labels/designer/forms/font_row.h"
 #include "labels/print/label_fields.h"
 #include "ui_text_page.h"
@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMergeCaption = 31;
+constexpr int kShownFields = 20;
 
 const std::pair<double, QString> kAngles[] = {{0, u"Düz"_s},
                                               {90, u"Aşağıdan yukarı (90°)"_s},
@@ -30,13 +31,15 @@ bool all(const QList<const TextElement *> &texts, Is is)
 
 } // namespace
 
-TextPage::TextPage(DesignEditor &editor, QWidget *parent)
-    : QWidget(parent), m_editor(editor), m_ui(std::make_unique<Ui::TextPage>())
+TextPage::TextPage(DesignerSession &session, QWidget *parent)
+    : QWidget(parent), m_session(session), m_editor(session.editor()),
+      m_ui(std::make_unique<Ui::TextPage>())
 {
     m_ui->setupUi(this);
+    m_ui->field->setMaxVisibleItems(kShownFields);
     m_ui->field->addItem(u"Serbest metin"_s);
     for (const LabelField &field : labelFields())
-        m_ui->field->addItem(field.name);
+        addField(field.name, field.source);
     for (const auto &[angle, name] : kAngles)
         m_ui->angle->addItem(name, angle);
     connectContent();
@@ -45,6 +48,24 @@ TextPage::TextPage(DesignEditor &editor, QWidget *parent)
 }
 
 TextPage::~TextPage() = default;
+
+void TextPage::addField(const QString &name, const QString &source)
+{
+    m_ui->field->addItem(name);
+    m_ui->field->setItemData(m_ui->field->count() - 1, source, Qt::ToolTipRole);
+}
+
+/// The columns are asked for when somebody edits a text, not with each window.
+void TextPage::offerColumns()
+{
+    if (m_columns == m_session.columns())
+        return;
+    m_columns = m_session.columns();
+    m_ui->field->insertSeparator(m_ui->field->count());
+    for (const QString &column : m_columns)
+        if (m_ui->field->findText(column, Qt::MatchFixedString) < 0)
+            addField(column, u"Stok kartının %1 sütunu"_s.arg(column));
+}
 
 void TextPage::enter()
 {
@@ -133,6 +154,7 @@ void TextPage::showSelection()
 
 void TextPage::showChoices(const QList<const TextElement *> &texts)
 {
+    offerColumns();
     const TextElement &first = *texts.front();
     const auto same = [&](auto TextElement::*value) {
         return all(texts, [&](const TextElement &text) { return text.*value == first.*value; });

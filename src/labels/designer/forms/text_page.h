@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 
 #include <memory>
 
 class DesignEditor;
+class DesignerSession;
 struct TextElement;
 
 namespace Ui {
@@ -17,8 +19,8 @@ class TextPage final : public QWidget
     Q_OBJECT
 
 public:
-    /// `editor` is kept by reference.
-    explicit TextPage(DesignEditor &editor, QWidget *parent = nullptr);
+    /// `session` is kept by reference.
+    explicit TextPage(DesignerSession &session, QWidget *parent = nullptr);
     ~TextPage() override;
 
     void showSelection();
@@ -32,10 +34,14 @@ private:
     void connectChoices();
     void showChoices(const QList<const TextElement *> &texts);
     void bind(int index);
+    void addField(const QString &name, const QString &source);
+    void offerColumns();
 
     template <typename Change>
     void change(const QString &what, int merge, Change each);
 
+    DesignerSession &m_session;
     DesignEditor &m_editor;
+    QStringList m_columns; ///< that the box offers
     std::unique_ptr<Ui::TextPage> m_ui;
 };
