@@ -31,7 +31,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kStatusTime = 8000; ///< milliseconds
+constexpr int kStatusTime = 8000;      ///< milliseconds
+constexpr qsizetype kMostNotices = 15; ///< are listed in the panel
 
 } // namespace
 
@@ -168,6 +169,10 @@ void Form1::showNotices()
         if (selected.isEmpty() || selected.contains(notice.ref))
             texts += notice.text;
     texts.removeDuplicates();
+    if (const qsizetype more = texts.size() - kMostNotices; more > 0) {
+        texts.resize(kMostNotices);
+        texts += u"… ve %1 uyarı daha"_s.arg(more);
+    }
     m_canvas->setNotices(m_session.notices());
     m_panel->showNotice(texts.join(u'\n'), m_session.canMakeReadable());
 }
