@@ -1,15 +1,124 @@
+#include "fakes/fake_ports.h"
 #include "labels/designer/design_checks.h"
 #include "labels/designer/designs.h"
 #include "labels/designer/readable_bars.h"
+#include "labels/designer/sheet_preview.h"
 #include "labels/print/print_desk.h"
 #include "labels/print/scannability.h"
+#include "paper/millimetres.h"
 #include "support/print_qt.h"
+
+#include <QPdfWriter>
 
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kDpi = 300;
+const QMarginsF kUnreached(3, 4, 3, 4); // mm
+
+/// A printer whose pages can be looked at.
+class ImagePrinters final : public Printers
+{
+public:
+    QStringList names() const override { return {u"PDF"_s}; }
+    std::unique_ptr<PrintDocument> open(const QString &, const PrinterSetup &setup) override
+    {
+        return std::make_unique<Document>(*this, setup.paper);
+    }
+    std::vector<QImage> pages;
+
+private:
+    class Device final : public QPdfWriter
+    {
+    public:
+        Device(ImagePrinters &printers, QSizeF paper, QIODevice *unread)
+            : QPdfWriter(unread), m_printers(printers),
+              m_size(((paper - QSizeF(6, 8)) * kDpi / kMmPerInch).toSize())
+        {
+            setResolution(qRound(kDpi));
+            newPage();
+        }
+        bool newPage() override
+        {
+            m_printers.pages.emplace_back(m_size, QImage::Format_RGB32);
+            m_printers.pages.back().fill(Qt::white);
+            return true;
+        }
+
+    protected:
+        QPaintDevice *redirected(QPoint *) const override { return &m_printers.pages.back(); }
+
+    private:
+        ImagePrinters &m_printers;
+        QSize m_size;
+    };
+    class Document final : public PrintDocument
+    {
+    public:
+        Document(ImagePrinters &printers, QSizeF paper) : m_device(printers, paper, &m_buffer)
+        {
+            m_buffer.open(QIODevice::WriteOnly);
+        }
+        QPagedPaintDevice &device() override { return m_device; }
+        void cancel() override {}
+        void finish() override {}
+
+    private:
+        QBuffer m_buffer;
+        Device m_device;
+    };
+};
+
+} // namespace
+
+TEST(DesignOutput, ThePreviewIsThePrintedPageDotByDot)
+{
+    PrintDesk desk;
+    ImagePrinters printers;
+    Program program(
+        Ports{desk.connector, desk.db, desk.keys, printers, desk.sounds, desk.clock, desk.prompt},
+        desk.directory.path());
+    QImage picture(5, 5, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    ASSERT_TRUE(picture.save(pictureFolder(desk.directory.path()) + u"/a.png"_s));
+    LabelLayout layout = PrintDesk::barcodeLayout();
+    layout.texts[0].caption = layout.texts[0].field; // what the file keeps of a bound text
+    layout.pictures = {{{46.3F, 11.7F, 9, 9}, u"a.png"_s}};
+    layout.texts.push_back(textAt({50, 3, 4, 30}, u"dönük"_s));
+    layout.texts.back().angle = 270;
+    desk.addLayout(u"raf.ayr"_s, layout);
+
+    for (const Calibration &calibration : {Calibration{}, Calibration{0.4, -0.3, 1.01}}) {
+        PrintMemory(program.keys, program.directory()).setCalibration(u"PDF"_s, calibration);
+        PrintRun run(program);
+        QObject::connect(&run, &PrintRun::problemsFound, [&] { run.answer(true); });
+        printers.pages.clear();
+        PrintRequest request{PrintMode::all, {PrintDesk::row(u"Ayran 1 L"_s, 3)}};
+        request.firstPlace = 2;
+        run.yazzzz(request, u"raf.ayr"_s);
+        ASSERT_EQ(printers.pages.size(), 1U);
+
+        PrintJob job = makePrintJob(layout, request.rows);
+        job.firstPlace = 2;
+        const QString folder = pictureFolder(desk.directory.path());
+        const QImage shown =
+            previewSheet(job, {{kDpi, kDpi}, kUnreached, calibration}, folder, kDpi);
+        const QPoint corner = toDots({kUnreached.left(), kUnreached.top()}, {kDpi, kDpi}).toPoint();
+        QImage expected = shown.copy(QRect(corner, printers.pages[0].size()));
+        // The place that is used already is grey on the screen only.
+        const auto used = [](QRgb dot) { return dot == qRgb(0xE0, 0xE4, 0xE4); };
+        for (int y = 0; y < expected.height(); ++y)
+            for (int x = 0; x < expected.width(); ++x)
+                if (used(expected.pixel(x, y)))
+                    expected.setPixel(x, y, qRgb(255, 255, 255));
+        EXPECT_TRUE(expected == printers.pages[0]);
+    }
+}
 
 TEST(DesignOutput, AnyBoxCanBeMadeReadable)
 {
