@@ -19,38 +19,52 @@ struct Table
 {
     Kind kind;
     QStringView name;
-    QStringView prefix; ///< of its columns
+    QStringView referenceColumn;
     QString ledger::Header::*reference;
-    QString ledger::Header::*number; ///< its document number, in column `numberColumn`
-    QStringView numberColumn;        ///< empty: it bears none
-    QStringView amountColumn;        ///< what tells two sales apart
+    QStringView numberColumn; ///< empty: it bears no document number
+    QString ledger::Header::*number;
+    QStringView amountColumn; ///< what tells two sales apart
 };
 constexpr std::array<Table, 7> kTables = {{
-    {Kind::stockSlip, u"STKFIS", u"STKFIS", &ledger::Header::stockReference,
-     &ledger::Header::stockNumber, u"EVRAKNO1", u"TOPNTUT"},
+    {Kind::stockSlip, u"STKFIS", u"STKFISREFNO", &ledger::Header::stockReference, u"STKFISEVRAKNO1",
+     &ledger::Header::stockNumber, u"STKFISTOPNTUT"},
     {Kind::stockMovement,
      u"STKHAR",
-     u"STKHAR",
+     u"STKHARREFNO",
      &ledger::Header::stockReference,
-     &ledger::Header::stockNumber,
      {},
-     u"TUTAR"},
-    {Kind::accountSlip, u"CARFIS", u"CARFIS", &ledger::Header::accountReference,
-     &ledger::Header::accountNumber, u"EVRAKNO1", u"BORCTOP"},
-    {Kind::invoice, u"FATFIS", u"FATFIS", &ledger::Header::invoiceReference,
-     &ledger::Header::invoiceNumber, u"EVRAKNO1", u"GENTOPLAM"},
+     &ledger::Header::stockNumber,
+     u"STKHARTUTAR"},
+    {Kind::accountSlip, u"CARFIS", u"CARFISREFNO", &ledger::Header::accountReference,
+     u"CARFISEVRAKNO1", &ledger::Header::accountNumber, u"CARFISBORCTOP"},
+    {Kind::invoice, u"FATFIS", u"FATFISREFNO", &ledger::Header::invoiceReference, u"FATFISEVRAKNO1",
+     &ledger::Header::invoiceNumber, u"FATFISGENTOPLAM"},
     {Kind::invoiceLine,
      u"FATHAR",
-     u"FATHAR",
+     u"FATHARREFNO",
      &ledger::Header::invoiceReference,
-     &ledger::Header::invoiceNumber,
      {},
-     u"TUTAR"},
-    {Kind::invoiceSummary, u"FATFISTOPLAM", u"FFT", &ledger::Header::invoiceReference,
-     &ledger::Header::invoiceNumber, u"EVRAKNO1", u"TUTAR"},
-    {Kind::accountMovement, u"CARHAR", u"CARHAR", &ledger::Header::accountReference,
-     &ledger::Header::invoiceNumber, u"EVRAKNO", u"TUTAR"},
+     &ledger::Header::invoiceNumber,
+     u"FATHARTUTAR"},
+    {Kind::invoiceSummary, u"FATFISTOPLAM", u"FFTREFNO", &ledger::Header::invoiceReference,
+     u"FFTEVRAKNO1", &ledger::Header::invoiceNumber, u"FFTTUTAR"},
+    {Kind::accountMovement, u"CARHAR", u"CARHARREFNO", &ledger::Header::accountReference,
+     u"CARHAREVRAKNO", &ledger::Header::invoiceNumber, u"CARHARTUTAR"},
 }};
+
+/// Columns of the lines of stock slip and invoice.
+struct LineColumns
+{
+    QStringView place;
+    QStringView stock;
+    QStringView quantity;
+};
+const LineColumns &lineColumns(const Record &record)
+{
+    static constexpr LineColumns stock = {u"STKHARSIRANO", u"STKHARSTKKOD", u"STKHARMIKTAR"};
+    static constexpr LineColumns invoice = {u"FATHARSIRANO", u"FATHARSTKKOD", u"FATHARMIKTAR"};
+    return record.kind == Kind::stockMovement ? stock : invoice;
+}
 
 const Table &tableOf(const Record &record)
 {
@@ -60,19 +74,14 @@ const Table &tableOf(const Record &record)
     return kTables.front();
 }
 
-QString column(const Table &table, QStringView ending)
-{
-    return table.prefix.toString() + ending.toString();
-}
-
 const SaleLine &lineOf(const LedgerSale &sale, const Record &record)
 {
     return sale.sale().lines.at(static_cast<std::size_t>(record.line) - 1);
 }
 
-QString condition(const QString &columnName, const QString &value)
+QString condition(QStringView columnName, const QString &value)
 {
-    return columnName + u"='"_s + value + u'\'';
+    return columnName.toString() + u"='"_s + value + u'\'';
 }
 
 /// The ledger keeps four decimals of money.
@@ -98,14 +107,14 @@ bool movesStock(const Record &figure)
 QString statement(const LedgerSale &sale, const Record &record)
 {
     const Table &table = tableOf(record);
-    QStringList conditions = {condition(column(table, u"REFNO"), sale.header().*table.reference)};
+    QStringList conditions = {condition(table.referenceColumn, sale.header().*table.reference)};
     if (record.line > 0) {
-        conditions += condition(column(table, u"SIRANO"), QString::number(record.line));
+        conditions += condition(lineColumns(record).place, QString::number(record.line));
         conditions +=
-            condition(column(table, u"STKKOD"), lineOf(sale, record)[SaleColumn::stockCode]);
+            condition(lineColumns(record).stock, lineOf(sale, record)[SaleColumn::stockCode]);
     }
     if (record.kind == Kind::invoiceSummary)
-        conditions += condition(column(table, u"KONU"), QString::number(record.part));
+        conditions += condition(u"FFTKONU", QString::number(record.part));
     return u"select * from %1 where "_s.arg(table.name) + conditions.join(u" AND "_s);
 }
 
@@ -113,35 +122,35 @@ QString byNumber(const LedgerSale &sale, const Record &slip)
 {
     const Table &table = tableOf(slip);
     return u"select * from %1 where "_s.arg(table.name) +
-           condition(column(table, table.numberColumn), sale.header().*table.number);
+           condition(table.numberColumn, sale.header().*table.number);
 }
 
 QString referenceIn(const Record &slip, const RecordSet &row)
 {
-    return row.text(column(tableOf(slip), u"REFNO"));
+    return row.text(tableOf(slip).referenceColumn);
 }
 
 bool isOurs(const LedgerSale &sale, const Record &record, const RecordSet &row)
 {
     const Table &table = tableOf(record);
     if (!table.numberColumn.isEmpty() &&
-        row.text(column(table, table.numberColumn)) != sale.header().*table.number)
+        row.text(table.numberColumn) != sale.header().*table.number)
         return false;
     if (record.kind == Kind::invoiceSummary) // its amounts follow from the invoice
         return true;
-    if (record.line > 0 && !same(row.number(column(table, u"MIKTAR")),
+    if (record.line > 0 && !same(row.number(lineColumns(record).quantity),
                                  pricing::valueOf(lineOf(sale, record), SaleColumn::quantity)))
         return false;
-    return same(row.number(column(table, table.amountColumn)), amountOf(sale, record));
+    return same(row.number(table.amountColumn), amountOf(sale, record));
 }
 
 QString lastMovement(const LedgerSale &sale, const Record &figure)
 {
     if (movesStock(figure))
         return u"select max(STKHARREFNO) AS TOTAL from  STKHAR where "_s +
-               condition(u"STKHARSTKKOD"_s, lineOf(sale, figure)[SaleColumn::stockCode]);
+               condition(u"STKHARSTKKOD", lineOf(sale, figure)[SaleColumn::stockCode]);
     return u"select max(CARHARREFNO) AS TOTAL from  CARHAR where "_s +
-           condition(u"CARHARCARKOD"_s, sale.header().customerCode);
+           condition(u"CARHARCARKOD", sale.header().customerCode);
 }
 
 const QString &ownMovement(const LedgerSale &sale, const Record &figure)
