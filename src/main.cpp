@@ -165,12 +165,13 @@ int run(Application &app, const Options &options, const StartTimes &times)
     ProfileKeyFile keys;
     EngineConnector host(directory, keys);
     SqliteDatabase db;
+    SqliteDatabase journal;
     SystemClock clock;
     SystemPrinters printers(directory, clock);
     SystemSounds sounds;
     WindowPrompt prompt;
     SystemAutostart autostart(directory);
-    Program program({host, db, keys, printers, sounds, clock, prompt}, directory);
+    Program program({host, db, keys, printers, sounds, clock, prompt, &journal}, directory);
     app.reportTo(&program);
     const auto gone = qScopeGuard([&app] { app.reportTo(nullptr); }); // the program ends first
     try {

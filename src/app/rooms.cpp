@@ -12,6 +12,7 @@
 #include "platform/machine/window_style.h"
 #include "sales/forms/receipt_designer.h"
 #include "sales/forms/stfatura.h"
+#include "sales/forms/till_book.h"
 #include "sales/receipt_editor.h"
 #include "shell/cls_style.h"
 #include "shell/diagnosis.h"
@@ -55,6 +56,8 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     connect(&m_start, &StartSession::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_start, &StartSession::stockListWanted, this, &Rooms::showStockList);
     m_program.reopen = [this] { m_link.reopenCompany(); };
+    if (m_program.journal)
+        m_memory = std::make_unique<TillMemory>(m_program, m_till);
     connectMenu();
     connectPrinting();
     connectDocuments();
@@ -66,10 +69,10 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
 Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
-    for (QWidget *form :
-         std::initializer_list<QWidget *>{m_baruret, m_scan, m_savedQueues, m_problems, m_yazfrm,
-                                          m_diagnosis, m_designer, m_parametre, m_login, m_baglan,
-                                          m_kakknd, m_fatura, m_fytdegisbul, m_stfatura, m_stkkart})
+    for (QWidget *form : std::initializer_list<QWidget *>{
+             m_baruret, m_scan, m_savedQueues, m_problems, m_yazfrm, m_diagnosis, m_tillBook,
+             m_designer, m_parametre, m_login, m_baglan, m_kakknd, m_fatura, m_fytdegisbul,
+             m_stfatura, m_stkkart})
         delete form;
 }
 
@@ -244,8 +247,30 @@ void Rooms::showSales()
         auto *form = new stfatura(m_till);
         giveMenu(form->menuButton());
         keepOnTop(*form, m_till.settings().liste.enust);
+        if (m_memory) {
+            const auto mark = [this, form] { form->showMark(m_memory->mark()); };
+            connect(m_memory.get(), &TillMemory::markChanged, form, mark);
+            connect(form, &stfatura::bookWanted, this, &Rooms::showTillBook);
+            mark();
+        }
         return form;
     });
+}
+
+void Rooms::showTillBook(bool incomplete)
+{
+    showForm(m_tillBook, [this] {
+        auto *form = new TillBook(*m_memory, m_till, m_stfatura);
+        form->setModal(true);
+        return form;
+    });
+    m_tillBook->open(incomplete);
+}
+
+/// The lists of a program that is to start anew wait in the journal for it.
+bool Rooms::tillMayClose()
+{
+    return !m_stfatura || (m_restart && m_memory && m_memory->park()) || m_till.mayClose();
 }
 
 /// After its settings or the receipt layout were changed.
@@ -391,9 +416,11 @@ void Rooms::end()
     if (std::exchange(m_ending, true)) // asked for again from the tray while a question is open
         return;
     m_invoices.stop();
-    const bool ends = m_desk.mayClose() && (!m_stfatura || m_till.mayClose()) && m_design.close();
+    const bool ends = m_desk.mayClose() && tillMayClose() && m_design.close();
     m_ending = false;
     if (!ends) {
+        if (m_memory)
+            m_memory->unpark();
         m_restart = false;
         return;
     }

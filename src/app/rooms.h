@@ -8,7 +8,7 @@
 #include "labels/desk/price_change_request.h"
 #include "labels/print/print_run.h"
 #include "platform/host/system_probe.h"
-#include "sales/till_session.h"
+#include "sales/journal/till_memory.h"
 #include "shell/forms/strt.h"
 #include "shell/host_link.h"
 #include "shell/start_session.h"
@@ -29,6 +29,7 @@ class parametre;
 class PrintProblems;
 class PrintProgress;
 class ReceiptDesigner;
+class TillBook;
 class stfatura;
 class stkkart;
 class yazfrm;
@@ -87,6 +88,8 @@ private:
     void connectAnew();
     void reloadTill();
     void showReceiptDesigner();
+    void showTillBook(bool incomplete);
+    bool tillMayClose();
     void showDiagnosis(const DiagnosisTarget &target, QWidget *asker);
     void connectionUnloaded();
     void end();
@@ -104,10 +107,12 @@ private:
     PriceChangeRequest m_changes;
     PrintRun m_print;
     TillSession m_till;
+    std::unique_ptr<TillMemory> m_memory; ///< null: a program without a journal
     DesignRoom m_design;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;
+    QPointer<TillBook> m_tillBook;
     QPointer<Baruret> m_baruret;
     QPointer<ShelfScanForm> m_scan;
     QPointer<SavedQueues> m_savedQueues;

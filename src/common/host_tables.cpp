@@ -56,7 +56,8 @@ std::vector<Table> makeTables()
               "STKFISEVRAKNO2 STKFISDOVTAR STKFISTOPBTUT STKFISTOPISK "
               "STKFISTOPNTUT STKFISTOPKDV STKFISTOPKTUT STKFISSEVNO "
               "STKFISOTVFLAG STKFISTOPOTUT"_s),
-        table(Database::company, u"STKHAR"_s, {{Right::insert, Use::sales}},
+        table(Database::company, u"STKHAR"_s,
+              {{Right::select, Use::sales}, {Right::insert, Use::sales}},
               u"STKHARTAR STKHARREFNO STKHARTIPI STKHARGCFLAG STKHARKAYONC "
               "STKHARKAYNAK STKHARCARKOD STKHARANADEPO STKHARSTKKOD "
               "STKHARSTKCINS STKHARSTKBRM STKHARBARKOD STKHARMIKTAR "
@@ -81,7 +82,8 @@ std::vector<Table> makeTables()
             Database::company, u"CARMIZDEGER"_s,
             {{Right::select, Use::sales}, {Right::insert, Use::sales}, {Right::update, Use::sales}},
             u"CARKOD CARYIL CARAY CARRAKTIP CARBORC CARISLTIP"_s),
-        table(Database::company, u"CARHAR"_s, {{Right::insert, Use::sales}},
+        table(Database::company, u"CARHAR"_s,
+              {{Right::select, Use::sales}, {Right::insert, Use::sales}},
               u"CARHARTAR CARHARREFNO CARHARTIPI CARHARKAYONC CARHARKAYNAK "
               "CARHARCARKOD CARHARCARUNVAN CARHARSIRANO CARHARISTIPNO "
               "CARHARISTIPKOD CARHAREVRAKNO CARHARACIKLAMA CARHARGCFLAG "
@@ -106,7 +108,8 @@ std::vector<Table> makeTables()
               "FATHARISKYTUT1 FATHARISKYTUT2 FATHARISKYTUT3 FATHARTOPLAMIND "
               "FATHARKDVMATRAH FATHARKDVTUTAR FATHARTOPLAMTUT FATHARNETTUTAR "
               "FATHARNETFIYAT FATHAROTVMATRAH FATHAROTVTUTAR FATHARACIKLAMA1"_s),
-        table(Database::company, u"FATFISTOPLAM"_s, {{Right::insert, Use::sales}},
+        table(Database::company, u"FATFISTOPLAM"_s,
+              {{Right::select, Use::sales}, {Right::insert, Use::sales}},
               u"FFTTAR FFTREFNO FFTTIPI FFTGCFLAG FFTKAYONC FFTKAYNAK "
               "FFTKDVDAHILFLAG FFTCARKOD FFTEVRAKNO1 FFTKONU FFTBASLIK "
               "FFTTUTAR FFTMATRAH FFTKDVORAN FFTVADETAR"_s),

@@ -24,6 +24,7 @@ struct Ports
     Sounds &sounds;
     Clock &clock;
     Prompt &prompt;
+    LocalDatabase *journal = nullptr; ///< of the till; none: it forgets with the program
 };
 
 /// The program-wide values, handed to every room by reference.
@@ -39,6 +40,7 @@ public:
     Sounds &sounds;
     Clock &clock;
     Prompt &prompt;
+    LocalDatabase *journal;
 
     std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
     std::unique_ptr<HostConnection> bag;    ///< company connection

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sales/sale.h"
+#include "sales/posting_log.h"
 #include "sales/sale_settings.h"
 
 #include <QStringList>
@@ -33,5 +33,7 @@ struct PostingProgress
 /// Writes a sale into the host ledger: stock slip and movements, balances, account slip, invoice,
 /// account movement, document counters. Grouping points in the sale's amounts are taken off first.
 /// Shows a message for a missing document counter; throws nothing of the host.
+PostingResult faturakaydet(Program &program, const Settings &settings, const Sale &sale,
+                           PostingProgress &progress, PostingLog &log);
 PostingResult faturakaydet(Program &program, const Settings &settings, const Sale &sale,
                            PostingProgress &progress);

@@ -18,28 +18,28 @@ QString headlineOf(const PostingResult &result)
 QString adviceOf(const PostingResult &result)
 {
     if (result.posted())
-        return u"Bu kayıtlar muhasebede tamamlanmalı. Satışı yeniden girmeyin."_s;
+        return u"Bu kayıtlar F1, Eksik satışlar sayfasından tamamlanır. Satışı yeniden girmeyin."_s;
     return result.uncertain > 0
                ? u"Yeniden kaydetmeden önce muhasebede bu kaydın bulunup bulunmadığına bakın."_s
                : u"Neden giderilince F2 ile yeniden kaydedin."_s;
 }
 
-QString textOf(const PostingReport &report, const Sale &sale)
+} // namespace
+
+QString PostingReport::paper(const Sale &sale) const
 {
     QStringList all = {u"EKSİK KALAN SATIŞ"_s, sale.moment.toString(u"dd.MM.yyyy HH:mm:ss"_s),
-                       u"Toplam: "_s + sale.totals.grand, report.headline, QString()};
-    for (qsizetype i = 0; i < report.lines.size(); ++i)
-        all += u"%1. %2"_s.arg(QString::number(i + 1), report.lines.at(i));
-    all += {QString(), report.advice, QString()};
+                       u"Toplam: "_s + sale.totals.grand, headline, QString()};
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        all += u"%1. %2"_s.arg(QString::number(i + 1), lines.at(i));
+    all += {QString(), advice, QString()};
     return all.join(u'\n');
 }
-
-} // namespace
 
 PostingReport reportOf(const PostingResult &result, const Sale &sale)
 {
     PostingReport report{
         headlineOf(result), result.counters + result.records, adviceOf(result), {}};
-    report.text = textOf(report, sale);
+    report.text = report.paper(sale);
     return report;
 }

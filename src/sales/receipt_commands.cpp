@@ -143,6 +143,8 @@ ReceiptPage drawReceipt(const ReceiptLayout &layout, const Receipt &receipt)
     ReceiptWriter writer(layout);
     writer.textBlock(layout.headerOptions, layout.headerText, layout.widths[0]);
     writer.textBlock(layout.receiptOptions, layout.aboveText, blockWidth);
+    if (receipt.copy)
+        writer.textLine(u"KOPYA"_s, blockWidth);
     writer.textLine(momentLine(sale.moment), blockWidth);
     writer.textLine(u"FIS NO: "_s + receipt.number, blockWidth);
     writer.emptyLine();

@@ -9,6 +9,7 @@ struct Receipt
 {
     Sale sale;
     QString number;
+    bool copy = false; ///< printed again: says so, that nobody takes it for a second sale
 };
 
 /// A receipt as plain values, millimetres from the upper left corner of the paper: texts, each in

@@ -451,16 +451,40 @@ void TillSession::tellEmpty(int number)
 void TillSession::postList(int number, PostingProgress &progress)
 {
     const Sale sale = capture(number);
-    const PostingResult result = faturakaydet(m_program, m_settings, sale, progress);
+    if (!m_witness->mayBegin(number))
+        return;
+    const PostingResult result = faturakaydet(m_program, m_settings, sale, progress, *m_witness);
     if (result.posted()) {
-        clearList(number);
-        at(number).showPosted(sale);
-        Q_EMIT cashChanged(number);
-        at(number).lastReceipt = nextReceipt(sale);
+        clearSold(number, sale);
+        at(number).lastReceipt = Receipt{sale, drawReceiptNumber()};
+        m_witness->numbered(at(number).lastReceipt->number);
         if (m_settings.yazici.yazdirma)
             print(*at(number).lastReceipt);
     }
     tellOutcome(number, sale, result);
+}
+
+void TillSession::clearSold(int number, const Sale &sale)
+{
+    clearList(number);
+    at(number).showPosted(sale);
+    Q_EMIT cashChanged(number);
+}
+
+void TillSession::restore(int number, const Sale &left)
+{
+    TillList &list = at(number);
+    for (const SaleLine &line : left.lines)
+        list.lines.append(line);
+    makeCurrent(number, list.lines.size() - 1);
+    hesapla(number);
+    list.setCustomer(left.customer);
+    if (left.payment == Payment::card)
+        list.setPayment(left.payment);
+    else if (left.cash != u"0,00")
+        list.setCash(left.cash);
+    Q_EMIT cashChanged(number);
+    Q_EMIT customerChanged();
 }
 
 void TillSession::clearList(int number)
@@ -473,13 +497,13 @@ void TillSession::clearList(int number)
     Q_EMIT customerChanged();
 }
 
-Receipt TillSession::nextReceipt(Sale sale)
+QString TillSession::drawReceiptNumber()
 {
     bool readable = false;
     const qlonglong last = m_layout.lastNumber.toLongLong(&readable);
     m_layout.lastNumber = QString::number(readable ? last + 1 : 1);
     receipt_store::saveNumber(m_program.files(), m_layout.lastNumber);
-    return {std::move(sale), m_layout.lastNumber};
+    return m_layout.lastNumber;
 }
 
 void TillSession::print(const Receipt &receipt)

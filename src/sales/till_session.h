@@ -6,6 +6,7 @@
 #include "sales/ledger_codes.h"
 #include "sales/notice.h"
 #include "sales/posting_report.h"
+#include "sales/posting_witness.h"
 #include "sales/till_list.h"
 
 #include <QObject>
@@ -32,6 +33,21 @@ public:
 
     explicit TillSession(Program &program, QObject *parent = nullptr);
 
+    /// Who stands beside the postings from now on; null: nobody.
+    void setWitness(PostingWitness *witness) { m_witness = witness ? witness : &m_nobody; }
+
+    /// Puts the lines of a sale into an empty list, with its cash, payment and customer.
+    void restore(int number, const Sale &left);
+
+    /// The account chosen for a list's sale; empty: the one of the settings.
+    const Customer &chosenCustomer(int number) const { return at(number).customer(); }
+
+    /// Empties a list whose sale stands in the ledger; its total and change stay on screen.
+    void clearSold(int number, const Sale &sale);
+
+    /// The number of the next receipt, drawn for good.
+    QString drawReceiptNumber();
+
     /// Reads the settings and the receipt layout; again after they were changed.
     void load();
 
@@ -45,6 +61,8 @@ public:
     int activeList() const { return m_active; }
     EntryMode entryMode() const { return m_mode; }
     const Cashier &cashier() const { return m_cashier; }
+
+    const ReceiptLayout &receiptLayout() const { return m_layout; }
 
     /// "SATIS1" to "SATIS3".
     static QString caption(int number);
@@ -169,11 +187,12 @@ private:
     void postList(int number, PostingProgress &progress);
     void tellEmpty(int number);
     void clearList(int number);
-    Receipt nextReceipt(Sale sale);
     void print(const Receipt &receipt);
     void tellOutcome(int number, const Sale &sale, const PostingResult &result);
 
     Program &m_program;
+    PostingWitness m_nobody;
+    PostingWitness *m_witness = &m_nobody;
     Settings m_settings;
     ReceiptLayout m_layout;
     ScanSounds m_sounds;

@@ -64,6 +64,8 @@ private:
     void quantityWindow(const QString &quantity, const QString &file);
     void fillSecondList();
     void postBoth();
+    void postIncompletely();
+    void showTillBook();
     void scan(const QString &code);
     void saleKey(int key);
     void writeLedger();

@@ -227,17 +227,14 @@ TEST_F(RoomsTest, WhoDoesNotWantToEndKeepsEveryForm)
     rooms.open();
     rooms.showSales();
     enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
-    for (const QString &item : {u"cikis"_s, u"sqlbag"_s}) {
-        shop.prompt.shown.clear(); // and nobody says yes
-        auto *const menu = open<stkkart>().first()->findChild<QToolButton *>(u"menuButton"_s);
-        for (QAction *action : menu->menu()->actions())
-            if (action->objectName() == item)
-                action->trigger();
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
-        QTest::qWait(20);
-        EXPECT_EQ(shop.prompt.shown.size(), 1U);
-        EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
-    }
+    auto *const menu = open<stkkart>().first()->findChild<QToolButton *>(u"menuButton"_s);
+    for (QAction *action : menu->menu()->actions())
+        if (action->objectName() == u"cikis")
+            action->trigger(); // and nobody says yes
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
+    QTest::qWait(20);
+    EXPECT_EQ(shop.prompt.shown.size(), 1U);
+    EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
 }
 
 // With a tray the program goes on without a window; whoever starts it again gets the last one back.

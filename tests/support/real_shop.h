@@ -21,8 +21,8 @@ struct RealMachine
     explicit RealMachine(const QString &directory,
                          std::chrono::milliseconds patience = OdbcEngine::kPatience)
         : host(directory, keys, patience), db(std::min(patience, kFilePatience)),
-          printers(directory, clock),
-          program(Ports{host, db, keys, printers, sounds, clock, prompt}, directory)
+          journal(std::min(patience, kFilePatience)), printers(directory, clock),
+          program(Ports{host, db, keys, printers, sounds, clock, prompt, &journal}, directory)
     {}
 
     static constexpr std::chrono::milliseconds kFilePatience{2000};
@@ -34,6 +34,7 @@ struct RealMachine
     ProfileKeyFile keys;
     EngineConnector host;
     SqliteDatabase db;
+    SqliteDatabase journal;
     SystemPrinters printers;
     RecordingSounds sounds;
     ScriptedPrompt prompt;

@@ -79,6 +79,8 @@ void stfatura::connectButtons()
     act(m_ui->button9, [this] { findItem(m_session, this); });
     act(m_ui->button7, [this] { m_session.reprint(); });
     act(m_ui->button8, [this] { m_session.sil(); });
+    connect(m_ui->bookButton, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(false); });
+    connect(m_ui->mark, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(true); });
     connect(m_ui->closeButton, &QToolButton::clicked, this, &QWidget::close);
 }
 
@@ -135,6 +137,10 @@ bool stfatura::formKey(const QKeyEvent &event)
     case Qt::Key_Escape:
         m_ui->srvadi->clear();
         break;
+    case Qt::Key_F1:
+        if (m_ui->bookButton->isVisible())
+            Q_EMIT bookWanted(m_ui->mark->isVisible());
+        return true;
     case Qt::Key_F2:
         closeSale();
         return true;
@@ -246,6 +252,13 @@ void stfatura::showSettings()
     m_ui->statusbar->showSettings(settings);
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, settings.liste.tmekran));
     m_ui->closeButton->setVisible(settings.liste.tmekran); // there is no title bar then
+}
+
+void stfatura::showMark(const QString &mark)
+{
+    m_ui->bookButton->show();
+    m_ui->mark->setText(mark);
+    m_ui->mark->setVisible(!mark.isEmpty());
 }
 
 void stfatura::showMode()

@@ -31,6 +31,12 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+    /// A till with a memory: F1 opens its book, and `mark` stands on the screen. Empty: no mark.
+    void showMark(const QString &mark);
+
+Q_SIGNALS:
+    void bookWanted(bool incomplete); ///< at its receipts, or at its incomplete sales
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -1,0 +1,158 @@
+// What the till's memory costs, with the journal as a file of this machine:
+//   scan         Enter to the priced line, with and without the journal (over_us)
+//   postSale     posting a sale of three lines, with and without the journal (percent)
+//   openOfAYear  opening a journal of 300,000 sales, and what the till reads of it first
+
+#include "big_shop.h"
+#include "platform/machine/sqlite_database.h"
+#include "sales/journal/till_memory.h"
+
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStocks = 10'000;
+constexpr int kSales = 300'000;
+
+/// A till on the embedded engine; with a memory when `remembers`.
+struct Desk
+{
+    explicit Desk(bool remembers)
+    {
+        machine.db.setRow(u"stok"_s, {{u"fiyatip"_s, u"1"_s},
+                                      {u"depo"_s, u"01"_s},
+                                      {u"carikod"_s, u"120.00.001"_s},
+                                      {u"stkfistip"_s, u"3"_s},
+                                      {u"crfistip"_s, u"4"_s}});
+        machine.db.setRow(u"yazici"_s, {{u"yazici1"_s, u"PDF"_s}, {u"yazdirma"_s, u"0"_s}});
+        machine.printers.list = QStringList{u"PDF"_s};
+        machine.program.kdvtab[1] = {QString(), u"5"_s, u"1"_s};
+        machine.program.bag = big.openCompany();
+        machine.program.journal = &journal;
+        if (remembers)
+            memory = std::make_unique<TillMemory>(machine.program, till);
+        till.load();
+    }
+
+    BigShop big{kStocks};
+    QTemporaryDir folder;
+    FakeMachine machine{folder.path()};
+    SqliteDatabase journal;
+    TillSession till{machine.program};
+    std::unique_ptr<TillMemory> memory;
+};
+
+double microseconds(qint64 nanoseconds)
+{
+    return static_cast<double>(nanoseconds) * 1e-3;
+}
+
+template <typename Act>
+qint64 timed(Act &&act)
+{
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    return timer.nsecsElapsed();
+}
+
+void scan(benchmark::State &state)
+{
+    Desk plain(false);
+    Desk remembering(true);
+    qint64 with = 0;
+    qint64 without = 0;
+    int stock = 0;
+    for (auto _ : state) {
+        const QString code = BigShop::barcode(++stock % 200);
+        without += timed([&] { plain.till.enterCode(code); });
+        const qint64 took = timed([&] { remembering.till.enterCode(code); });
+        with += took;
+        state.SetIterationTime(microseconds(took) * 1e-6);
+    }
+    state.counters["over_us"] =
+        microseconds(with - without) / static_cast<double>(state.iterations());
+}
+
+void postSale(benchmark::State &state)
+{
+    Desk plain(false);
+    Desk remembering(true);
+    qint64 with = 0;
+    qint64 without = 0;
+    for (auto _ : state) {
+        for (Desk *desk : {&plain, &remembering})
+            for (int stock = 0; stock < 3; ++stock)
+                desk->till.enterCode(BigShop::barcode(stock));
+        without += timed([&] { plain.till.post(); });
+        const qint64 took = timed([&] { remembering.till.post(); });
+        with += took;
+        state.SetIterationTime(microseconds(took) * 1e-6);
+    }
+    const double count = static_cast<double>(state.iterations());
+    state.counters["without_us"] = microseconds(without) / count;
+    state.counters["over_us"] = microseconds(with - without) / count;
+    state.counters["percent"] =
+        100.0 * static_cast<double>(with - without) / static_cast<double>(without);
+}
+
+/// A year's sales, written as quickly as SQL can.
+void fillYear(SqliteDatabase &file, QDate last)
+{
+    file.execute(u"BEGIN"_s);
+    for (int first = 0; first < kSales; first += 10'000) {
+        const QString numbers =
+            u"WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i+1 FROM n WHERE i<%2) "_s.arg(
+                QString::number(first + 1), QString::number(first + 10'000));
+        const QString day = last.toString(Qt::ISODate);
+        file.execute(
+            u"INSERT INTO satis (no,an,liste,kasiyer,brut,indirim,kdv,genel,toplamlar,odeme,"
+            "fis,fatura,durum) "_s +
+            numbers +
+            u"SELECT i, strftime('%Y-%m-%dT%H:%M:%S.000','%1',(i-%2)*105||' seconds'), 0,"
+            "'Ayşe',1000,0,10,1000,'10,00 0,10 10,00 0,00','nakit',i,'PF'||i,'tam' FROM n"_s.arg(
+                day, QString::number(kSales)));
+        file.execute(u"INSERT INTO oran "_s + numbers + u"SELECT i,'1',1000,10 FROM n"_s);
+    }
+    file.execute(u"COMMIT"_s);
+}
+
+void openOfAYear(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"kasa.dbs"_s);
+    FixedClock clock;
+    SqliteDatabase db;
+    {
+        JournalFile(db, clock, path).open();
+        db.open(path);
+        fillYear(db, clock.moment.date());
+        db.close();
+    }
+    for (auto _ : state) {
+        JournalFile file(db, clock, path);
+        file.open();
+        SaleJournal sales(file);
+        if (!file.isOpen() || sales.openCount() != 0)
+            state.SkipWithError("not open");
+    }
+    JournalFile file(db, clock, path);
+    file.open();
+    state.counters["day_us"] =
+        microseconds(timed([&] { readDays(file, clock.moment.date(), clock.moment.date()); }));
+    state.counters["year_ms"] =
+        microseconds(timed(
+            [&] { readDays(file, clock.moment.date().addDays(-365), clock.moment.date()); })) *
+        1e-3;
+}
+
+BENCHMARK(scan)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+BENCHMARK(postSale)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(200);
+BENCHMARK(openOfAYear)->Unit(benchmark::kMillisecond);
+
+} // namespace

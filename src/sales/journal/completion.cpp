@@ -1,0 +1,340 @@
+#include "sales/journal/completion.h"
+
+#include "common/amount.h"
+#include "common/program.h"
+#include "sales/journal/row_search.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+using ledger::Document;
+using ledger::LedgerSale;
+using ledger::Record;
+
+namespace {
+
+bool same(double left, double right)
+{
+    return std::abs(left - right) < 0.00005; // the ledger keeps four decimals of money
+}
+
+bool answerLost(const RecordMark &mark)
+{
+    return mark.sent == Sent::waiting || mark.sent == Sent::unknown;
+}
+
+} // namespace
+
+Completion::Completion(Program &program, JournaledSale sale, PostingLog &log)
+    : m_program(program), m_journaled(std::move(sale)), m_sale(m_journaled.inLedger()),
+      m_records(m_sale.records()), m_log(log)
+{}
+
+Completion::Result Completion::run()
+{
+    m_program.company();
+    if (m_journaled.powerCut)
+        for (const Document document : ledger::kDocuments)
+            findReference(document);
+    decideRows();
+    decideFigures();
+    m_result.reached = std::any_of(m_states.begin(), m_states.end(),
+                                   [](const auto &state) { return state.second == State::done; });
+    if (m_result.undecided || !m_result.reached)
+        return m_result;
+    for (const Document document : ledger::kDocuments) {
+        settleReference(document);
+        settleNumber(document);
+    }
+    m_log.drawn(m_sale);
+    for (const Record &record : m_records)
+        write(record);
+    for (const Document document : ledger::kDocuments)
+        advance(document);
+    return m_result;
+}
+
+RecordSet Completion::read(const QString &statement)
+{
+    return m_program.openCompany().execute(statement);
+}
+
+RecordMark *Completion::markOf(const Record &record)
+{
+    const auto found = m_journaled.marks.find(record.key());
+    return found == m_journaled.marks.end() ? nullptr : &found->second;
+}
+
+// ---- what stands in the ledger
+
+/// A power cut may have taken a reference out of the journal under which rows were written: the
+/// document is found by its number.
+void Completion::findReference(Document document)
+{
+    if (!m_sale.reference(document).isEmpty() || m_sale.drawn(document).number.isEmpty())
+        return;
+    const Record slip = LedgerSale::slipOf(document);
+    RecordSet rows = read(row_search::byNumber(m_sale, slip));
+    for (; !rows.eof(); rows.moveNext())
+        if (row_search::isOurs(m_sale, slip, rows))
+            m_sale.setReference(document, row_search::referenceIn(slip, rows));
+}
+
+void Completion::decideRows()
+{
+    for (const Record &record : m_records)
+        if (record.isRow())
+            stateOf(record) = rowState(record);
+}
+
+Completion::State Completion::rowState(const Record &row)
+{
+    const RecordMark *mark = markOf(row);
+    if (mark && mark->sent == Sent::done)
+        return State::done;
+    for (const Document document : LedgerSale::referencesOf(row))
+        if (m_sale.reference(document).isEmpty())
+            return State::missing; // was never sent
+    try {
+        return search(row);
+    } catch (const HostError &error) {
+        if (error.connectionLost())
+            throw;
+        return State::missing; // an apostrophe in its code: the row itself was refused for it too
+    }
+}
+
+Completion::State Completion::search(const Record &row)
+{
+    RecordSet rows = read(row_search::statement(m_sale, row));
+    const bool occupied = !rows.eof();
+    for (; !rows.eof(); rows.moveNext())
+        if (row_search::isOurs(m_sale, row, rows)) {
+            found(row);
+            return State::done;
+        }
+    return occupied && row.line == 0 && row.part == 0 ? State::foreign : State::missing;
+}
+
+void Completion::decideFigures()
+{
+    // From the last to the first: what a later one was reckoned from tells of those before it.
+    for (auto record = m_records.rbegin(); record != m_records.rend(); ++record)
+        if (!record->isRow())
+            stateOf(*record) = figureState(*record);
+}
+
+Completion::State Completion::figureState(const Record &figure)
+{
+    const RecordMark *mark = markOf(figure);
+    if (mark && mark->sent == Sent::done)
+        return State::done;
+    if (mark && !answerLost(*mark))
+        return State::missing;
+    if (!mark && laterRowStands(figure)) {
+        found(figure);
+        return State::done;
+    }
+    if (!mark && !m_journaled.powerCut)
+        return State::missing;
+    if (m_sale.addend(figure) == 0.0)
+        return State::missing; // raising it by nothing does no harm
+    const auto now = LedgerSale::figureIn(figure, read(m_sale.reading(figure)));
+    std::optional<bool> written;
+    if (mark)
+        written = toldByValue(figure, *mark, now);
+    if (!written && !now) // no record of the month: nothing was inserted
+        written = false;
+    if (!written)
+        return askUser(figure, *now);
+    if (*written)
+        found(figure);
+    return *written ? State::done : State::missing;
+}
+
+/// A row behind a figure is sent after it, whatever became of the figure's own answer.
+bool Completion::laterRowStands(const Record &figure)
+{
+    const auto place = std::find(m_records.begin(), m_records.end(), figure);
+    return std::any_of(place, m_records.end(), [this](const Record &record) {
+        return record.isRow() && stateOf(record) == State::done;
+    });
+}
+
+std::optional<bool> Completion::toldByLaterLine(const Record &figure, double from)
+{
+    const QString reading = m_sale.reading(figure);
+    const auto place = std::find(m_records.begin(), m_records.end(), figure);
+    for (auto later = std::next(place); later != m_records.end(); ++later) {
+        const RecordMark *mark = later->isRow() ? nullptr : markOf(*later);
+        if (!mark || !mark->from || m_sale.reading(*later) != reading)
+            continue;
+        if (same(*mark->from, from + m_sale.addend(figure)))
+            return true;
+        if (same(*mark->from, from))
+            return false;
+    }
+    return {};
+}
+
+std::optional<bool> Completion::toldByValue(const Record &figure, const RecordMark &mark,
+                                            const std::optional<double> &now)
+{
+    const double from = mark.from.value_or(0.0);
+    if (const auto told = toldByLaterLine(figure, from))
+        return told;
+    const QString &own = row_search::ownMovement(m_sale, figure);
+    const RecordSet last = read(row_search::lastMovement(m_sale, figure));
+    const bool movedSince =
+        own.isEmpty() || (!last.eof() && last.number(u"TOTAL") > own.toDouble());
+    if (movedSince)
+        return {};
+    if (now && same(*now, from + m_sale.addend(figure)))
+        return true;
+    if (now ? mark.from && same(*now, from) : !mark.from)
+        return false;
+    return {};
+}
+
+Completion::State Completion::askUser(const Record &figure, double now)
+{
+    const QString stays = amount::plain(now);
+    const QString raised = amount::plain(now + m_sale.addend(figure));
+    const Message question{
+        u"%1 tarihli, %2 tutarındaki satışın bir kaydının yanıtı alınamamıştı:\n%3\n\n"
+        "Defterde şimdi %4 var. Kayıt yazılmışsa %4 olarak kalmalı, yazılmamışsa %5 olmalı.\n\n"
+        "Bu kayıt yazılmış mı?\nEVET: %4 kalır.  HAYIR: %5 yapılır.  Esc: sonra karar verilir."_s
+            .arg(m_journaled.sale.moment.toString(u"dd.MM.yyyy HH:mm"_s),
+                 m_journaled.sale.totals.grand, m_sale.name(figure), stays, raised),
+        u"ONAY"_s, 3, 2};
+    switch (m_program.prompt.show(question)) {
+    case Answer::yes:
+        found(figure);
+        return State::done;
+    case Answer::no:
+        return State::missing;
+    default:
+        m_result.undecided = true;
+        return State::undecided;
+    }
+}
+
+/// From here on the journal knows it too, and nobody is asked again.
+void Completion::found(const Record &record)
+{
+    m_log.answered(record, Sent::done, u"defterde bulundu"_s);
+    m_journaled.marks[record.key()].sent = Sent::done;
+}
+
+// ---- numbers
+
+/// A reference that nothing was written under is drawn anew when the table has gone beyond it.
+void Completion::settleReference(Document document)
+{
+    for (const Record &record : m_records) {
+        const auto of = LedgerSale::referencesOf(record);
+        if (std::find(of.begin(), of.end(), document) != of.end() && stateOf(record) == State::done)
+            return;
+    }
+    const RecordSet highest = read(LedgerSale::highestReference(document));
+    const double last = highest.eof() ? 0.0 : highest.number(u"TOTAL");
+    const QString &reference = m_sale.reference(document);
+    if (!reference.isEmpty() && last < reference.toDouble())
+        return;
+    m_sale.setReference(document, QString::number(last + 1.0, 'f', 0));
+    for (const Record &record : m_records) {
+        const auto of = LedgerSale::referencesOf(record);
+        if (std::find(of.begin(), of.end(), document) != of.end())
+            stateOf(record) = State::missing;
+    }
+}
+
+/// So is a document number, unless its counter was advanced for this sale.
+void Completion::settleNumber(Document document)
+{
+    const auto place = static_cast<std::size_t>(document);
+    const RecordMark *advanced = markOf(LedgerSale::counterRecords().at(place));
+    if (advanced && advanced->sent == Sent::done)
+        return;
+    for (const Record &record : m_records)
+        if (LedgerSale::bearsNumber(record, document) && stateOf(record) == State::done)
+            return;
+    m_sale.setDrawn(document,
+                    LedgerSale::drawnFrom(read(ledger::counterRow(LedgerSale::counter(document)))));
+}
+
+// ---- writing
+
+void Completion::send(const Record &record, const QString &statement, std::optional<double> from)
+{
+    HostConnection &host = m_program.openCompany();
+    m_log.sending(record, statement, from);
+    m_sent = true;
+    host.execute(statement);
+    ++m_result.written;
+    m_log.answered(record, Sent::done, {});
+}
+
+/// Goes on with the next when one fails, as the posting does.
+template <typename Step>
+void Completion::step(const Record &record, Step &&body)
+{
+    m_sent = false;
+    try {
+        body();
+    } catch (const HostError &error) {
+        const bool lost = error.connectionLost();
+        m_result.connectionLost |= lost;
+        if (m_sent)
+            m_log.answered(record, lost ? Sent::unknown : Sent::refused, error.text());
+        m_result.missing += u"%1: yazılamadı (%2)"_s.arg(m_sale.name(record), error.text());
+    }
+}
+
+void Completion::write(const Record &record)
+{
+    switch (stateOf(record)) {
+    case State::done:
+        return;
+    case State::foreign:
+        m_result.missing += u"%1: kayıt numarası başka bir belgede, muhasebede düzeltilmeli"_s.arg(
+            m_sale.name(record));
+        return;
+    default:
+        break;
+    }
+    step(record, [&] {
+        if (record.isRow()) {
+            send(record, m_sale.insertion(record));
+            return;
+        }
+        const RecordSet row = read(m_sale.reading(record));
+        send(record, m_sale.raising(record, row), LedgerSale::figureIn(record, row));
+    });
+}
+
+void Completion::advance(Document document)
+{
+    const auto place = static_cast<std::size_t>(document);
+    const Record record = LedgerSale::counterRecords().at(place);
+    const RecordMark *mark = markOf(record);
+    if (mark && mark->sent == Sent::done)
+        return;
+    const ledger::Drawn &drawn = m_sale.drawn(document);
+    if (!drawn.readable) {
+        m_result.missing +=
+            u"%1 okunamamıştı: belgesi numarasız yazıldı, muhasebede numara verin"_s.arg(
+                m_sale.name(record));
+        return;
+    }
+    step(record, [&] {
+        const RecordSet row = read(ledger::counterRow(LedgerSale::counter(document)));
+        if (row.eof() || qRound64(row.number(u"EVRNO")) != drawn.value)
+            found(record); // advanced by this sale or another, or begun anew
+        else
+            send(record,
+                 ledger::advanceCounter(LedgerSale::counter(document), m_sale.nextValue(document)));
+    });
+}

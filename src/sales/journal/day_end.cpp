@@ -1,0 +1,67 @@
+#include "sales/journal/day_end.h"
+
+#include "common/program.h"
+#include "common/whole_file.h"
+#include "sales/journal/journal_file.h"
+#include "sales/journal/kurus.h"
+#include "sales/quantity.h"
+#include "sales/till_session.h"
+
+using namespace Qt::StringLiterals;
+
+DayEnd::DayEnd(Program &program, JournalFile &file, TillSession &till, QObject *parent)
+    : QObject(parent), m_program(program), m_file(file), m_till(till)
+{}
+
+QDate DayEnd::today() const
+{
+    return m_file.today();
+}
+
+void DayEnd::read(QDate from, QDate to)
+{
+    m_report = {readDays(m_file, std::min(from, to), std::max(from, to)), {}, {}, false};
+    Q_EMIT changed();
+}
+
+bool DayEnd::setCounted(const QString &typed)
+{
+    m_report.counted.reset();
+    if (!typed.trimmed().isEmpty()) {
+        const auto cash = quantity::parseCash(typed);
+        if (!cash)
+            return false;
+        m_report.counted = kurus::of(*cash);
+    }
+    return true;
+}
+
+void DayEnd::compare()
+{
+    m_program.handle([this] {
+        m_report.differences = day_report::compareWithLedger(
+            m_program, m_file, m_report.figures.from, m_report.figures.to);
+        m_report.compared = true;
+    });
+    Q_EMIT changed();
+}
+
+void DayEnd::print()
+{
+    PostingReport paper;
+    paper.text = day_report::text(m_report);
+    m_till.printReport(paper);
+}
+
+void DayEnd::savePdf(const QString &path)
+{
+    if (!day_report::writePdf(m_report, path))
+        m_program.warn(u"Dosya yazılamadı: "_s + path);
+}
+
+void DayEnd::saveCsv(const QString &path)
+{
+    const QByteArray bytes = QByteArrayLiteral("\xEF\xBB\xBF") + day_report::csv(m_report).toUtf8();
+    if (!writeWholeFile(path, bytes))
+        m_program.warn(u"Dosya yazılamadı: "_s + path);
+}

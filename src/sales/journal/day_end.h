@@ -1,0 +1,41 @@
+#pragma once
+
+#include "sales/journal/day_report.h"
+
+#include <QObject>
+
+class Program;
+class TillSession;
+
+/// The end of the day: figures of any days, counted cash, the ledger's invoices; printed and saved.
+class DayEnd final : public QObject
+{
+    Q_OBJECT
+
+public:
+    DayEnd(Program &program, JournalFile &file, TillSession &till, QObject *parent = nullptr);
+
+    const DayReport &report() const { return m_report; }
+    QDate today() const;
+
+    void read(QDate from, QDate to);
+
+    /// The typed cash; false when it is no amount. Empty: not counted.
+    bool setCounted(const QString &typed);
+
+    /// Lists what journal and ledger say differently; a ledger that cannot be read is told.
+    void compare();
+
+    void print();
+    void savePdf(const QString &path);
+    void saveCsv(const QString &path);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    Program &m_program;
+    JournalFile &m_file;
+    TillSession &m_till;
+    DayReport m_report;
+};

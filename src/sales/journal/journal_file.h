@@ -1,0 +1,77 @@
+#pragma once
+
+#include "common/clock.h"
+#include "common/host_error.h"
+#include "common/local_database.h"
+
+#include <functional>
+
+/// The file of the till's own memory, `kasa.dbs`. The till sells on without it: whatever keeps it
+/// from being read or written (damaged, locked, read-only, no room on the disk) is kept as a fault
+/// for the cashier, and nothing of it is thrown.
+///
+/// What is written survives the end of the program at once, however it ends, and a power cut from
+/// the next sync() on, or at once when it was wanted so: waiting for the disk at every scan and
+/// every statement would be felt on a slow one.
+class JournalFile
+{
+public:
+    JournalFile(LocalDatabase &db, const Clock &clock, const QString &path);
+    ~JournalFile();
+    JournalFile(const JournalFile &) = delete;
+    JournalFile &operator=(const JournalFile &) = delete;
+
+    /// Opens the file, making its tables. A damaged one is set aside under another name.
+    void open();
+    bool isOpen() const { return m_open; }
+
+    /// Why nothing is kept; empty: all is well.
+    const QString &fault() const { return m_fault; }
+
+    /// What the opening did that a user should hear of; empty: nothing.
+    const QString &news() const { return m_news; }
+
+    /// Called when the file fails, or is open again.
+    std::function<void()> healthChanged;
+
+    enum class Lasting
+    {
+        fromNextSync,
+        atOnce
+    };
+    /// Runs the statements in one transaction: all of them or none. False when the file failed.
+    bool write(const QStringList &statements, Lasting lasting = Lasting::fromNextSync);
+
+    /// No rows when the file fails.
+    RecordSet read(const QString &statement);
+
+    /// Brings what was written to the disk.
+    void sync();
+
+    /// "INSERT INTO table (…) VALUES (…)".
+    using Values = std::initializer_list<std::pair<QStringView, QString>>;
+    static QString insertion(QStringView table, Values values);
+
+    /// A text as a literal of a statement.
+    static QString quoted(QString text);
+
+    /// The time as the file keeps it: texts that sort as their moments do.
+    static QString momentText(const QDateTime &moment);
+    QString now() const { return momentText(m_clock.now()); }
+    QDate today() const { return m_clock.now().date(); }
+
+private:
+    void openFile();
+    void makeTables();
+    void prune();
+    bool setAside();
+    void fail(const HostError &error);
+
+    LocalDatabase &m_db;
+    const Clock &m_clock;
+    QString m_path;
+    bool m_open = false;
+    bool m_written = false; ///< since the last sync
+    QString m_fault;
+    QString m_news;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "sales/cashier.h"
+#include "sales/sale.h"
+
+class JournalFile;
+
+/// What happened to the sale lists, change after change; the lists as they stood follow from it.
+class ListJournal
+{
+public:
+    explicit ListJournal(JournalFile &file) : m_file(file) {}
+
+    /// Who is at the till, for what is deleted from now on.
+    void setCashier(const Cashier &cashier);
+    const Cashier &cashier() const { return m_cashier; }
+
+    void lineSet(int list, int row, const SaleLine &line); ///< a new row, or the row anew
+    void lineRemoved(int list, int row, const SaleLine &line);
+    void cashSet(int list, const QString &cash, Payment payment);
+    void customerSet(int list, const Customer &customer);
+
+    /// `dropped`: lines that go without having been sold.
+    void cleared(int list, const std::vector<SaleLine> &dropped);
+
+    /// The statement of a list that goes with a sale, for the transaction that ends it.
+    QString clearing(int list) const;
+
+    /// A list as it stood when the program ended: lines, cash, payment and customer.
+    Sale left(int list) const;
+    Cashier lastCashier() const;
+
+private:
+    QString event(QStringView kind, int list, int row, const QString &content) const;
+    QString removal(int list, int row, const SaleLine &line) const;
+
+    JournalFile &m_file;
+    Cashier m_cashier;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "sales/ledger_sale.h"
+
+/// Finds the rows of a sale in the ledger, by their reference, line and stock. Other tills draw the
+/// same numbers now and then: what is found belongs to the sale only when its figures do.
+namespace row_search {
+
+QString statement(const ledger::LedgerSale &sale, const ledger::Record &record);
+
+/// Slips by their document number, where the reference is not known, and the reference of one.
+QString byNumber(const ledger::LedgerSale &sale, const ledger::Record &slip);
+QString referenceIn(const ledger::Record &slip, const RecordSet &row);
+
+/// Whether the current row of what statement() found is that of the sale.
+bool isOurs(const ledger::LedgerSale &sale, const ledger::Record &record, const RecordSet &row);
+
+/// The highest reference of a document that moved the same stock or account as a figure, as field
+/// TOTAL: above the sale's own, somebody else changed the figure since.
+QString lastMovement(const ledger::LedgerSale &sale, const ledger::Record &figure);
+
+/// Which of the sale's references lastMovement() is to be held against.
+const QString &ownMovement(const ledger::LedgerSale &sale, const ledger::Record &figure);
+
+} // namespace row_search

@@ -1,0 +1,355 @@
+#include "sales/journal/till_memory.h"
+
+#include "common/program.h"
+#include "sales/host_fault.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using State = JournaledSale::State;
+
+constexpr int kSettle = 500;         ///< milliseconds; a power cut may take a second
+constexpr qint64 kTryAgain = 5 * 60; ///< seconds: a locked file keeps the cashier waiting for two
+
+} // namespace
+
+TillMemory::TillMemory(Program &program, TillSession &till, QObject *parent)
+    : QObject(parent), m_program(program), m_till(till),
+      m_file(*program.journal, program.clock, program.path(u"kasa.dbs")), m_lists(m_file),
+      m_sales(m_file), m_incomplete(program, m_sales), m_receipts(program, m_file, m_sales, till),
+      m_dayEnd(program, m_file, till)
+{
+    m_settle.setInterval(kSettle);
+    m_settle.setSingleShot(true);
+    connect(&m_settle, &QTimer::timeout, this, [this] { m_file.sync(); });
+    connect(&m_incomplete, &IncompleteSales::changed, this, &TillMemory::markChanged);
+    connect(&m_incomplete, &IncompleteSales::foundPosted, this, &TillMemory::conclude);
+    connect(&m_till, &TillSession::settingsLoaded, this, &TillMemory::open,
+            Qt::SingleShotConnection);
+}
+
+TillMemory::~TillMemory()
+{
+    m_file.healthChanged = nullptr;
+    if (m_watching)
+        m_till.setWitness(nullptr);
+}
+
+/// Once, when the till comes up: whoever never opens it leaves the lists where they are.
+void TillMemory::open()
+{
+    m_tried = m_program.clock.now();
+    m_file.open();
+    restore();
+    watch();
+    m_file.healthChanged = [this] { health(); };
+    QTimer::singleShot(0, this, &TillMemory::greet); // the form shows then
+}
+
+// ---- what the end of the program left behind
+
+void TillMemory::restore()
+{
+    for (const JournaledSale &sale : m_sales.openSales())
+        if (sale.state == State::underWay)
+            judgeCutOff(sale);
+    QStringList back;
+    for (int list = 0; list < kSaleLists; ++list) {
+        const Sale left = m_lists.left(list);
+        if (left.lines.empty())
+            continue;
+        back +=
+            u"%1 (%2 satır)"_s.arg(TillSession::caption(list), QString::number(left.lines.size()));
+        m_till.restore(list, left);
+        m_given.at(static_cast<std::size_t>(list)) = given(list);
+    }
+    const Cashier cashier = m_lists.lastCashier();
+    m_lists.setCashier(cashier);
+    if (!cashier.code.isEmpty() || !cashier.name.isEmpty())
+        m_till.setCashier(cashier);
+    if (!back.isEmpty())
+        m_greeting += u"Açık kalan listeler geri geldi: "_s + back.join(u", "_s);
+    if (!m_file.news().isEmpty())
+        m_greeting += m_file.news();
+}
+
+/// A posting that the end of the program cut off. When the ledger holds some of it the list is
+/// sold; when nothing is known to have been written the list stands, and the ledger is looked at
+/// before it is posted again.
+void TillMemory::judgeCutOff(const JournaledSale &sale)
+{
+    const bool drawn = std::any_of(ledger::kDocuments.begin(), ledger::kDocuments.end(),
+                                   [&sale](ledger::Document document) {
+                                       return !sale.inLedger().reference(document).isEmpty();
+                                   });
+    if (!sale.reachedLedger(false)) {
+        if (drawn)
+            m_sales.end(sale.number, State::uncertain);
+        else
+            m_sales.forget(sale.number); // no statement that writes had left
+        return;
+    }
+    const bool whole = IncompleteSales::missing(sale).isEmpty();
+    m_sales.end(sale.number, whole ? State::whole : State::incomplete,
+                {m_lists.clearing(sale.list)});
+    m_sales.setReceiptNumber(sale.number, m_till.drawReceiptNumber());
+    m_greeting += whole ? u"%1 satışı (%2) kaydedilmişti; fişi basılmamış olabilir."_s.arg(
+                              TillSession::caption(sale.list), sale.sale.totals.grand)
+                        : u"%1 satışı (%2) kaydedilirken program kapandı, kayıtları eksik."_s.arg(
+                              TillSession::caption(sale.list), sale.sale.totals.grand);
+}
+
+void TillMemory::greet()
+{
+    Q_EMIT markChanged();
+    if (!m_greeting.isEmpty())
+        Q_EMIT m_till.noticed(m_greeting.join(u"  "_s), Notice::warning);
+    m_greeting.clear();
+    if (!m_file.isOpen())
+        health();
+}
+
+// ---- watching
+
+void TillMemory::watch()
+{
+    m_watching = true;
+    m_till.setWitness(this);
+    for (int list = 0; list < kSaleLists; ++list)
+        watchList(list);
+    connect(&m_till, &TillSession::cashChanged, this, &TillMemory::cashChanged);
+    connect(&m_till, &TillSession::customerChanged, this, &TillMemory::customersChanged);
+    connect(&m_till, &TillSession::cashierChanged, this, [this] {
+        if (m_parked)
+            return;
+        m_lists.setCashier(m_till.cashier());
+        settle();
+    });
+}
+
+void TillMemory::watchList(int list)
+{
+    SaleList &lines = m_till.list(list);
+    const auto setRows = [this, list, &lines](int first, int last) {
+        for (int row = first; row <= last; ++row)
+            m_lists.lineSet(list, row, lines.line(row));
+        settle();
+    };
+    connect(&lines, &SaleList::rowsInserted, this,
+            [setRows](const QModelIndex &, int first, int last) { setRows(first, last); });
+    connect(&lines, &SaleList::dataChanged, this,
+            [setRows](const QModelIndex &from, const QModelIndex &to) {
+                setRows(from.row(), to.row());
+            });
+    connect(&lines, &SaleList::rowsAboutToBeRemoved, this,
+            [this, list, &lines](const QModelIndex &, int first, int last) {
+                for (int row = last; row >= first; --row)
+                    m_lists.lineRemoved(list, row, lines.line(row));
+                settle();
+            });
+    connect(&lines, &SaleList::modelAboutToBeReset, this, [this, list] { listReset(list); });
+}
+
+/// Lines that go without a sale were dropped by somebody, as a deleted one was.
+void TillMemory::listReset(int list)
+{
+    const std::vector<SaleLine> &lines = m_till.list(list).lines();
+    const bool sold = std::exchange(m_sold, -1) == list;
+    if (!lines.empty() && !m_parked)
+        m_lists.cleared(list, sold ? std::vector<SaleLine>() : lines);
+    settle();
+}
+
+Sale TillMemory::given(int list) const
+{
+    Sale given;
+    given.cash = m_till.cash(list);
+    given.payment = m_till.payment(list);
+    given.customer = m_till.chosenCustomer(list);
+    return given;
+}
+
+void TillMemory::cashChanged(int list)
+{
+    Sale &known = m_given.at(static_cast<std::size_t>(list));
+    const Sale now = given(list);
+    if (m_parked || (known.cash == now.cash && known.payment == now.payment))
+        return;
+    known.cash = now.cash;
+    known.payment = now.payment;
+    m_lists.cashSet(list, now.cash, now.payment);
+    settle();
+}
+
+void TillMemory::customersChanged()
+{
+    for (int list = 0; list < kSaleLists; ++list) {
+        Customer &known = m_given.at(static_cast<std::size_t>(list)).customer;
+        if (m_parked || known == m_till.chosenCustomer(list))
+            continue;
+        known = m_till.chosenCustomer(list);
+        m_lists.customerSet(list, known);
+        settle();
+    }
+}
+
+void TillMemory::settle()
+{
+    if (!m_settle.isActive())
+        m_settle.start();
+}
+
+bool TillMemory::park()
+{
+    if (!m_watching || !m_file.isOpen())
+        return false;
+    m_parked = true;
+    m_file.sync();
+    return true;
+}
+
+// ---- faults of the file
+
+QString TillMemory::mark() const
+{
+    if (m_watching && !m_file.isOpen())
+        return u"GÜNLÜK TUTULAMIYOR"_s;
+    const int count = m_incomplete.count();
+    return count > 0 ? u"%1 EKSİK SATIŞ"_s.arg(count) : QString();
+}
+
+void TillMemory::health()
+{
+    Q_EMIT markChanged();
+    if (!m_file.isOpen())
+        Q_EMIT m_till.noticed(
+            u"Kasa günlüğü (kasa.dbs) tutulamıyor: %1 Satış sürer; program kapanırsa açık "
+            "listeler ve yarım kayıtlar hatırlanmaz."_s.arg(m_file.fault()),
+            Notice::fault);
+}
+
+/// A disk that was full or a file that was locked may be well again.
+void TillMemory::reopen()
+{
+    const QDateTime now = m_program.clock.now();
+    if (m_file.isOpen() || m_tried.secsTo(now) < kTryAgain)
+        return;
+    m_tried = now;
+    m_file.open();
+    if (m_file.isOpen())
+        snapshot();
+}
+
+void TillMemory::snapshot()
+{
+    for (int list = 0; list < kSaleLists; ++list) {
+        m_lists.cleared(list, {});
+        for (int row = 0; row < m_till.list(list).size(); ++row)
+            m_lists.lineSet(list, row, m_till.list(list).line(row));
+        m_lists.cashSet(list, m_till.cash(list), m_till.payment(list));
+        m_lists.customerSet(list, m_till.chosenCustomer(list));
+    }
+    m_lists.setCashier(m_till.cashier());
+}
+
+// ---- postings
+
+/// What an earlier posting left open is dealt with first when the next one would take its numbers.
+bool TillMemory::mayBegin(int list)
+{
+    reopen();
+    m_list = list;
+    for (const JournaledSale &sale : m_sales.openSales()) {
+        if (!IncompleteSales::holdsBackNumbers(sale))
+            continue;
+        const bool full = !m_till.list(list).isEmpty();
+        const IncompleteSales::Outcome outcome = m_incomplete.complete(sale);
+        using End = IncompleteSales::Outcome::End;
+        if (outcome.end == End::noHost)
+            tellConnectionLost(m_program);
+        if (outcome.end == End::noHost || outcome.end == End::postponed) {
+            Q_EMIT m_till.noticed(u"Satış kaydedilmedi; önce eksik kalan satış tamamlanmalı. "_s +
+                                      outcome.text,
+                                  Notice::fault);
+            return false;
+        }
+        if (full && m_till.list(list).isEmpty()) // it was the sale that is to be posted
+            return false;
+    }
+    return true;
+}
+
+/// A list that stood because nobody knew better was sold. It goes when it is still what was sold.
+void TillMemory::conclude(const JournaledSale &sale)
+{
+    m_sales.setReceiptNumber(sale.number, m_till.drawReceiptNumber());
+    const QString name = TillSession::caption(sale.list);
+    if (m_till.list(sale.list).lines() == sale.sale.lines) {
+        m_sold = sale.list;
+        m_till.clearSold(sale.list, sale.sale);
+        Q_EMIT m_till.noticed(u"%1 satışı (%2) zaten kaydedilmişti, tamamlandı; fişi F1 ile "
+                              "basabilirsiniz."_s.arg(name, sale.sale.totals.grand),
+                              Notice::warning);
+    } else {
+        m_program.warn(
+            u"%1 listesinin önceki hâli (toplam %2) muhasebeye yazılmıştı ve "
+            u"tamamlandı.\n\nListede "
+            "o satışın ürünleri duruyor olabilir: satılmış olanları silip kalanı kaydedin."_s.arg(
+                name, sale.sale.totals.grand));
+    }
+}
+
+void TillMemory::begun(const Sale &sale, const ledger::LedgerSale &inLedger)
+{
+    m_log.reset();
+    m_number = m_sales.begin(m_list, sale, inLedger);
+    if (m_number > 0)
+        m_log.emplace(m_sales, m_number);
+}
+
+void TillMemory::drawn(const ledger::LedgerSale &sale)
+{
+    if (m_log)
+        m_log->drawn(sale);
+}
+
+void TillMemory::sending(const ledger::Record &record, const QString &statement,
+                         std::optional<double> from)
+{
+    if (m_log)
+        m_log->sending(record, statement, from);
+}
+
+void TillMemory::answered(const ledger::Record &record, Sent sent, const QString &words)
+{
+    if (m_log)
+        m_log->answered(record, sent, words);
+}
+
+void TillMemory::ended(const PostingResult &result)
+{
+    if (result.posted())
+        m_sold = m_list;
+    if (m_log) {
+        if (result.posted())
+            m_sales.end(m_number, result.missing() == 0 ? State::whole : State::incomplete,
+                        {m_lists.clearing(m_list)});
+        else if (result.uncertain > 0)
+            m_sales.end(m_number, State::uncertain);
+        else
+            m_sales.forget(m_number);
+    }
+    m_log.reset();
+    settle();
+    if (result.missing() > 0)
+        Q_EMIT markChanged();
+}
+
+void TillMemory::numbered(const QString &receipt)
+{
+    if (m_number > 0)
+        m_sales.setReceiptNumber(m_number, receipt);
+}

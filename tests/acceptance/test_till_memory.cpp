@@ -1,0 +1,343 @@
+#include "sales/journal/till_memory.h"
+#include "support/golden.h"
+#include "support/print_qt.h"
+#include "support/real_shop.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kOil = u"8688107052881"_s;
+const QStringList kSale = {u"TEM.0011"_s, u"MNV.0011"_s, u"GID.0004"_s};
+
+/// The end of the program, as far as a test can have it: no handler of the till catches it.
+struct Killed
+{};
+
+/// Ends the program at a statement, before it has been done or behind it, or loses its answer.
+class DeadlyHost final : public HostConnection
+{
+public:
+    explicit DeadlyHost(std::unique_ptr<HostConnection> host) : m_host(std::move(host)) {}
+
+    int state() const override { return lost ? 0 : m_host->state(); }
+    RecordSet execute(const QString &statement) override
+    {
+        const bool now = ++count == at;
+        if (now && !done)
+            throw Killed();
+        RecordSet rows = m_host->execute(statement);
+        if (now && kills)
+            throw Killed();
+        if (now) {
+            lost = true;
+            throw HostError(HostError::kConnectionLost, u"kesildi"_s);
+        }
+        return rows;
+    }
+
+    int count = 0;
+    int at = 0; ///< number of the statement, from 1; 0: never
+    bool done = false;
+    bool kills = true;
+    bool lost = false;
+
+private:
+    std::unique_ptr<HostConnection> m_host;
+};
+
+/// The till with its memory on the folder of a shop; made anew for every start of the program.
+struct Counter
+{
+    explicit Counter(RealShop &shop)
+        : program(Ports{shop.host, shop.db, shop.keys, shop.printers, shop.sounds, shop.clock,
+                        shop.prompt, &file},
+                  shop.program.directory()),
+          till(program), memory(program, till)
+    {
+        open();
+        QObject::connect(&till, &TillSession::noticed,
+                         [this](const QString &text, Notice) { notice = text; });
+        till.load();
+        QCoreApplication::processEvents(); // the greeting comes when the form shows
+        till.toggleEntryMode();
+    }
+
+    void open()
+    {
+        HostLink(program).sqlbaglan();
+        auto deadly = std::make_unique<DeadlyHost>(std::move(program.bag));
+        host = deadly.get();
+        program.bag = std::move(deadly);
+    }
+
+    void sell(const QStringList &codes)
+    {
+        for (const QString &code : codes)
+            till.enterCode(code);
+    }
+
+    /// At a statement from now on, counted from 1.
+    void dieAt(int at, bool done)
+    {
+        host->count = 0;
+        host->at = at;
+        host->done = done;
+    }
+
+    QStringList lines(int list)
+    {
+        QStringList all;
+        for (const SaleLine &line : till.list(list).lines())
+            all += line[SaleColumn::stockCode] + u' ' + line[SaleColumn::quantity];
+        return all;
+    }
+
+    SqliteDatabase file;
+    Program program;
+    TillSession till;
+    TillMemory memory;
+    QString notice;
+    DeadlyHost *host = nullptr;
+};
+
+struct Memory : testing::Test
+{
+    Memory()
+    {
+        const OpenDatabase open(shop.db, shop.program.path(settings::kFile));
+        shop.db.execute(u"Update yazici set yazdirma = '0' Where id ='1'"_s);
+        QFile::copy(company, company + u".first"_s);
+    }
+
+    /// A ledger and a journal as on the first day.
+    void startAnew()
+    {
+        for (const QString &part : {u""_s, u"-wal"_s, u"-shm"_s})
+            QFile::remove(company + part);
+        QFile::copy(company + u".first"_s, company);
+        QFile::remove(journal);
+    }
+
+    /// Every row that sales write, sorted.
+    QStringList ledger()
+    {
+        QStringList rows;
+        const auto host = shop.connect();
+        for (const QString &table : {u"STKKART"_s, u"EVRAKNO"_s, u"STKFIS"_s, u"STKHAR"_s,
+                                     u"STKMIZDEGER"_s, u"CARFIS"_s, u"CARKART"_s, u"CARMIZDEGER"_s,
+                                     u"CARHAR"_s, u"FATFIS"_s, u"FATHAR"_s, u"FATFISTOPLAM"_s}) {
+            RecordSet found = host->execute(u"select * from "_s + table);
+            for (; !found.eof(); found.moveNext()) {
+                QStringList fields = {table};
+                for (const QString &column : found.columns())
+                    fields += found.text(column);
+                rows += fields.join(u'|');
+            }
+        }
+        rows.sort();
+        return rows;
+    }
+
+    /// The ledger after two sales that nothing disturbed.
+    QStringList undisturbed()
+    {
+        startAnew();
+        Counter counter(shop);
+        counter.sell(kSale);
+        counter.dieAt(0, false);
+        counter.till.post();
+        statements = counter.host->count;
+        counter.sell({kSale.first()});
+        counter.till.post();
+        return ledger();
+    }
+
+    RealShop shop;
+    const QString company = shop.program.path(u"DEMOSIRKET.yerel");
+    const QString journal = shop.program.path(u"kasa.dbs");
+    int statements = 0; ///< of the posting of kSale
+};
+
+} // namespace
+
+TEST_F(Memory, ListsComeBackAsTheyStood)
+{
+    {
+        Counter counter(shop);
+        EXPECT_EQ(counter.notice, QString());
+        counter.till.setCashier({u"P01"_s, u"Ali'nin kasası"_s});
+        counter.sell({u"GID.0004"_s, u"GID.0004"_s});
+        counter.till.selectList(2);
+        counter.sell(kSale);
+        EXPECT_EQ(counter.till.miktargir(u"1,25"_s), QString());
+        counter.till.moveSelection(-1);
+        shop.prompt.answers = {Answer::yes};
+        counter.till.sil();
+        counter.till.setCash(2, u"500"_s);
+        counter.till.setCustomer({u"C7"_s, u"Bakkal"_s});
+        counter.till.selectList(0);
+        counter.till.togglePayment();
+    }
+    {
+        Counter again(shop);
+        EXPECT_EQ(again.lines(0), QStringList{u"GID.0004 2"_s});
+        EXPECT_EQ(again.lines(1), QStringList());
+        EXPECT_EQ(again.lines(2), QStringList({u"TEM.0011 1"_s, u"GID.0004 1,25"_s}));
+        EXPECT_EQ(again.till.cash(2), u"500"_s);
+        EXPECT_EQ(again.till.chosenCustomer(2).name, u"Bakkal"_s);
+        EXPECT_EQ(again.till.payment(0), Payment::card);
+        EXPECT_EQ(again.till.cashier().name, u"Ali'nin kasası"_s);
+        EXPECT_TRUE(again.notice.contains(u"SATIS1 (1 satır), SATIS3 (2 satır)"_s));
+        EXPECT_TRUE(again.memory.park()); // the program starts anew by itself
+        again.till.discard();
+    }
+    {
+        Counter third(shop);
+        EXPECT_EQ(third.lines(2).size(), 2);
+        third.till.post();
+        third.till.discard(); // closed with EVET
+    }
+    Counter last(shop);
+    EXPECT_EQ(last.lines(0) + last.lines(2), QStringList());
+    EXPECT_EQ(last.till.cashier().name, QString());
+}
+
+/// Wherever the program ended, the ledger is that of two undisturbed sales after the next one.
+TEST_F(Memory, APostingThatWasCutOffIsCompletedBeforeTheNext)
+{
+    const QStringList expected = undisturbed();
+    for (int at = 1; at <= statements; at += 6) {
+        for (const bool done : {false, true}) {
+            SCOPED_TRACE(QString::number(at).toStdString() + (done ? " done" : ""));
+            startAnew();
+            {
+                Counter counter(shop);
+                counter.sell(kSale);
+                counter.dieAt(at, done);
+                EXPECT_THROW(counter.till.post(), Killed);
+            }
+            Counter again(shop);
+            if (!again.till.list(0).isEmpty())
+                again.till.post();
+            again.sell({kSale.first()});
+            again.till.post();
+            EXPECT_EQ(again.till.postedTotal(0), u"186,39"_s);
+            EXPECT_EQ(again.memory.incomplete().count(), 0);
+            EXPECT_EQ(ledger(), expected);
+        }
+    }
+    EXPECT_TRUE(shop.prompt.shown.empty());
+}
+
+/// The power goes and takes every mark of the posting out of the journal: rows that stand tell.
+TEST_F(Memory, APowerCutLeavesTheRowsToTell)
+{
+    const QStringList expected = undisturbed();
+    constexpr int perLine = 11;
+    for (const int at :
+         {5, 5 + perLine, 5 + 2 * perLine, statements - 3}) { // slip, lines, last row
+        SCOPED_TRACE(at);
+        startAnew();
+        {
+            Counter counter(shop);
+            counter.sell(kSale);
+            counter.dieAt(at, true);
+            EXPECT_THROW(counter.till.post(), Killed);
+        }
+        {
+            SqliteDatabase file;
+            const OpenDatabase open(file, journal);
+            file.execute(u"UPDATE satis SET acilis='dün'; DELETE FROM gonderi"_s);
+        }
+        Counter again(shop);
+        EXPECT_EQ(again.lines(0).size(), 3); // nobody knows better yet
+        again.till.post();
+        again.sell({kSale.first()});
+        again.till.post();
+        EXPECT_EQ(ledger(), expected);
+    }
+}
+
+/// A lost answer is cleared up by what stands in the ledger, or by the user where nothing can tell.
+TEST_F(Memory, ALostAnswerIsLookedUpOrAsked)
+{
+    const QStringList expected = undisturbed();
+    for (int at = 1; at <= statements; at += 7) {
+        SCOPED_TRACE(at);
+        startAnew();
+        Counter counter(shop);
+        counter.sell(kSale);
+        counter.dieAt(at, true);
+        counter.host->kills = false;
+        counter.till.post();
+        counter.open();
+        if (!counter.till.list(0).isEmpty())
+            counter.till.post();
+        counter.sell({kSale.first()});
+        counter.till.post();
+        EXPECT_EQ(ledger(), expected);
+    }
+}
+
+TEST_F(Memory, TheBookFindsReceiptsAndAddsUpTheDay)
+{
+    Counter counter(shop);
+    counter.till.setCashier({u"P01"_s, u"Ayşe Gündoğdu"_s});
+    counter.sell(kSale);
+    counter.till.post();
+    counter.till.setCashier({u"P02"_s, u"Can"_s});
+    counter.sell({kSale.at(0), kSale.at(1)});
+    shop.prompt.answers = {Answer::yes};
+    counter.till.sil();
+    counter.till.post();
+
+    ReceiptArchive &receipts = counter.memory.receipts();
+    const auto found = [&](const QString &text) { return receipts.find(text).size(); };
+    EXPECT_EQ(found({}), 2U);
+    for (const QString &one : {u"GID.0004"_s, u"PF000426"_s, u"186,39"_s, u"lahana"_s})
+        EXPECT_EQ(found(one), 1U) << one.toStdString();
+    for (const QString &both : {u"14:05"_s, u"7.3"_s, u"07.03.2026"_s, u"TEM.0011"_s})
+        EXPECT_EQ(found(both), 2U) << both.toStdString();
+    EXPECT_EQ(found(u"8.3"_s) + found(u"yok'"_s), 0U);
+    EXPECT_TRUE(toText(receipts.page(1)).contains(u"KOPYA"_s));
+
+    DayEnd &day = counter.memory.dayEnd();
+    day.read(day.today(), day.today());
+    EXPECT_TRUE(day.setCounted(u"400"_s));
+    shop.connect()->execute(u"UPDATE FATFIS SET FATFISGENTOPLAM='1' where FATFISREFNO='47'"_s);
+    day.compare();
+    expectGolden(u"acceptance/day.csv"_s, day_report::csv(day.report()));
+    const QString pdf = shop.program.path(u"gun.pdf");
+    day.savePdf(pdf);
+    EXPECT_GT(QFile(pdf).size(), 1000);
+}
+
+TEST_F(Memory, ATillWithoutItsJournalSellsOnAndSaysSo)
+{
+    const auto sellsOn = [this](const QString &expected) {
+        Counter counter(shop);
+        EXPECT_TRUE(counter.notice.contains(expected)) << counter.notice.toStdString();
+        counter.sell({kSale.first()});
+        counter.till.post();
+        EXPECT_TRUE(counter.till.list(0).isEmpty());
+    };
+    {
+        QFile damaged(journal);
+        ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+        damaged.write(QByteArray(4096, 'x'));
+    }
+    sellsOn(u"bozuktu; kasa-bozuk-"_s); // and is kept from then on
+    {
+        SqliteDatabase other;
+        other.open(journal);
+        other.execute(u"PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE"_s);
+        sellsOn(u"(kasa.dbs) tutulamıyor"_s);
+    }
+    sellsOn(QString());
+}
