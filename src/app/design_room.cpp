@@ -1,5 +1,6 @@
 #include "app/design_room.h"
 
+#include "app/outer_loop.h"
 #include "labels/designer/designer_session.h"
 #include "labels/designer/forms/Form1.h"
 #include "labels/print/forms/printer_calibration.h"
@@ -10,8 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk)
-    : m_program(program), m_print(print), m_desk(desk), m_search(program)
+DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, OuterLoop &outer)
+    : m_program(program), m_print(print), m_desk(desk), m_outer(outer), m_search(program)
 {}
 
 DesignRoom::~DesignRoom()
@@ -27,6 +28,7 @@ Form1 &DesignRoom::form()
     auto *form = new Form1(*session);
     session->setParent(form);
     form->setAttribute(Qt::WA_DeleteOnClose);
+    m_outer.keep(*form);
     fitToScreen(*form);
     connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
     connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);

@@ -10,6 +10,7 @@
 
 class DesignerSession;
 class Form1;
+class OuterLoop;
 class yazfrm;
 
 /// The label designer and what it needs of other rooms: layouts to choose from, stocks to show.
@@ -18,8 +19,8 @@ class DesignRoom final : public QObject
     Q_OBJECT
 
 public:
-    /// All three are kept by reference.
-    DesignRoom(Program &program, PrintRun &print, LabelDesk &desk);
+    /// All four are kept by reference.
+    DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, OuterLoop &outer);
     ~DesignRoom() override;
 
     /// Opens the designer, with a layout of the folder `ayar` when one is named. `onTop`: over a
@@ -42,6 +43,7 @@ private:
     Program &m_program;
     PrintRun &m_print;
     LabelDesk &m_desk;
+    OuterLoop &m_outer;
     SampleSearch m_search;
     QPointer<Form1> m_form;
     QPointer<DesignerSession> m_session;

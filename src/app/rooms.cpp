@@ -43,13 +43,26 @@ void keepOnTop(QWidget &window, bool on)
         style.setTopMost(on);
 }
 
+/// Brings up the window that has to be answered first; false when there is none.
+bool showModal()
+{
+    QWidget *const modal = QApplication::activeModalWidget();
+    if (modal) {
+        modal->raise();
+        modal->activateWindow();
+    }
+    return modal != nullptr;
+}
+
 } // namespace
 
 Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     : m_program(program), m_autostart(autostart), m_tray(tray), m_probe(program.directory()),
       m_link(program), m_start(program, m_link), m_desk(program), m_invoices(program),
-      m_changes(program), m_print(program), m_till(program), m_design(program, m_print, m_desk),
-      m_strt(m_start, m_link)
+      m_changes(program), m_print(program), m_till(program), m_outer([this] {
+          return m_print.isRunning() || m_desk.isBusy() || m_invoices.isBusy() || m_till.atWork();
+      }),
+      m_design(program, m_print, m_desk, m_outer), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -62,8 +75,8 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     connectPrinting();
     connectDocuments();
     QApplication::setQuitOnLastWindowClosed(false);
-    connect(qApp, &QGuiApplication::lastWindowClosed, this, &Rooms::endWhenNothingShows,
-            Qt::QueuedConnection);
+    connect(qApp, &QGuiApplication::lastWindowClosed, this,
+            [this] { m_outer.run([this] { endWhenNothingShows(); }); });
 }
 
 Rooms::~Rooms()
@@ -91,6 +104,7 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
         const bool onTop = tillOnTop();
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
+        m_outer.keep(*form);
         fitToScreen(*form);
         if (onTop) // else the till would hide it
             form->setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -100,11 +114,15 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
     form->activateWindow();
 }
 
-/// What the menu asks for happens when its form has finished with the click.
+/// What the menu asks for happens when its form has finished with the click and the box that is
+/// open has been answered.
 void Rooms::connectMenu()
 {
     const auto onItem = [this](void (strt::*item)(), void (Rooms::*show)()) {
-        connect(&m_strt, item, this, show, Qt::QueuedConnection);
+        connect(&m_strt, item, this, [this, show] {
+            showModal();
+            m_outer.run([this, show] { (this->*show)(); });
+        });
     };
     onItem(&strt::stfaturaWanted, &Rooms::showSales);
     onItem(&strt::stkkartWanted, &Rooms::showStockList);
@@ -112,7 +130,7 @@ void Rooms::connectMenu()
     onItem(&strt::baglanWanted, &Rooms::showConnection);
     onItem(&strt::loginWanted, &Rooms::showLogin);
     onItem(&strt::kakkndWanted, &Rooms::showAbout);
-    onItem(&strt::unloaded, &Rooms::end);
+    connect(&m_strt, &strt::unloaded, this, &Rooms::leave);
 }
 
 /// The queue belongs to the desk and the run to the engine; they meet here.
@@ -292,7 +310,7 @@ void Rooms::showConnection()
             const Settings::Server &s = m_link.server();
             showDiagnosis({s.server, s.kuladi, s.sifre, s.msql, s.sql}, form);
         });
-        connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded, Qt::QueuedConnection);
+        connect(form, &baglan::unloaded, this, &Rooms::connectionUnloaded);
         return form;
     });
 }
@@ -400,22 +418,24 @@ void Rooms::showAbout()
 void Rooms::connectionUnloaded()
 {
     m_restart = m_link.masterOpen();
-    end();
+    leave();
+}
+
+/// Runs are stopped and the box that is open is answered before the program ends.
+void Rooms::leave()
+{
+    showModal();
+    m_print.stop();
+    m_invoices.stop();
+    m_desk.stop();
+    if (!std::exchange(m_ending, true)) // else asked for again while a box is open
+        m_outer.run([this] { end(); });
 }
 
 /// Ends the program, unless the till holds goods or new numbers are unsaved and the user wants to
-/// keep them: then every form stays as it is. A print run comes to its end first.
+/// keep them: then every form stays as it is.
 void Rooms::end()
 {
-    if (m_print.isRunning()) {
-        connect(&m_print, &PrintRun::finished, this, &Rooms::end,
-                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-        m_print.stop();
-        return;
-    }
-    if (std::exchange(m_ending, true)) // asked for again from the tray while a question is open
-        return;
-    m_invoices.stop();
     const bool ends = m_desk.mayClose() && tillMayClose() && m_design.close();
     m_ending = false;
     if (!ends) {
@@ -434,14 +454,12 @@ void Rooms::end()
 
 void Rooms::showLastWindow()
 {
-    if (QWidget *modal = QApplication::activeModalWidget()) {
-        modal->raise();
-        modal->activateWindow();
-    } else if (m_baglan && m_baglan->isVisible()) {
+    if (showModal())
+        return;
+    if (m_baglan && m_baglan->isVisible())
         showConnection();
-    } else {
+    else
         (this->*m_showLast)();
-    }
 }
 
 /// Without a tray nobody could reach a program that shows no window; with one the user is told
@@ -452,7 +470,7 @@ void Rooms::endWhenNothingShows()
         if (window->isVisible())
             return;
     if (!m_tray)
-        end();
+        leave();
     else if (!std::exchange(m_toldTray, true))
         m_strt.tellWhereItIs();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/design_room.h"
+#include "app/outer_loop.h"
 #include "common/autostart.h"
 #include "common/program.h"
 #include "labels/desk/invoice_picker.h"
@@ -92,6 +93,7 @@ private:
     bool tillMayClose();
     void showDiagnosis(const DiagnosisTarget &target, QWidget *asker);
     void connectionUnloaded();
+    void leave();
     void end();
     void endWhenNothingShows();
     void giveMenu(QToolButton *button);
@@ -108,6 +110,7 @@ private:
     PrintRun m_print;
     TillSession m_till;
     std::unique_ptr<TillMemory> m_memory; ///< null: a program without a journal
+    OuterLoop m_outer;
     DesignRoom m_design;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
@@ -131,6 +134,6 @@ private:
     bool m_toldTray = false;         ///< where the program is when no window shows
     bool m_startWithMachine = false; ///< as the settings were saved last
     bool m_serverChanged = false;    ///< by the settings that were saved last
-    bool m_ending = false;           ///< the user is being asked
+    bool m_ending = false;           ///< the end was asked for
     bool m_restart = false;
 };

@@ -2,8 +2,6 @@
 
 #include <QString>
 
-#include <functional>
-
 /// One message box of the program, ready to show.
 struct Message
 {
@@ -35,7 +33,4 @@ public:
 
     /// The system's plain box with "Evet" and "Hayır".
     virtual bool confirm(const QString &text) = 0;
-
-    /// Called before the program's message box comes up. May be empty.
-    std::function<void()> beforeBox;
 };

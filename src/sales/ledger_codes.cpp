@@ -80,9 +80,12 @@ bool LedgerCodes::mayPost(const Settings &settings, const QString &cashier)
         return true;
     if (!m_unknown || !m_unknown->isEmpty())
         check(settings, cashier);
-    const QStringList codes = unknown();
-    m_accepted = !codes.isEmpty() &&
-                 m_program.ask(u"Bu kodlar bağlı muhasebede yok: %1.\nSatış yine de bu kodlarla "
-                               "kaydedilsin mi?"_s.arg(codes.join(u", "_s)));
-    return codes.isEmpty() || m_accepted;
+    return unknown().isEmpty();
+}
+
+bool LedgerCodes::accept()
+{
+    m_accepted = m_program.ask(u"Bu kodlar bağlı muhasebede yok: %1.\nSatış yine de bu kodlarla "
+                               "kaydedilsin mi?"_s.arg(unknown().join(u", "_s)));
+    return m_accepted;
 }

@@ -22,9 +22,12 @@ public:
     /// while the ledger does not answer.
     QStringList unknown() const { return m_unknown.value_or(QStringList()); }
 
-    /// Asks once whether a sale is to be booked on codes that are not there, after another look:
-    /// the ledger may have been mended since.
+    /// Whether a sale may be booked on the codes, after another look when some were not there: the
+    /// ledger may have been mended since.
     bool mayPost(const Settings &settings, const QString &cashier);
+
+    /// Asks, once until the next check, whether it is to be booked on codes that are not there.
+    bool accept();
 
 private:
     Program &m_program;

@@ -50,14 +50,13 @@ public:
         m_waiting = std::exchange(m_till.m_program.host.waiting, [&till, doing = std::move(doing)] {
             Q_EMIT till.waiting(u"Sunucu bekleniyor: "_s + doing());
         });
-        m_beforeBox =
-            std::exchange(m_till.m_program.prompt.beforeBox, [&till] { Q_EMIT till.boxComes(); });
     }
     ~Work()
     {
         --m_till.m_works;
         m_till.m_program.host.waiting = std::move(m_waiting);
-        m_till.m_program.prompt.beforeBox = std::move(m_beforeBox);
+        if (!m_till.atWork())
+            Q_EMIT m_till.workDone();
     }
     Work(const Work &) = delete;
     Work &operator=(const Work &) = delete;
@@ -65,7 +64,6 @@ public:
 private:
     TillSession &m_till;
     std::function<void()> m_waiting;
-    std::function<void()> m_beforeBox;
 };
 
 TillSession::TillSession(Program &program, QObject *parent)
@@ -87,6 +85,35 @@ void TillSession::load()
 QString TillSession::caption(int number)
 {
     return u"SATIS%1"_s.arg(number + 1);
+}
+
+// ---- boxes
+
+void TillSession::later(std::function<void()> box)
+{
+    m_boxes.push_back(std::move(box));
+    Q_EMIT boxWaits();
+}
+
+/// Runs a step; its error is told when the step is over.
+template <typename Step>
+void TillSession::guarded(Step step)
+{
+    try {
+        step();
+    } catch (const std::exception &) {
+        later([fault = std::current_exception()] { std::rethrow_exception(fault); });
+    }
+}
+
+void TillSession::openBoxes()
+{
+    while (!m_boxes.empty()) {
+        const Work work(*this, [] { return QString(); });
+        const std::function<void()> box = std::move(m_boxes.front());
+        m_boxes.pop_front();
+        m_program.handle(box);
+    }
 }
 
 // ---- entry
@@ -143,7 +170,7 @@ void TillSession::enter(const QString &code, EntryMode mode)
         }
         m_refusedCode = code;
         Q_EMIT entryRefused();
-        tellConnectionLost(m_program);
+        later([this] { tellConnectionLost(m_program); });
     }
 }
 
@@ -190,17 +217,16 @@ void TillSession::makeCurrent(int number, int row)
 
 void TillSession::sil()
 {
-    const int number = m_active;
     const int row = active().currentRow();
-    const int lines = active().lines.size();
-    const Work work(*this, [] { return QString(); });
-    if (row < 0 || !m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
+    if (row < 0)
         return;
-    if (at(number).lines.size() != lines) // the till was closed behind the question
-        return;
-    at(number).lines.remove(row);
-    makeCurrent(number, row);
-    hesapla(number);
+    later([this, row, number = m_active] {
+        if (!m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
+            return;
+        at(number).lines.remove(row);
+        makeCurrent(number, row);
+        hesapla(number);
+    });
 }
 
 std::optional<TillSession::CurrentLine> TillSession::currentLine() const
@@ -288,11 +314,12 @@ TillSession::CashEntry TillSession::acceptCash(int number)
             Notice::fault);
         return CashEntry::refused;
     }
-    // else Enter in an untouched box
-    if (list.postedTotal().isEmpty() && list.payment() == Payment::cash) {
-        setCash(number, amount::money(*given));
-        Q_EMIT noticed({}, Notice::done);
-    }
+    if (!list.postedTotal().isEmpty() || list.payment() != Payment::cash)
+        return CashEntry::taken; // Enter in an untouched box
+    Q_EMIT noticed({}, Notice::done);
+    // An untouched box gives no cash: nothing is owed then.
+    if (const QString money = amount::money(*given); money != list.cash())
+        setCash(number, money);
     return CashEntry::taken;
 }
 
@@ -389,13 +416,19 @@ void TillSession::post(const QString &unentered)
     // A second F2 may arrive while a message of the first one is on screen.
     if (atWork())
         return;
+    const Work work(*this, [] { return u"kodlar"_s; });
+    guarded([&] {
+        if (mayPost(unentered))
+            postActive();
+    });
+}
+
+void TillSession::postActive()
+{
     PostingProgress progress;
     const Work work(
         *this, [&progress] { return u"kayıt %1 / %2"_s.arg(progress.step).arg(progress.steps); });
-    m_program.handle([&] {
-        if (mayPost(unentered))
-            postList(m_active, progress);
-    });
+    guarded([&] { postList(m_active, progress); });
 }
 
 /// Nothing that was typed or scanned may be passed over when a sale is closed.
@@ -411,8 +444,10 @@ bool TillSession::mayPost(const QString &unentered)
         return false;
     }
     if (!yaziciseciver(m_program.printers, m_settings.yazici.yazici1)) {
-        m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
-                       "Deneyiniz..."_s);
+        later([this] {
+            m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
+                           "Deneyiniz..."_s);
+        });
         return false;
     }
     if (active().lines.isEmpty()) {
@@ -430,8 +465,14 @@ bool TillSession::mayPostOnCodes()
     const bool may = m_codes.mayPost(m_settings, m_cashier.code);
     Q_EMIT codesChecked(m_codes.unknown());
     if (!may)
-        Q_EMIT noticed(u"Satış kaydedilmedi: kodları muhasebede ya da ayarlarda düzeltin."_s,
-                       Notice::fault);
+        later([this] {
+            if (m_codes.accept())
+                postActive();
+            else
+                Q_EMIT noticed(
+                    u"Satış kaydedilmedi: kodları muhasebede ya da ayarlarda düzeltin."_s,
+                    Notice::fault);
+        });
     return may;
 }
 
@@ -511,8 +552,10 @@ void TillSession::print(const Receipt &receipt)
     try {
         printReceipt(m_program.printers, m_settings.yazici.yazici1, drawReceipt(m_layout, receipt));
     } catch (const PrintError &error) {
-        m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
-                       "yazdırabilirsiniz."_s.arg(error.text()));
+        later([this, cause = error.text()] {
+            m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
+                           "yazdırabilirsiniz."_s.arg(cause));
+        });
     }
 }
 
@@ -523,8 +566,7 @@ void TillSession::reprint()
                        Notice::fault);
         return;
     }
-    const Work work(*this, [] { return QString(); });
-    m_program.handle([this] { print(*active().lastReceipt); });
+    guarded([this] { print(*active().lastReceipt); });
 }
 
 void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult &result)
@@ -539,13 +581,12 @@ void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult 
     else
         tellEmpty(number);
     if (result.connectionLost)
-        tellConnectionLost(m_program);
+        later([this] { tellConnectionLost(m_program); });
     // A server that was never reached has nothing to be completed.
     const bool untouched = !result.posted() && result.connectionLost && result.uncertain == 0;
     if (result.missing() == 0 || untouched)
         return;
-    Q_EMIT boxComes();
-    Q_EMIT postedIncompletely(reportOf(result, sale));
+    later([this, report = reportOf(result, sale)] { Q_EMIT postedIncompletely(report); });
 }
 
 void TillSession::printReport(const PostingReport &report)
@@ -569,16 +610,32 @@ void TillSession::saveReport(const PostingReport &report, const QString &path)
 
 // ---- opening and closing
 
-bool TillSession::mayClose()
+QString TillSession::listsWithGoods() const
 {
-    const Work work(*this, [] { return QString(); });
     QString lists;
     for (int number = 0; number < kSaleLists; ++number)
         if (!at(number).lines.isEmpty())
             lists += u" (%1)"_s.arg(caption(number));
+    return lists;
+}
+
+bool TillSession::mayClose()
+{
+    const Work work(*this, [] { return QString(); });
+    const QString lists = listsWithGoods();
     return lists.isEmpty() ||
            m_program.ask(lists + u"  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER "
                                  "SİLİNECEKTİR. YİNEDE KAPATMAK İSTİYORMUSUNUZ...?"_s);
+}
+
+void TillSession::askToClose()
+{
+    later([this] {
+        if (!mayClose())
+            return;
+        discard();
+        Q_EMIT closeAllowed();
+    });
 }
 
 void TillSession::discard()

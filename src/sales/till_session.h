@@ -11,6 +11,8 @@
 
 #include <QObject>
 
+#include <deque>
+#include <functional>
 #include <memory>
 
 class Program;
@@ -97,9 +99,9 @@ public:
     /// the next code or cash. Empty: none.
     const QString &postedTotal(int number) const { return at(number).postedTotal(); }
 
-    /// True while a key or button is being worked on. A message box that opens meanwhile was caused
-    /// by the till, and keys that arrive belong behind it.
-    bool atWork() const { return m_works > 0; }
+    /// True while a key or button is being worked on or a box waits to open. The box was caused by
+    /// the till, and keys that arrive belong behind it.
+    bool atWork() const { return m_works > 0 || !m_boxes.empty(); }
 
     /// The code that the lost server left in the entry box; empty: none.
     const QString &refusedCode() const { return m_refusedCode; }
@@ -121,6 +123,7 @@ public:
 
     /// Warns of lists that still hold lines; true when the form may close.
     bool mayClose();
+    bool holdsGoods() const { return !listsWithGoods().isEmpty(); }
 
     /// Empties all lists and forgets the cashier; the till was closed.
     void discard();
@@ -146,6 +149,8 @@ public Q_SLOTS:
     /// code that nobody entered keeps the sale from being posted.
     void post(const QString &unentered = {});
     void reprint(); ///< prints the last receipt of the active list again
+    void askToClose();
+    void openBoxes(); ///< those that wait, one after the other
 
 Q_SIGNALS:
     void settingsLoaded();
@@ -159,7 +164,9 @@ Q_SIGNALS:
     void cashRefused();  ///< the cash box of the active list holds no amount
     void noticed(const QString &text, Notice kind); ///< one line for the cashier
     void waiting(const QString &text);              ///< the server keeps the till waiting
-    void boxComes();                                ///< a box of the till's own is about to open
+    void boxWaits();     ///< for openBoxes(), when nobody types: keys are lost beneath a box
+    void workDone();     ///< and no box waits
+    void closeAllowed(); ///< the lists were given up
     void postedIncompletely(const PostingReport &report);
     void cashierChanged();
     void customerChanged(); ///< of the active list, or another list is active
@@ -173,6 +180,12 @@ private:
     /// Marks the till as working, and tells of a server that takes its time.
     class Work;
 
+    /// Leaves a box, or what asks in one, to openBoxes().
+    void later(std::function<void()> box);
+    template <typename Step>
+    void guarded(Step step);
+    QString listsWithGoods() const;
+
     void enter(const QString &code, EntryMode mode);
     void hesapla(int number);
     void resetCash(int number);
@@ -184,6 +197,7 @@ private:
     Sale capture(int number) const;
     bool mayPost(const QString &unentered);
     bool mayPostOnCodes();
+    void postActive();
     void postList(int number, PostingProgress &progress);
     void tellEmpty(int number);
     void clearList(int number);
@@ -203,5 +217,6 @@ private:
     Cashier m_cashier;
     LedgerCodes m_codes;
     int m_works = 0; ///< handlers under way; more than one while a box of the first is open
+    std::deque<std::function<void()>> m_boxes;
     QString m_refusedCode;
 };

@@ -3,8 +3,6 @@
 #include "common/settings_database.h"
 #include "common/turkish.h"
 
-#include <QPointer>
-
 using namespace Qt::StringLiterals;
 
 LoginSession::LoginSession(Program &program, QObject *parent) : QObject(parent), m_program(program)
@@ -21,8 +19,6 @@ void LoginSession::enter(const QString &typed)
         Q_EMIT accepted();
         return;
     }
-    const QPointer<LoginSession> there(this);
     m_program.tell(u"Yanlış Şifre"_s, 2);
-    if (there) // the program may be ended behind the box
-        Q_EMIT refused();
+    Q_EMIT refused();
 }

@@ -19,12 +19,15 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDir>
+#include <QEventLoop>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -36,6 +39,37 @@ struct RoomsWithTray : RoomsTest
 {
     RoomsWithTray() : RoomsTest(OdbcEngine::kPatience, true) {}
 };
+
+/// Captions whose letter another control that is seen with them answers to as well.
+QStringList doubleKeys(QWidget &form)
+{
+    QHash<QKeySequence, int> keys;
+    QStringList all;
+    const auto add = [&](const QString &caption) {
+        const QKeySequence key = QKeySequence::mnemonic(caption);
+        if (!key.isEmpty() && ++keys[key] > 1)
+            all += caption;
+    };
+    for (const auto *label : form.findChildren<QLabel *>())
+        if (label->isVisible() && label->buddy())
+            add(label->text());
+    for (const auto *button : form.findChildren<QAbstractButton *>())
+        if (button->isVisible())
+            add(button->text());
+    for (const auto *tabs : form.findChildren<QTabBar *>())
+        for (int tab = 0; tab < tabs->count(); ++tab)
+            add(tabs->tabText(tab));
+    return all;
+}
+
+/// An entry of the main menu.
+void choose(const QString &item)
+{
+    const auto *menu = open<stkkart>().first()->findChild<QToolButton *>(u"menuButton"_s);
+    for (QAction *action : menu->menu()->actions())
+        if (action->objectName() == item)
+            action->trigger();
+}
 
 } // namespace
 
@@ -209,6 +243,7 @@ TEST_F(RoomsTest, ADoubleClickOnALayoutPrintsWhenItsListIsDoneWithIt)
     click(list, u"chooseLayout"_s);
     auto *const layouts = await<yazfrm>()->findChild<QListWidget *>(u"liste"_s);
     ASSERT_TRUE(QTest::qWaitForWindowActive(layouts->window()));
+    EXPECT_EQ(doubleKeys(*layouts->window()), QStringList());
     const auto printed = [this] {
         for (const PrintProblems *asked : open<PrintProblems>())
             asked->findChild<QPushButton *>(u"yazdir"_s)->click();
@@ -227,14 +262,34 @@ TEST_F(RoomsTest, WhoDoesNotWantToEndKeepsEveryForm)
     rooms.open();
     rooms.showSales();
     enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
-    auto *const menu = open<stkkart>().first()->findChild<QToolButton *>(u"menuButton"_s);
-    for (QAction *action : menu->menu()->actions())
-        if (action->objectName() == u"cikis")
-            action->trigger(); // and nobody says yes
+    choose(u"cikis"_s); // and nobody says yes
     EXPECT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
     QTest::qWait(20);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
+}
+
+// The tray can be reached, and a timer can close a form, while a box waits for its answer.
+TEST_F(RoomsWithTray, NoFormGoesAndNothingEndsWhileABoxIsOpen)
+{
+    bool answered = false;
+    EXPECT_TRUE(endsByItself([&] {
+        rooms.open();
+        rooms.showLogin();
+        const QPointer form = open<login>().first();
+        shop.prompt.onShow = [&, form] { // the password is wrong
+            form->close();
+            choose(u"cikis"_s);
+            QEventLoop box;
+            QTimer::singleShot(200, &box, &QEventLoop::quit);
+            box.exec();
+            EXPECT_TRUE(form);
+            EXPECT_EQ(open<stkkart>().size(), 1);
+            answered = true;
+        };
+        enter(form, u"lgpass"_s, u"yok"_s);
+    }));
+    EXPECT_TRUE(answered);
 }
 
 // With a tray the program goes on without a window; whoever starts it again gets the last one back.
@@ -295,6 +350,9 @@ TEST_F(RoomsTest, EveryFormFitsASmallScreenAndOpensAtItsFirstField)
         EXPECT_TRUE(QTest::qWaitFor([form] { return form->focusWidget() != nullptr; }));
         const QWidget *field = form->focusWidget();
         EXPECT_EQ(field ? field->objectName() : QString(), focus);
+        if (!qobject_cast<PageSetup *>(form)) { // it has more fields than letters for them
+            EXPECT_EQ(doubleKeys(*form), QStringList()) << form->objectName().toStdString();
+        }
     };
     check(list, u"Text1"_s);
     check(open<stfatura>().value(0), u"srvadi"_s);

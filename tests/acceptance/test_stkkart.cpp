@@ -1,3 +1,4 @@
+#include "app/outer_loop.h"
 #include "fakes/label_shop.h"
 #include "labels/desk/forms/stkkart.h"
 #include "support/keyboard.h"
@@ -269,8 +270,10 @@ TEST(StockFormLife, ClosingDuringALoadEndsTheLoadThenTheForm)
 {
     LabelShop shop;
     shop.stockUp(100'000);
+    OuterLoop outer([&] { return shop.desk.isBusy(); });
     const QPointer<stkkart> form = new stkkart(shop.desk);
     form->setAttribute(Qt::WA_DeleteOnClose);
+    outer.keep(*form);
     form->show();
     QObject::connect(&shop.desk, &LabelDesk::progressed, form.data(), &QWidget::close);
     QTimer::singleShot(0, form.data(),

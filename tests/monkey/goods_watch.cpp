@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QTableView>
 #include <QTreeView>
 
@@ -68,18 +69,38 @@ void GoodsWatch::findModels()
                 if (model && std::none_of(m_lists.cbegin(), m_lists.cend(), known))
                     m_lists += Goods{model, {}};
             }
-        } else if (window->inherits("stkkart") && !m_watched.contains(window)) {
+        } else if (m_watched.contains(window)) {
+            continue;
+        } else if (window->inherits("stkkart")) {
+            watch(*window);
             watchCommands(*window);
             if (const auto *view = window->findChild<QTreeView *>(u"l2"_s))
                 m_queue.model = view->model();
+        } else if (window->inherits("ShelfScanForm")) {
+            watch(*window);
+            watchCounts(*window->findChild<QLineEdit *>(u"giris"_s));
         }
     }
 }
 
+void GoodsWatch::watch(QWidget &window)
+{
+    m_watched += &window;
+    connect(&window, &QObject::destroyed, this, [this](const QObject *gone) { m_watched -= gone; });
+}
+
+/// A count of 0 takes the row out that was scanned last.
+void GoodsWatch::watchCounts(QLineEdit &box)
+{
+    connect(&box, &QLineEdit::textEdited, this, [this](const QString &text) {
+        bool number = false;
+        m_zeroTyped = text.trimmed().toInt(&number) == 0 && number;
+    });
+    connect(&box, &QLineEdit::returnPressed, this, [this] { m_queueCommand |= m_zeroTyped; });
+}
+
 void GoodsWatch::watchCommands(QWidget &labels)
 {
-    m_watched += &labels;
-    connect(&labels, &QObject::destroyed, this, [this](const QObject *gone) { m_watched -= gone; });
     const auto commanded = [this] { m_queueCommand = true; };
     for (const QString &name : kQueueCommands) {
         if (const auto *button = labels.findChild<QAbstractButton *>(name))

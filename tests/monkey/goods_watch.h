@@ -6,6 +6,10 @@
 #include <QSet>
 #include <QStringList>
 
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+QT_END_NAMESPACE
+
 /// Looks after the goods: what stood in a sale list or in the print queue stays there unless it was
 /// posted, taken out by a command, or given up with EVET.
 class GoodsWatch final : public QObject
@@ -33,7 +37,9 @@ private:
     };
 
     void findModels();
+    void watch(QWidget &window);
     void watchCommands(QWidget &labels);
+    void watchCounts(QLineEdit &box);
     static QStringList rowsOf(const QAbstractItemModel &model);
 
     QList<Goods> m_lists;
@@ -44,4 +50,5 @@ private:
     bool m_discarded = false;
     int m_deleted = 0;
     bool m_queueCommand = false;
+    bool m_zeroTyped = false;
 };

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QScopeGuard>
+#include <QThread>
 #include <QTimer>
 #include <QWindow>
 
@@ -43,8 +44,6 @@ QList<QAction *> menuEntries()
 Answer WatchedPrompt::show(const Message &message)
 {
     m_log.line(u"      box: %1"_s.arg(message.text));
-    if (beforeBox)
-        beforeBox();
     const Answer answer = m_boxes.show(message);
     const bool yes = answer == Answer::yes;
     m_goods.answered(message.text, yes);
@@ -118,7 +117,7 @@ void Monkey::stop()
 void Monkey::check()
 {
     m_goods.posted(m_host.written());
-    const QString lost = m_goods.look(m_depth == 0);
+    const QString lost = m_goods.look(m_depth == 0 && QThread::currentThread()->loopLevel() == 1);
     if (lost.isEmpty())
         return;
     m_log.line(lost);

@@ -22,6 +22,7 @@ struct Till : testing::Test
                 TillShop::row({u"EVRONTAKI"_s, u"EVRNO"_s}, {u"E"_s, 12});
         shop.db.setRow(u"zno"_s, {{u"zno"_s, u"56"_s}});
         till.load();
+        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
         QObject::connect(&till, &TillSession::noticed, [this](const QString &text, Notice how) {
             notice = text;
             kind = how;
@@ -430,6 +431,7 @@ TEST_F(Till, AnImpatientKeyPostsOnce)
     };
     till.post();
     EXPECT_FALSE(till.atWork());
+    EXPECT_EQ(till.change(0), u"0,00"_s) << "no cash was given";
     EXPECT_EQ(shop.sent(u"INSERT INTO FATFIS "_s).size(), 1);
     EXPECT_EQ(shop.sent(u"INSERT INTO FATHAR"_s).size(), 1);
 }

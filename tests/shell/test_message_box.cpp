@@ -65,17 +65,3 @@ TEST(MessageForm, ShowsThePictureAndTheButtonsAsked)
         EXPECT_FALSE(box.findChild<QPushButton *>(u"button2"_s)->isVisible());
     }
 }
-
-TEST(MessageForm, ABoxGoesWithTheWindowBeneathIt)
-{
-    const auto overDyingWindow = [](const auto &ask) {
-        auto *const window = new QWidget;
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-        QTimer::singleShot(0, window, [window] { delete window; });
-        return ask();
-    };
-    EXPECT_EQ(overDyingWindow([] { return WindowPrompt().show({}); }), Answer::closed);
-    EXPECT_FALSE(overDyingWindow([] { return WindowPrompt().confirm(u"Silinsin mi?"_s); }));
-}

@@ -1,5 +1,7 @@
 #include "sales/forms/sale_columns.h"
 
+#include "sales/forms/name_delegate.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -41,6 +43,7 @@ SaleColumns::SaleColumns(QTableView &view) : QObject(&view), m_view(view)
     connect(model, &QAbstractItemModel::modelReset, this, &SaleColumns::fontChanged);
     connect(view.horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { userResized(column, width); });
+    view.setItemDelegateForColumn(kName, new NameDelegate(&view));
     view.viewport()->installEventFilter(this);
 }
 

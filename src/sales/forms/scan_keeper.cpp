@@ -1,9 +1,7 @@
 #include "sales/forms/scan_keeper.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QWidget>
 
 #include <chrono>
@@ -40,6 +38,12 @@ ScanKeeper::ScanKeeper(QWidget &window, std::function<bool()> atWork)
 {
     m_pause.setSingleShot(true);
     m_pause.setInterval(kPause);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kLongestPause);
+    connect(&m_patience, &QTimer::timeout, &m_pause, &QTimer::stop);
+    for (const QTimer *timer : {&m_pause, &m_patience})
+        connect(timer, &QTimer::timeout, this, &ScanKeeper::quiet);
+    connect(this, &ScanKeeper::quiet, &m_patience, &QTimer::stop);
     qApp->installEventFilter(this);
 }
 
@@ -64,27 +68,17 @@ bool ScanKeeper::eventFilter(QObject *watched, QEvent *event)
         const auto *target = qobject_cast<QWidget *>(watched);
         return target && target->window() == &m_window && m_atWork();
     }
-    case QEvent::Hide:
-        if (!m_keys.empty())
-            QTimer::singleShot(0, this, &ScanKeeper::deliver);
-        return false;
     default:
         return false;
     }
 }
 
-void ScanKeeper::letKeysArrive()
+void ScanKeeper::awaitQuiet()
 {
-    if (!m_window.isVisible())
+    if (m_pause.isActive())
         return;
-    QEventLoop loop;
-    connect(&m_pause, &QTimer::timeout, &loop, &QEventLoop::quit);
-    QTimer::singleShot(kLongestPause, &loop, &QEventLoop::quit);
     m_pause.start();
-    const QPointer<ScanKeeper> there(this); // the program may be ended meanwhile
-    loop.exec();
-    if (there)
-        m_pause.stop();
+    m_patience.start();
 }
 
 /// Of the keys of a box, a scanner's are kept: letters and digits, and the Enter behind them. The
@@ -100,7 +94,7 @@ bool ScanKeeper::keepsOfBox(const QKeyEvent &event) const
 void ScanKeeper::deliver()
 {
     if (m_atWork())
-        return; // a box of the same work that opens next brings the keys out when it closes
+        return; // more was begun meanwhile, and its end brings the keys out
     const std::vector<HeldKey> keys = std::exchange(m_keys, {});
     // Behind the question whether to close, the answer counts: a closed till takes nothing.
     if (!keys.empty() && m_window.isVisible())

@@ -19,8 +19,8 @@ struct HeldKey
     QString text;
 };
 
-/// Keeps the keys that reach a window while it works and a box it opened stands over it: without it
-/// they would be lost, and the Enter behind a scan would answer the box. They come out, in their
+/// Keeps the keys that reach a window while a box of its own is to open or stands over it: without
+/// it they would be lost, and the Enter behind a scan would answer the box. They come out, in their
 /// order, when the box has closed and the work is done.
 class ScanKeeper final : public QObject
 {
@@ -31,21 +31,24 @@ public:
     /// business here.
     ScanKeeper(QWidget &window, std::function<bool()> atWork);
 
-    /// Call before a box opens: takes in what was typed before it could be seen. The toolkit drops
-    /// keys for a window beneath a modal box. Comes back when no key has come for a moment.
-    void letKeysArrive();
-
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+public Q_SLOTS:
+    /// A box is to open: takes in what was typed before it could be seen. The toolkit drops keys
+    /// for a window beneath a modal box.
+    void awaitQuiet();
+    void deliver(); ///< the work is done
+
 Q_SIGNALS:
+    void quiet(); ///< no key has come for a moment
     void kept(const std::vector<HeldKey> &keys);
 
 private:
     bool keepsOfBox(const QKeyEvent &event) const;
-    void deliver();
 
     QWidget &m_window;
     std::function<bool()> m_atWork;
     std::vector<HeldKey> m_keys;
-    QTimer m_pause; ///< runs out when no key has come for a moment
+    QTimer m_pause;    ///< runs out when no key has come for a moment
+    QTimer m_patience; ///< with somebody who leans on a key
 };

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QPointer>
 #include <QTableView>
 
 using namespace Qt::StringLiterals;
@@ -64,10 +63,8 @@ void stfatura::connectButtons()
 {
     const auto act = [this](QPushButton *button, auto &&action) {
         connect(button, &QPushButton::clicked, this, [this, action] {
-            const QPointer<stfatura> there(this);
             action();
-            if (there)
-                focusEntry();
+            focusEntry();
         });
     };
     connect(m_ui->button1, &QPushButton::clicked, this, &stfatura::closeSale);
@@ -108,8 +105,11 @@ void stfatura::connectSession()
     });
     connect(&m_session, &TillSession::postedIncompletely, this,
             [this](const PostingReport &report) { showReport(m_session, report, this); });
+    connect(&m_session, &TillSession::closeAllowed, this, &QWidget::close);
     auto *keeper = new ScanKeeper(*this, [this] { return m_session.atWork(); });
-    connect(&m_session, &TillSession::boxComes, keeper, &ScanKeeper::letKeysArrive);
+    connect(&m_session, &TillSession::boxWaits, keeper, &ScanKeeper::awaitQuiet);
+    connect(keeper, &ScanKeeper::quiet, &m_session, &TillSession::openBoxes);
+    connect(&m_session, &TillSession::workDone, keeper, &ScanKeeper::deliver, Qt::QueuedConnection);
     connect(keeper, &ScanKeeper::kept, this, [this](const std::vector<HeldKey> &keys) {
         focusEntry();
         enterKept(m_session, *m_ui->srvadi, keys);
@@ -129,7 +129,6 @@ bool stfatura::eventFilter(QObject *watched, QEvent *event)
 /// Keys of the form, seen before the box that has the focus. Returns whether the key was used.
 bool stfatura::formKey(const QKeyEvent &event)
 {
-    const QPointer<stfatura> there(this); // the till may be closed behind a question
     switch (event.key()) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -196,8 +195,7 @@ bool stfatura::formKey(const QKeyEvent &event)
     default:
         return false;
     }
-    if (there)
-        focusEntry();
+    focusEntry();
     return true;
 }
 
@@ -212,10 +210,7 @@ bool stfatura::enterPressed(QObject *box)
 
 void stfatura::acceptCash()
 {
-    const QPointer<stfatura> there(this);
     const auto taken = m_session.acceptCash(m_session.activeList());
-    if (!there)
-        return;
     if (taken == TillSession::CashEntry::refused)
         focusCash();
     else
@@ -283,9 +278,9 @@ SalePage &stfatura::page() const
 
 void stfatura::closeEvent(QCloseEvent *event)
 {
-    if (!m_session.mayClose()) {
+    if (m_session.holdsGoods()) {
         event->ignore();
-        focusEntry();
+        m_session.askToClose();
         return;
     }
     m_session.saveColumnWidths(m_pages[0]->columnWidths());

@@ -11,8 +11,6 @@
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
-#include <QPointer>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -106,29 +104,23 @@ void findItem(TillSession &session, QWidget *till)
 
 void showReport(TillSession &session, const PostingReport &report, QWidget *till)
 {
-    // The program may be ended from the tray while it is open: it goes with the till then.
-    const QPointer<PostingReportBox> box(new PostingReportBox(session, report, till));
-    const auto end = qScopeGuard([&box] { delete box; });
-    box->exec();
+    PostingReportBox(session, report, till).exec();
 }
 
 void enterKept(TillSession &session, QLineEdit &entry, const std::vector<HeldKey> &keys)
 {
-    const QPointer<QLineEdit> there(&entry); // a box may outlive the till
     const auto refused = [&] {
-        return there && !there->text().isEmpty() && there->text() == session.refusedCode();
+        return !entry.text().isEmpty() && entry.text() == session.refusedCode();
     };
     if (refused())
         session.enterCode(QString(session.refusedCode()));
     std::vector<HeldKey> left;
     bool lost = refused();
     for (const HeldKey &held : keys) {
-        if (!there || !there->window()->isVisible())
-            return;
         if (lost || !mayComeLate(held))
             left.push_back(held);
         else
-            press(*there->window(), held);
+            press(*entry.window(), held);
         lost |= refused();
     }
     QStringList names = named(left);

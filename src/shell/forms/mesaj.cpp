@@ -4,9 +4,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QStyle>
 
 using namespace Qt::StringLiterals;
@@ -53,9 +51,8 @@ void mesaj::makeRoomForText()
 
 Answer mesaj::ask()
 {
-    const QPointer<mesaj> there(this);
     exec();
-    return there ? m_answer : Answer::closed;
+    return m_answer;
 }
 
 void mesaj::finish(Answer answer)
@@ -64,36 +61,27 @@ void mesaj::finish(Answer answer)
     accept();
 }
 
-// The boxes below stand over the active window. When that goes while a box waits (the program can
-// be ended from the tray) the box goes with it.
+// The boxes below stand over the active window, which stays as long as they do.
 
 Answer WindowPrompt::show(const Message &message)
 {
-    if (beforeBox)
-        beforeBox();
-    const QPointer<mesaj> box(new mesaj(message, QApplication::activeWindow()));
-    const auto end = qScopeGuard([&box] { delete box; });
-    return box->ask();
+    return mesaj(message, QApplication::activeWindow()).ask();
 }
 
 void WindowPrompt::warn(const QString &text, bool critical)
 {
-    const QPointer<QMessageBox> box(
-        new QMessageBox(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
-                        QMessageBox::NoButton, QApplication::activeWindow()));
-    const auto end = qScopeGuard([&box] { delete box; });
-    box->addButton(u"Tamam"_s, QMessageBox::AcceptRole);
-    box->exec();
+    QMessageBox box(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
+                    QMessageBox::NoButton, QApplication::activeWindow());
+    box.addButton(u"Tamam"_s, QMessageBox::AcceptRole);
+    box.exec();
 }
 
 bool WindowPrompt::confirm(const QString &text)
 {
-    const QPointer<QMessageBox> box(new QMessageBox(QMessageBox::Question, u"Dikkat"_s, text,
-                                                    QMessageBox::NoButton,
-                                                    QApplication::activeWindow()));
-    const auto end = qScopeGuard([&box] { delete box; });
-    const QPushButton *yes = box->addButton(u"Evet"_s, QMessageBox::YesRole);
-    box->setEscapeButton(box->addButton(u"Hayır"_s, QMessageBox::NoRole));
-    box->exec();
-    return box && box->clickedButton() == yes;
+    QMessageBox box(QMessageBox::Question, u"Dikkat"_s, text, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    const QPushButton *yes = box.addButton(u"Evet"_s, QMessageBox::YesRole);
+    box.setEscapeButton(box.addButton(u"Hayır"_s, QMessageBox::NoRole));
+    box.exec();
+    return box.clickedButton() == yes;
 }

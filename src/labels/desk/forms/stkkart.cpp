@@ -301,10 +301,5 @@ void stkkart::closeEvent(QCloseEvent *event)
     }
     m_desk.saveWidths(m_ui->l1->widths(), m_ui->l2->widths());
     m_desk.stop();
-    // A key handler of this window may still be running a search; the window goes after it.
-    if (m_desk.isBusy() && testAttribute(Qt::WA_DeleteOnClose)) {
-        setAttribute(Qt::WA_DeleteOnClose, false);
-        connect(&m_desk, &LabelDesk::busyChanged, this, &QObject::deleteLater);
-    }
     QMainWindow::closeEvent(event);
 }

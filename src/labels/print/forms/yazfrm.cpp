@@ -98,7 +98,7 @@ void yazfrm::offerPlaces()
     m_ui->yer->setValue(1);
     const qint64 next = m_run.memory().nextPlace(m_chosen);
     m_ui->kaldigi->setVisible(several && next > 1 && next <= places);
-    m_ui->kaldigi->setText(u"&Kaldığı yerden: %1"_s.arg(next));
+    m_ui->kaldigi->setText(u"Kaldığı ye&rden: %1"_s.arg(next));
     showPlaces();
 }
 

@@ -1,0 +1,61 @@
+#include "app/outer_loop.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QThread>
+
+#include <chrono>
+#include <utility>
+
+namespace {
+
+constexpr std::chrono::milliseconds kLook{20};
+
+} // namespace
+
+OuterLoop::OuterLoop(std::function<bool()> runs, QObject *parent)
+    : QObject(parent), m_runs(std::move(runs))
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &OuterLoop::next);
+}
+
+bool OuterLoop::isThere() const
+{
+    return QThread::currentThread()->loopLevel() <= 1 && !m_runs();
+}
+
+void OuterLoop::run(std::function<void()> act)
+{
+    m_acts.push_back(std::move(act));
+    m_timer.start(0);
+}
+
+void OuterLoop::next()
+{
+    if (!isThere()) {
+        m_timer.start(kLook);
+        return;
+    }
+    const std::function<void()> act = std::move(m_acts.front());
+    m_acts.erase(m_acts.begin());
+    if (!m_acts.empty())
+        m_timer.start(0);
+    act();
+}
+
+void OuterLoop::keep(QObject &form)
+{
+    form.installEventFilter(this);
+}
+
+bool OuterLoop::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::DeferredDelete || isThere())
+        return false;
+    run([form = QPointer(watched)] {
+        if (form)
+            form->deleteLater();
+    });
+    return true;
+}
