@@ -4,14 +4,12 @@
 #include "sales/receipt_editor.h"
 #include "ui_receipt_designer.h"
 
-#include <QScreen>
-
 ReceiptDesigner::ReceiptDesigner(ReceiptEditor &editor, QWidget *parent)
     : QDialog(parent), m_editor(editor), m_ui(std::make_unique<Ui::ReceiptDesigner>())
 {
     m_ui->setupUi(this);
     setLocale(QLocale(QLocale::Turkish, QLocale::Turkey)); // decimal comma in the number boxes
-    resize(QSize(900, 640).boundedTo(screen()->availableSize()));
+    resize(900, 640);
     m_header = {m_ui->headerFont, m_ui->headerSize, m_ui->headerBold};
     m_receipt = {m_ui->receiptFont, m_ui->receiptSize, m_ui->receiptBold};
     m_product = {m_ui->productFont, m_ui->productSize, m_ui->productBold};
