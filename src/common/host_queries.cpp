@@ -30,6 +30,16 @@ QString cardsByCode(const QString &text)
     return u"select * from STKKART where STKKOD LIKE '%"_s + text + u"%'"_s;
 }
 
+QString accountsByName(const QString &text)
+{
+    return u"select * from CARKART where CARUNVAN LIKE '%"_s + text + u"%'"_s;
+}
+
+QString accountsByCode(const QString &text)
+{
+    return u"select * from CARKART where CARKOD LIKE '%"_s + text + u"%'"_s;
+}
+
 QString barcode(const QString &barcode)
 {
     return where(u"STKBARKOD", u"STKBARKOD", barcode);

@@ -14,6 +14,10 @@ QString card(const QString &stockCode);
 QString cardsByName(const QString &text);
 QString cardsByCode(const QString &text);
 
+/// The accounts whose name, or code, holds the text; as above.
+QString accountsByName(const QString &text);
+QString accountsByCode(const QString &text);
+
 /// The owners of a barcode.
 QString barcode(const QString &barcode);
 

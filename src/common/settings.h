@@ -99,6 +99,12 @@ struct Settings
         bool per = false; ///< cashier by personal code
     } per;
 
+    struct Kasa
+    {
+        bool silsifre = false; ///< deleting a line and selling at zero want the settings password
+        bool musteri = false;  ///< a second window turns the sale to the customer
+    } kasa;
+
     struct Olcu
     {
         QString olcu; ///< column widths of the sale lists, joined by "-"

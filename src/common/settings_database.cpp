@@ -2,6 +2,7 @@
 
 #include "common/host_error.h"
 #include "common/resume_next.h"
+#include "common/turkish.h"
 
 #include <QStringBuilder>
 
@@ -171,6 +172,11 @@ QStringList updates(const Settings &from, SettingWriter writer)
     return updates(LocalFile::settings, writer, [&](const SettingRow &row) {
         return row.place ? storedText(row.place(values)) : row.design.toString();
     });
+}
+
+bool isPassword(const QString &stored, const QString &typed)
+{
+    return turkish::upper(typed) == stored;
 }
 
 } // namespace settings

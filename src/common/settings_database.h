@@ -56,4 +56,7 @@ QStringList updates(LocalFile file, SettingWriter writer,
                     const std::function<QString(const SettingRow &)> &text);
 QStringList updates(const Settings &from, SettingWriter writer);
 
+/// Whether what was typed is the settings password; it is stored in capitals.
+bool isPassword(const QString &stored, const QString &typed);
+
 } // namespace settings

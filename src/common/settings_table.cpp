@@ -72,6 +72,8 @@ const auto kRows = std::to_array<SettingRow>({
     {kSettings, u"liste", u"font", u"Arial", u"", place<&S::liste, &S::Liste::font>},
     {kSettings, u"liste", u"size", u"14", u"", place<&S::liste, &S::Liste::size>},
     {kSettings, u"per", u"per", u"0", u"0", place<&S::per, &S::Per::per>},
+    {kSettings, u"kasa", u"silsifre", u"0", u"0", place<&S::kasa, &S::Kasa::silsifre>},
+    {kSettings, u"kasa", u"musteri", u"0", u"0", place<&S::kasa, &S::Kasa::musteri>},
     {kSettings, u"olcu", u"olcu", u"", u"", place<&S::olcu, &S::Olcu::olcu>, till},
     // Options: a field that is kept only, font, points, bold. Texts: lines and how many there are.
     {kReceipt, u"baslik", u"bilgi", u"<>Arial<>12<>True", u"<>Arial<>12<>True"},

@@ -31,8 +31,7 @@ pricing::Discounts percentages(const RecordSet &price)
 
 QString discountRemark(const SaleLine &line)
 {
-    if (pricing::valueOf(line, SaleColumn::net) > 0.0 ||
-        pricing::valueOf(line, SaleColumn::price) <= 0.0)
+    if (!pricing::isGivenAway(line))
         return {};
     return u"%1: indirim fiyatı sıfırlıyor, fiyatı kontrol ediniz."_s.arg(line[SaleColumn::name]);
 }

@@ -71,6 +71,11 @@ void recompute(SaleLine &line, double quantity, double lineAmount)
     line[SaleColumn::net] = amount::money(lineAmount - discount);
 }
 
+bool isGivenAway(const SaleLine &line)
+{
+    return valueOf(line, SaleColumn::net) <= 0.0 && valueOf(line, SaleColumn::price) > 0.0;
+}
+
 QString totalText(float sum)
 {
     return amount::money(sum);

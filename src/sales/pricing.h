@@ -33,6 +33,9 @@ void recompute(SaleLine &line, double quantity, double lineAmount);
 /// A cell as a number; unreadable text counts as 0.
 double valueOf(const SaleLine &line, SaleColumn column);
 
+/// Whether discounts leave nothing of a price above 0.
+bool isGivenAway(const SaleLine &line);
+
 /// Display text of a sum kept in single precision: at most seven significant digits survive.
 QString totalText(float sum);
 

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 Settings oku(const LocalFiles &files)
 {
-    return settings::read(files, {u"kdv", u"ses", u"yazici", u"stok", u"liste", u"per"});
+    return settings::read(files, {u"kdv", u"ses", u"yazici", u"stok", u"liste", u"per", u"kasa"});
 }
 
 QList<int> olcuyukle(const LocalFiles &files)

@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "common/program.h"
+#include "common/settings_database.h"
 #include "sales/host_fault.h"
 #include "sales/quantity.h"
 #include "sales/receipt_printing.h"
@@ -160,6 +161,8 @@ void TillSession::enter(const QString &code, EntryMode mode)
         if (sold) {
             makeCurrent(m_active, result.row);
             hesapla(m_active);
+            if (result.outcome == LookupResult::Outcome::added)
+                askForFreeLine(m_active, result.row);
         }
     } catch (const HostError &error) {
         m_sounds.calsesoff();
@@ -172,6 +175,30 @@ void TillSession::enter(const QString &code, EntryMode mode)
         Q_EMIT entryRefused();
         later([this] { tellConnectionLost(m_program); });
     }
+}
+
+/// A discount that takes the whole price is the way to give goods away.
+void TillSession::askForFreeLine(int number, int row)
+{
+    if (!m_settings.kasa.silsifre || !pricing::isGivenAway(at(number).lines.line(row)))
+        return;
+    later([this, number, row] {
+        if (permitted(u"Sıfır fiyatla satmak"_s))
+            return;
+        at(number).lines.remove(row);
+        makeCurrent(number, row);
+        hesapla(number);
+    });
+}
+
+bool TillSession::permitted(const QString &what) const
+{
+    return !m_settings.kasa.silsifre || isPassword({}) || (permission && permission(what));
+}
+
+bool TillSession::isPassword(const QString &typed) const
+{
+    return settings::isPassword(settings::read(m_program.files(), {u"login"}).login.sifre, typed);
 }
 
 void TillSession::tellNotEntered(const QStringList &texts)
@@ -221,7 +248,8 @@ void TillSession::sil()
     if (row < 0)
         return;
     later([this, row, number = m_active] {
-        if (!m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s))
+        if (!m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s) ||
+            !permitted(u"Satır silmek"_s))
             return;
         at(number).lines.remove(row);
         makeCurrent(number, row);
@@ -387,12 +415,17 @@ std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
     return std::make_unique<CashierChoice>(m_program, m_settings.per.per);
 }
 
-std::unique_ptr<ItemFinder> TillSession::itemFinder() const
+std::unique_ptr<Finder> TillSession::itemFinder() const
 {
     return std::make_unique<ItemFinder>(m_program, m_lookup);
 }
 
-void TillSession::findItems(ItemFinder &finder, const QString &text)
+std::unique_ptr<Finder> TillSession::customerFinder() const
+{
+    return std::make_unique<CustomerFinder>(m_program);
+}
+
+void TillSession::search(Finder &finder, const QString &text)
 {
     const Work work(*this, [&text] { return text; });
     try {

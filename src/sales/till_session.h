@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sales/cashier.h"
-#include "sales/item_finder.h"
+#include "sales/finder.h"
 #include "sales/item_lookup.h"
 #include "sales/ledger_codes.h"
 #include "sales/notice.h"
@@ -77,6 +77,9 @@ public:
     };
     std::optional<CurrentLine> currentLine() const;
 
+    /// The same line whole; null when there is none.
+    const SaleLine *currentSaleLine() const { return at(m_active).currentLine(); }
+
     /// Sets, or adds to, the quantity of the current line. Returns why the typed text is refused,
     /// "" when the line was changed.
     QString miktargir(const QString &typed);
@@ -116,10 +119,11 @@ public:
     /// What the cashier dialog works with; connect its chosen() to setCashier().
     std::unique_ptr<CashierChoice> cashierChoice() const;
 
-    /// What the window that finds items by name works with; it must not outlive the till.
-    std::unique_ptr<ItemFinder> itemFinder() const;
-    /// Searches with it; a fault of the host is told.
-    void findItems(ItemFinder &finder, const QString &text);
+    /// What the windows that find stocks and customers work with; none may outlive the till.
+    std::unique_ptr<Finder> itemFinder() const;
+    std::unique_ptr<Finder> customerFinder() const;
+    /// Searches with one; a fault of the host is told.
+    void search(Finder &finder, const QString &text);
 
     /// Warns of lists that still hold lines; true when the form may close.
     bool mayClose();
@@ -130,6 +134,13 @@ public:
 
     QList<int> columnWidths() const;
     void saveColumnWidths(const QList<int> &widths);
+
+    /// Asks for the settings password before what the shop does not leave to every cashier;
+    /// `what`: "Satır silmek". False: not given. Set by the form.
+    std::function<bool(const QString &what)> permission;
+
+    /// Whether it is the settings password.
+    bool isPassword(const QString &typed) const;
 
 public Q_SLOTS:
     void enterCode(const QString &code);  ///< Enter in the entry box
@@ -187,6 +198,8 @@ private:
     QString listsWithGoods() const;
 
     void enter(const QString &code, EntryMode mode);
+    void askForFreeLine(int number, int row);
+    bool permitted(const QString &what) const;
     void hesapla(int number);
     void resetCash(int number);
     void forgetPosted(int number);

@@ -1,7 +1,6 @@
 #include "shell/login_session.h"
 
 #include "common/settings_database.h"
-#include "common/turkish.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +14,7 @@ void LoginSession::load()
 
 void LoginSession::enter(const QString &typed)
 {
-    if (turkish::upper(typed) == m_stored) {
+    if (settings::isPassword(m_stored, typed)) {
         Q_EMIT accepted();
         return;
     }

@@ -242,6 +242,34 @@ TEST_F(Till, ALineIsDeletedOnlyWhenConfirmed)
     EXPECT_EQ(shop.prompt.shown.size(), 3U);
 }
 
+TEST_F(Till, WithTheSettingDeletingAndGivingAwayWantThePassword)
+{
+    shop.db.setRow(u"kasa"_s, {{u"silsifre"_s, u"1"_s}});
+    shop.db.setRow(u"login"_s, {{u"sifre"_s, u"GİZLİ"_s}});
+    shop.add({u"869009"_s, u"S9"_s, u"Hediye"_s, 10.0, {100, 0, 0}, 1});
+    till.load();
+    QStringList asked;
+    bool given = false;
+    till.permission = [&](const QString &what) {
+        asked += what;
+        return given;
+    };
+    shop.prompt.answers = {Answer::yes, Answer::yes};
+    for (const bool allowed : {false, true}) {
+        given = allowed;
+        scan({u"869009"_s, u"869002"_s});
+        till.openBoxes();
+        EXPECT_EQ(till.list(0).size(), allowed ? 2 : 1);
+        till.moveSelection(9);
+        till.sil();
+        till.openBoxes();
+        EXPECT_EQ(till.list(0).size(), 1);
+    }
+    EXPECT_EQ(asked.size(), 4);
+    EXPECT_TRUE(till.isPassword(u"gizli"_s));
+    EXPECT_FALSE(till.isPassword({}));
+}
+
 TEST_F(Till, APostedSaleLeavesTheListAndItsReceiptShowsIt)
 {
     till.setCashier({u"P1"_s, u"Ayşe"_s});

@@ -1,5 +1,7 @@
 #include "sales/forms/stfatura.h"
 
+#include "sales/forms/customer_display.h"
+#include "sales/forms/permission_box.h"
 #include "sales/forms/sale_page.h"
 #include "sales/forms/scan_keeper.h"
 #include "sales/forms/till_dialogs.h"
@@ -27,6 +29,10 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
     m_ui->notice->setMargin(8);
     m_ui->srvadi->installEventFilter(this);
     buildPages();
+    m_customer = std::make_unique<CustomerDisplay>(session);
+    for (const auto changed : {&QGuiApplication::screenAdded, &QGuiApplication::screenRemoved})
+        connect(
+            qApp, changed, this, [this] { m_customer->place(*this); }, Qt::QueuedConnection);
     connectButtons();
     connectSession();
     session.load();
@@ -39,7 +45,10 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
     focusEntry();
 }
 
-stfatura::~stfatura() = default;
+stfatura::~stfatura()
+{
+    m_session.permission = nullptr;
+}
 
 QToolButton *stfatura::menuButton() const
 {
@@ -73,6 +82,7 @@ void stfatura::connectButtons()
     act(m_ui->button4, [this] { m_session.toggleEntryMode(); });
     connect(m_ui->button5, &QPushButton::clicked, this, &stfatura::focusCash);
     act(m_ui->button6, [this] { chooseCashier(m_session, this); });
+    act(m_ui->button10, [this] { findCustomer(m_session, this); });
     act(m_ui->button9, [this] { findItem(m_session, this); });
     act(m_ui->button7, [this] { m_session.reprint(); });
     act(m_ui->button8, [this] { m_session.sil(); });
@@ -96,6 +106,7 @@ void stfatura::connectSession()
     connect(&m_session, &TillSession::entryModeChanged, this, &stfatura::showMode);
     connect(&m_session, &TillSession::cashierChanged, this,
             [this] { m_ui->statusbar->showCashier(m_session.cashier()); });
+    connect(&m_session, &TillSession::customerChanged, this, &stfatura::showCustomer);
     connect(&m_session, &TillSession::totalsChanged, this,
             [this](int number) { m_ui->tb1->mark(number, !m_session.list(number).isEmpty()); });
     connect(&m_session, &TillSession::cashRefused, this, &stfatura::focusCash);
@@ -106,6 +117,11 @@ void stfatura::connectSession()
     connect(&m_session, &TillSession::postedIncompletely, this,
             [this](const PostingReport &report) { showReport(m_session, report, this); });
     connect(&m_session, &TillSession::closeAllowed, this, &QWidget::close);
+    m_session.permission = [this](const QString &what) {
+        return PermissionBox(
+                   what, [this](const QString &typed) { return m_session.isPassword(typed); }, this)
+                   .exec() == QDialog::Accepted;
+    };
     auto *keeper = new ScanKeeper(*this, [this] { return m_session.atWork(); });
     connect(&m_session, &TillSession::boxWaits, keeper, &ScanKeeper::awaitQuiet);
     connect(keeper, &ScanKeeper::quiet, &m_session, &TillSession::openBoxes);
@@ -163,6 +179,11 @@ bool stfatura::formKey(const QKeyEvent &event)
         break;
     case Qt::Key_F11:
         findItem(m_session, this);
+        break;
+    case Qt::Key_M:
+        if (event.modifiers() != Qt::ControlModifier)
+            return false;
+        findCustomer(m_session, this);
         break;
     case Qt::Key_Insert:
         m_session.payExactly();
@@ -244,8 +265,11 @@ void stfatura::showSettings()
     for (SalePage *each : m_pages)
         each->setLook(look);
     m_ui->title->setText(settings.liste.title);
-    m_ui->statusbar->showSettings(settings);
+    m_ui->statusbar->showPrinter(settings.yazici.yazici1);
+    showCustomer();
     setWindowState(windowState().setFlag(Qt::WindowFullScreen, settings.liste.tmekran));
+    QMetaObject::invokeMethod( // once the till knows its own screen
+        this, [this] { m_customer->place(*this); }, Qt::QueuedConnection);
     m_ui->closeButton->setVisible(settings.liste.tmekran); // there is no title bar then
 }
 
@@ -254,6 +278,16 @@ void stfatura::showMark(const QString &mark)
     m_ui->bookButton->show();
     m_ui->mark->setText(mark);
     m_ui->mark->setVisible(!mark.isEmpty());
+}
+
+/// A sale that goes to an account of its own says so in large type; the usual one stands below.
+void stfatura::showCustomer()
+{
+    const Customer customer = m_session.customer();
+    m_ui->statusbar->showCustomer(customer);
+    const bool usual = customer.code == m_session.settings().stok.carikod;
+    m_ui->customer->setVisible(!usual);
+    m_ui->customer->setText(customer.code + u"  "_s + customer.name);
 }
 
 void stfatura::showMode()

@@ -5,6 +5,7 @@
 #include <array>
 #include <memory>
 
+class CustomerDisplay;
 class SalePage;
 class TillSession;
 
@@ -55,6 +56,7 @@ private:
     void focusCash();
 
     void showSettings();
+    void showCustomer();
     void showMode();
     void showList(int number);
     SalePage &page() const;
@@ -62,4 +64,5 @@ private:
     TillSession &m_session;
     std::unique_ptr<Ui::stfatura> m_ui;
     std::array<SalePage *, 3> m_pages{};
+    std::unique_ptr<CustomerDisplay> m_customer;
 };

@@ -1,7 +1,7 @@
 #include "sales/forms/till_dialogs.h"
 
 #include "sales/forms/PER.h"
-#include "sales/forms/item_finder_form.h"
+#include "sales/forms/finder_form.h"
 #include "sales/forms/miktr.h"
 #include "sales/forms/posting_report_box.h"
 #include "sales/forms/scan_keeper.h"
@@ -95,11 +95,24 @@ void chooseCashier(TillSession &session, QWidget *till)
 void findItem(TillSession &session, QWidget *till)
 {
     const auto finder = session.itemFinder();
-    ItemFinderForm dialog(
-        *finder, [&](const QString &text) { session.findItems(*finder, text); }, till);
+    FinderForm dialog(
+        *finder,
+        {u"Ürün Bul ve Fiyat Gör"_s, u"Adı, kodu ya da &barkodu"_s, u"&Satışa ekle (Enter)"_s},
+        [&](const QString &text) { session.search(*finder, text); }, till);
     dialog.exec();
-    if (!dialog.taken().isEmpty())
-        session.enterStock(dialog.taken());
+    if (dialog.taken() >= 0)
+        session.enterStock(finder->code(dialog.taken()));
+}
+
+void findCustomer(TillSession &session, QWidget *till)
+{
+    const auto finder = session.customerFinder();
+    FinderForm dialog(
+        *finder, {u"Satışın Müşterisi"_s, u"Unvanı ya da &kodu"_s, u"&Satışa yaz (Enter)"_s},
+        [&](const QString &text) { session.search(*finder, text); }, till);
+    dialog.exec();
+    if (dialog.taken() >= 0)
+        session.setCustomer({finder->code(dialog.taken()), finder->name(dialog.taken())});
 }
 
 void showReport(TillSession &session, const PostingReport &report, QWidget *till)

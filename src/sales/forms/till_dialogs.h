@@ -23,6 +23,9 @@ void chooseCashier(TillSession &session, QWidget *till);
 /// Finds an item by its name and brings it into the active list, or only tells its price.
 void findItem(TillSession &session, QWidget *till);
 
+/// Finds the account that the active list's sale goes to.
+void findCustomer(TillSession &session, QWidget *till);
+
 /// Shows what a posting left missing.
 void showReport(TillSession &session, const PostingReport &report, QWidget *till);
 

@@ -1,7 +1,7 @@
 #include "sales/forms/till_status_bar.h"
 
 #include "sales/cashier.h"
-#include "sales/sale_settings.h"
+#include "sales/sale.h"
 
 #include <QLabel>
 
@@ -24,11 +24,15 @@ QLabel *TillStatusBar::addPanel(const QString &name, const QString &caption, int
     return panel;
 }
 
-void TillStatusBar::showSettings(const Settings &settings)
+void TillStatusBar::showCustomer(const Customer &customer)
 {
-    m_code->setText(settings.stok.carikod);
-    m_name->setText(settings.stok.cari);
-    m_printer->setText(settings.yazici.yazici1);
+    m_code->setText(customer.code);
+    m_name->setText(customer.name);
+}
+
+void TillStatusBar::showPrinter(const QString &printer)
+{
+    m_printer->setText(printer);
 }
 
 void TillStatusBar::showCashier(const Cashier &cashier)

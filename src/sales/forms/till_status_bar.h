@@ -3,7 +3,7 @@
 #include <QStatusBar>
 
 struct Cashier;
-struct Settings;
+struct Customer;
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -18,7 +18,8 @@ class TillStatusBar final : public QStatusBar
 public:
     explicit TillStatusBar(QWidget *parent = nullptr);
 
-    void showSettings(const Settings &settings);
+    void showCustomer(const Customer &customer);
+    void showPrinter(const QString &printer);
 
     /// The panel's text is the name, its property `tag` the code.
     void showCashier(const Cashier &cashier);

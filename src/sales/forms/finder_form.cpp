@@ -1,7 +1,7 @@
-#include "sales/forms/item_finder_form.h"
+#include "sales/forms/finder_form.h"
 
-#include "sales/item_finder.h"
-#include "ui_item_finder_form.h"
+#include "sales/finder.h"
+#include "ui_finder_form.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
@@ -16,35 +16,38 @@ constexpr qsizetype kFewLetters = 2; ///< a single letter finds half the shop: o
 
 } // namespace
 
-ItemFinderForm::ItemFinderForm(ItemFinder &finder, std::function<void(const QString &)> search,
-                               QWidget *parent)
+FinderForm::FinderForm(Finder &finder, const Words &words,
+                       std::function<void(const QString &)> search, QWidget *parent)
     : QDialog(parent), m_finder(finder), m_search(std::move(search)),
-      m_ui(std::make_unique<Ui::ItemFinderForm>()), m_pause(new QTimer(this))
+      m_ui(std::make_unique<Ui::FinderForm>()), m_pause(new QTimer(this))
 {
     m_ui->setupUi(this);
+    setWindowTitle(words.title);
+    m_ui->textLabel->setText(words.searched);
+    m_ui->ekle->setText(words.take);
     m_ui->l1->setModel(&finder);
     m_ui->l1->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_ui->l1->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_ui->Text1->installEventFilter(this);
     m_pause->setSingleShot(true);
     m_pause->setInterval(kPause);
-    connect(m_pause, &QTimer::timeout, this, &ItemFinderForm::search);
+    connect(m_pause, &QTimer::timeout, this, &FinderForm::search);
     connect(m_ui->Text1, &QLineEdit::textEdited, this, [this](const QString &text) {
         if (text.trimmed().size() >= kFewLetters)
             m_pause->start();
     });
     connect(m_ui->l1->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &ItemFinderForm::showPrice);
-    connect(m_ui->l1, &QTableView::doubleClicked, this, &ItemFinderForm::take);
-    connect(m_ui->ekle, &QPushButton::clicked, this, &ItemFinderForm::take);
-    connect(m_ui->kapat, &QPushButton::clicked, this, &ItemFinderForm::reject);
-    showPrice();
+            &FinderForm::showRow);
+    connect(m_ui->l1, &QTableView::doubleClicked, this, &FinderForm::take);
+    connect(m_ui->ekle, &QPushButton::clicked, this, &FinderForm::take);
+    connect(m_ui->kapat, &QPushButton::clicked, this, &FinderForm::reject);
+    showRow();
     m_ui->Text1->setFocus();
 }
 
-ItemFinderForm::~ItemFinderForm() = default;
+FinderForm::~FinderForm() = default;
 
-void ItemFinderForm::search()
+void FinderForm::search()
 {
     m_pause->stop();
     const QString text = m_ui->Text1->text().trimmed();
@@ -54,30 +57,29 @@ void ItemFinderForm::search()
     m_search(text);
     m_ui->remark->setText(m_finder.remark());
     m_ui->l1->selectRow(0);
-    showPrice();
+    showRow();
 }
 
-void ItemFinderForm::take()
+void FinderForm::take()
 {
     const int row = m_ui->l1->currentIndex().row();
     if (row < 0)
         return;
-    m_taken = m_finder.item(row)[SaleColumn::stockCode];
+    m_taken = row;
     accept();
 }
 
-void ItemFinderForm::showPrice()
+void FinderForm::showRow()
 {
     const int row = m_ui->l1->currentIndex().row();
     const bool there = row >= 0 && row < m_finder.rowCount();
     m_ui->ekle->setEnabled(there);
-    const QString net = there ? m_finder.item(row)[SaleColumn::net] : QString();
-    m_ui->price->setText(net.isEmpty() ? (there ? u"fiyatı yok"_s : QString()) : net + u" ₺"_s);
+    m_ui->price->setText(there ? m_finder.large(row) : QString());
 }
 
 /// The box keeps the keyboard: arrows walk through the list below, Enter searches a new text and
 /// takes the item of a searched one.
-bool ItemFinderForm::eventFilter(QObject *watched, QEvent *event)
+bool FinderForm::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);
