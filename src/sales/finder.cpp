@@ -67,6 +67,8 @@ int Finder::columnCount(const QModelIndex &parent) const
 
 QVariant Finder::data(const QModelIndex &index, int role) const
 {
+    if (!index.isValid()) // Ctrl+C in an empty list asks for one
+        return {};
     if (role == Qt::TextAlignmentRole && index.column() == kPriceColumn)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     return role == Qt::DisplayRole ? cells(index.row()).at(index.column()) : QVariant();
