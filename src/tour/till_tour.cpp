@@ -68,7 +68,7 @@ void Tour::correctLines()
         saleKey(Qt::Key_Up);
         saleKey(Qt::Key_Delete);
     });
-    step(u"Onay kutusu"_s, [this] {
+    stepIn(u"mesaj"_s, u"Onay kutusu"_s, [this] {
         picture(u"mesaj"_s, u"mesaj-satir-sil"_s);
         press(control(u"mesaj"_s, u"button2"_s), Qt::Key_Return);
     });
@@ -138,7 +138,7 @@ void Tour::postIncompletely()
         scan(kRest.first());
         saleKey(Qt::Key_F2);
     });
-    step(u"Eksik kalan satışın raporu"_s, [this] {
+    stepIn(u"PostingReportBox"_s, u"Eksik kalan satışın raporu"_s, [this] {
         picture(u"PostingReportBox"_s, u"PostingReportBox"_s);
         click(u"PostingReportBox"_s, u"closeButton"_s);
     });
@@ -151,7 +151,7 @@ void Tour::showTillBook()
         saleKey(Qt::Key_F1);
     });
     const auto page = [this](int number, const QString &file) {
-        step(u"Kasa sayfası"_s, [this, number, file] {
+        stepIn(u"TillBook"_s, u"Kasa sayfası"_s, [this, number, file] {
             auto *pages = qobject_cast<QTabWidget *>(control(u"TillBook"_s, u"pages"_s));
             pages->setCurrentIndex(number);
             picture(u"TillBook"_s, file);

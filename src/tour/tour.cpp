@@ -17,12 +17,15 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kTickMs = 120; ///< long enough for a form to lay itself out between two steps
 constexpr int kPatienceMs = 3000;
+constexpr int kMostTicks = 50; ///< that a window may keep a step waiting
 constexpr int kLongestMs = 240'000;
 
 /// True while the dialog, or without one any window, shows that stocks are read or labels printed.
@@ -169,7 +172,26 @@ void Tour::connection()
 
 void Tour::step(const QString &what, const Action &action)
 {
-    m_steps.push_back({what, action});
+    m_steps.push_back({what, action, {}});
+}
+
+void Tour::stepIn(const QString &window, const QString &what, const Action &action)
+{
+    m_steps.push_back({what, action, window});
+}
+
+/// Whether a step is to wait for its window; a window that never comes is a fault of the step.
+bool Tour::isAwaited(const QString &window)
+{
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const bool there = std::any_of(all.begin(), all.end(), [&](const QWidget *each) {
+        return each->isVisible() && each->objectName() == window;
+    });
+    if (window.isEmpty() || there || ++m_waited > kMostTicks) {
+        m_waited = 0;
+        return false;
+    }
+    return true;
 }
 
 void Tour::tick()
@@ -188,6 +210,8 @@ void Tour::tick()
         return;
     if (showsProgress(dialog))
         return; // it ends by itself
+    if (isAwaited(m_steps[m_next].window))
+        return;
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
     const QScopedValueRollback before(m_dialogBefore, dialog);

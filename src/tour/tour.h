@@ -33,6 +33,9 @@ private:
     using Action = std::function<void()>;
 
     void step(const QString &what, const Action &action);
+    /// A step in a window that opens when it will: a box of the till waits until nobody types.
+    void stepIn(const QString &window, const QString &what, const Action &action);
+    bool isAwaited(const QString &window);
     void stockList();
     void queueAndPrint();
     void documents();
@@ -90,6 +93,7 @@ private:
     {
         QString what;
         Action action;
+        QString window; ///< waited for; empty: none
     };
 
     Rooms &m_rooms;
@@ -97,6 +101,7 @@ private:
     QString m_folder;
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
+    int m_waited = 0;                  ///< ticks for the window of the next step
     int m_depth = 0;                   ///< steps that wait for a dialog they opened
     QWidget *m_dialogBefore = nullptr; ///< the dialog in which the latest step began, only compared
     int m_failures = 0;
