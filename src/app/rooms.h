@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/design_room.h"
+#include "app/setup_room.h"
 #include "common/autostart.h"
 #include "common/program.h"
 #include "labels/desk/invoice_picker.h"
@@ -60,6 +61,9 @@ public:
     void showLogin();
     void showAbout();
 
+    /// The set-up with today's values.
+    void showSetup() { m_setup.show(); }
+
     /// Brings up the window used last, for a user who starts the program although it runs.
     void showLastWindow();
 
@@ -83,6 +87,8 @@ private:
     void showLoginModal();
     void showSettings();
     void applySettings();
+    void applySetup();
+    void applyServer();
     void connectAnew();
     void reloadTill();
     void showReceiptDesigner();
@@ -104,6 +110,7 @@ private:
     PrintRun m_print;
     TillSession m_till;
     DesignRoom m_design;
+    SetupRoom m_setup;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;

@@ -63,6 +63,11 @@ ReceiptLayout layoutOf(const Texts &texts)
 
 } // namespace
 
+ReceiptLayout designLayout()
+{
+    return layoutOf(settings::designTexts(LocalFile::receipt));
+}
+
 ReceiptLayout fisoku(Program &program)
 {
     Texts texts = settings::designTexts(LocalFile::receipt);

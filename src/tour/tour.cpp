@@ -49,6 +49,7 @@ Tour::Tour(Rooms &rooms, Program &program, const QString &folder)
     turnedText();
     quickSale();
     settings();
+    setup();
     connection();
     QTimer::singleShot(kTickMs, this, &Tour::tick);
     QTimer::singleShot(kLongestMs, this, &Tour::giveUp);
@@ -166,9 +167,9 @@ void Tour::connection()
     });
 }
 
-void Tour::step(const QString &what, const Action &action)
+void Tour::step(const QString &what, const Action &action, std::function<bool()> ready)
 {
-    m_steps.push_back({what, action});
+    m_steps.push_back({what, action, std::move(ready)});
 }
 
 void Tour::tick()
@@ -187,6 +188,8 @@ void Tour::tick()
         return;
     if (showsProgress(dialog))
         return; // it ends by itself
+    if (const auto &ready = m_steps[m_next].ready; ready && !ready())
+        return;
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));
     const QScopedValueRollback before(m_dialogBefore, dialog);

@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QObject>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include <functional>
@@ -32,7 +33,8 @@ public:
 private:
     using Action = std::function<void()>;
 
-    void step(const QString &what, const Action &action);
+    /// `ready`: whether the step's turn has come; empty: as soon as the one before is over.
+    void step(const QString &what, const Action &action, std::function<bool()> ready = {});
     void stockList();
     void queueAndPrint();
     void documents();
@@ -41,6 +43,12 @@ private:
     void turnedText();
     void settings();
     void connection();
+
+    void setup();
+    void setupStep(const QString &what, const Action &action);
+    void ownLedger();
+    void otherTill();
+    void makeOtherTill();
 
     void quickSale();
     void fillFirstList();
@@ -72,6 +80,7 @@ private:
     {
         QString what;
         Action action;
+        std::function<bool()> ready;
     };
 
     Rooms &m_rooms;
@@ -86,4 +95,5 @@ private:
     QWidget m_nowhere; ///< stands for a window that is not there
     QStringList m_collected;
     LedgerRows m_ledger; ///< as it stood before the sales
+    QTemporaryDir m_otherTill;
 };

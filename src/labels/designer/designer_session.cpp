@@ -231,12 +231,13 @@ void DesignerSession::stepRow(int by)
 
 LabelRow DesignerSession::row() const
 {
-    return m_rows.empty() ? sampleRow() : m_rows[m_row];
+    return m_rows.empty() ? sampleLabel(m_editor.layout()) : m_rows[m_row];
 }
 
 PrintJob DesignerSession::printJob() const
 {
-    return makePrintJob(m_editor.layout(), m_rows.empty() ? std::vector{sampleRow()} : m_rows);
+    return makePrintJob(m_editor.layout(),
+                        m_rows.empty() ? std::vector{sampleLabel(m_editor.layout())} : m_rows);
 }
 
 QString DesignerSession::rowText() const
@@ -245,23 +246,6 @@ QString DesignerSession::rowText() const
         return u"Örnek değerler"_s;
     return u"%1 / %2"_s.arg(amount::whole(static_cast<qint64>(m_row) + 1),
                             amount::whole(static_cast<qint64>(m_rows.size())));
-}
-
-/// What a shop's label may show, and the sample number of the first barcode.
-LabelRow DesignerSession::sampleRow() const
-{
-    LabelRow row;
-    for (const LabelField &field : labelFields())
-        row.fields.insert(field.name, field.sample);
-    row.stockCode = row.fields.take(u"Stok Kodu"_s);
-    row.stockName = row.fields.take(u"Stok Adı"_s);
-    row.price = row.fields.take(u"Fiyat"_s);
-    row.barcode = row.fields.take(u"Barkod"_s);
-    row.unit = row.fields.value(u"Birim"_s);
-    const auto &barcodes = m_editor.layout().barcodes;
-    if (!barcodes.empty() && !barcodes.front().sample.isEmpty())
-        row.barcode = barcodes.front().sample;
-    return row;
 }
 
 std::vector<LabelSheet> DesignerSession::sheets() const

@@ -87,7 +87,6 @@ private:
     bool refusedName(const QString &name);
     bool finishSaving(const QString &fileName);
 
-    LabelRow sampleRow() const;
     void look();
 
     Program &m_program;

@@ -22,12 +22,12 @@ QByteArray bytesOf(const QString &path)
 
 QString LayoutFolder::path(const QString &name) const
 {
-    return layoutFolder(m_program.directory()) + u'/' + name;
+    return layoutFolder(m_directory) + u'/' + name;
 }
 
 QStringList LayoutFolder::names() const
 {
-    return QDir(layoutFolder(m_program.directory()))
+    return QDir(layoutFolder(m_directory))
         .entryList({u"*.ayr"_s}, QDir::Files, QDir::Name | QDir::LocaleAware);
 }
 
@@ -81,13 +81,12 @@ LabelLayout LayoutFolder::open(const QString &name) const
 
 QString LayoutFolder::defaultName() const
 {
-    return defaultLayout(m_program.keys, m_program.directory());
+    return defaultLayout(m_program.keys, m_directory);
 }
 
 bool LayoutFolder::setDefault(const QString &name)
 {
-    return told(setDefaultLayout(m_program.keys, m_program.directory(), name),
-                path(u"Default.zev"_s));
+    return told(setDefaultLayout(m_program.keys, m_directory, name), path(u"Default.zev"_s));
 }
 
 bool LayoutFolder::setPrinter(const QString &name, const QString &printer)

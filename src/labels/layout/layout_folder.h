@@ -8,7 +8,12 @@
 class LayoutFolder
 {
 public:
-    explicit LayoutFolder(Program &program) : m_program(program) {}
+    explicit LayoutFolder(Program &program) : LayoutFolder(program, program.directory()) {}
+
+    /// Those of another working folder.
+    LayoutFolder(Program &program, const QString &directory)
+        : m_program(program), m_directory(directory)
+    {}
 
     /// Names of the layout files, in alphabetical order.
     QStringList names() const;
@@ -43,4 +48,5 @@ private:
     bool told(bool written, const QString &file);
 
     Program &m_program;
+    QString m_directory;
 };

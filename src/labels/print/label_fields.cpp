@@ -3,6 +3,7 @@
 #include "common/amount.h"
 #include "common/program.h"
 #include "common/turkish.h"
+#include "labels/layout/label_layout.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -171,6 +172,21 @@ const std::vector<LabelField> &labelFields()
         {kPrintDate, u"Yazdırıldığı gün"_s, u"22.11.2026"_s},
     };
     return fields;
+}
+
+LabelRow sampleLabel(const LabelLayout &layout)
+{
+    LabelRow row;
+    for (const LabelField &field : labelFields())
+        row.fields.insert(field.name, field.sample);
+    row.stockCode = row.fields.take(u"Stok Kodu"_s);
+    row.stockName = row.fields.take(u"Stok Adı"_s);
+    row.price = row.fields.take(u"Fiyat"_s);
+    row.barcode = row.fields.take(u"Barkod"_s);
+    row.unit = row.fields.value(u"Birim"_s);
+    if (!layout.barcodes.empty() && !layout.barcodes.front().sample.isEmpty())
+        row.barcode = layout.barcodes.front().sample;
+    return row;
 }
 
 bool isKnownField(QStringView name, const LabelRow &row)

@@ -7,6 +7,7 @@
 #include <vector>
 
 class Program;
+struct LabelLayout;
 
 /// A field that a text of a label can be bound to. Beside these, the name of any column of the
 /// stock card (STKKART) is a field, whatever a ledger keeps there.
@@ -27,6 +28,9 @@ bool isKnownField(QStringView name, const LabelRow &row);
 
 /// A field's value in a row, "" for unknown fields.
 QString fieldText(QStringView name, const LabelRow &row);
+
+/// What a shop's label may show, with the sample number of the layout's first barcode.
+LabelRow sampleLabel(const LabelLayout &layout);
 
 /// Reads what fields beyond the row's own need of the company database: the stock card, and the
 /// price records for the price before discounts. Nothing is asked for fields that need nothing; a
