@@ -14,7 +14,7 @@ cmake --build --preset release
 tezgah=build/release/src/tezgah
 if [ "${1:-}" != --tour ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     mkdir -p dukkan
-    exec "$tezgah" --directory dukkan
+    exec "$tezgah" --directory dukkan --demo
 fi
 
 work=$(mktemp -d)

@@ -1,4 +1,5 @@
 #include "app/rooms.h"
+#include "app/setup_room.h"
 #include "common/program.h"
 #include "common/settings_database.h"
 #include "platform/demo/demo_shop.h"
@@ -16,6 +17,7 @@
 #include "shell/forms/look.h"
 #include "shell/forms/mesaj.h"
 #include "shell/settings_file.h"
+#include "shell/setup_writing.h"
 #include "tour/tour.h"
 
 #include <QApplication>
@@ -84,6 +86,7 @@ struct Options
 {
     QString directory; ///< working folder, "" = the current one
     QString tour;      ///< where the tour leaves its pictures, "" = no tour
+    bool demo = false; ///< a folder without settings gets the demo shop, nobody is asked
 };
 
 Options readOptions(const QCoreApplication &app)
@@ -97,9 +100,11 @@ Options readOptions(const QCoreApplication &app)
     const QCommandLineOption tour(
         u"tour"_s, u"Formları kendisi kullanır; resimlerini ve çıktıları DIR klasörüne bırakır."_s,
         u"DIR"_s);
-    parser.addOptions({directory, tour});
+    const QCommandLineOption demo(u"demo"_s,
+                                  u"Ayarı olmayan klasörde sormadan örnek dükkânı kurar."_s);
+    parser.addOptions({directory, tour, demo});
     parser.process(app);
-    return {parser.value(directory), parser.value(tour)};
+    return {parser.value(directory), parser.value(tour), parser.isSet(demo)};
 }
 
 void nameApplication()
@@ -126,21 +131,37 @@ void hideSettings(const QString &directory)
         makePrivate(folder.filePath(name));
 }
 
-/// A working folder without settings gets the demo shop. The settings come last: as long as they
-/// are missing, the next start tries again.
-void prepareFolder(Program &program)
+/// Whether somebody sits before the program who can answer.
+bool mayAsk(const Options &options)
 {
+    const QString platform = QGuiApplication::platformName();
+    return !options.demo && options.tour.isEmpty() && platform != u"offscreen"_s &&
+           platform != u"minimal"_s;
+}
+
+/// A working folder without settings is set up. The settings come last: as long as they are
+/// missing, the next start tries again. False when the user would rather not now.
+bool prepareFolder(Program &program, bool ask)
+{
+    finishSetup(program);
     clearUnfinished(program.directory());
     hideSettings(program.directory());
     if (QFile::exists(program.path(settings::kFile))) {
         const QString told = repairSettingsFile(program.files());
         if (!told.isEmpty())
             program.caution(told);
-        return;
+        return true;
     }
     copyShippedFiles(program.directory());
-    createDemoShop(program.directory(), program.clock.now().date());
-    createSettingsFile(program.files());
+    const auto way = ask ? SetupRoom(program).askFirst() : SetupWay::demo;
+    if (!way)
+        return false;
+    const bool demo = *way == SetupWay::demo;
+    if (demo || isEmbedded(settings::read(program.files(), {u"server"}).server.server))
+        createDemoShop(program.directory(), program.clock.now().date());
+    if (demo)
+        createSettingsFile(program.files());
+    return true;
 }
 
 int run(Application &app, const Options &options, const StartTimes &times)
@@ -172,10 +193,18 @@ int run(Application &app, const Options &options, const StartTimes &times)
     WindowPrompt prompt;
     SystemAutostart autostart(directory);
     Program program({host, db, keys, printers, sounds, clock, prompt, &journal}, directory);
+    Rooms *opened = nullptr;
+    instance.onFurtherStart([&opened] {
+        if (opened)
+            opened->showLastWindow();
+        else if (QWidget *asking = QApplication::activeModalWidget())
+            asking->activateWindow();
+    });
     app.reportTo(&program);
     const auto gone = qScopeGuard([&app] { app.reportTo(nullptr); }); // the program ends first
     try {
-        prepareFolder(program);
+        if (!prepareFolder(program, mayAsk(options)))
+            return 0;
     } catch (const std::exception &error) {
         program.report(error);
         return 1;
@@ -184,7 +213,7 @@ int run(Application &app, const Options &options, const StartTimes &times)
     times.reached("folder");
 
     Rooms rooms(program, autostart);
-    instance.onFurtherStart([&rooms] { rooms.showLastWindow(); });
+    opened = &rooms;
     program.handle([&] { rooms.open(); });
     std::unique_ptr<Tour> tour; // starts when a server that takes its time has been opened
     if (!tourFolder.isEmpty())

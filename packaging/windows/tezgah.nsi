@@ -47,8 +47,8 @@ dokunulmaz.$\r$\n$\r$\nBaşlamak için Kur düğmesine basın."
 !insertmacro MUI_PAGE_INSTFILES
 !define MUI_FINISHPAGE_TITLE "${NAME} kuruldu"
 !define MUI_FINISHPAGE_TEXT "Program başlat menüsünde ${NAME} adıyla durur.$\r$\n$\r$\n\
-Pencereyi kapatmak için Bitir düğmesine basın."
-!define MUI_FINISHPAGE_RUN_TEXT "${NAME} şimdi başlasın"
+Bitir düğmesine basınca açılır; ilk açılışta sunucuyu ve yazıcıları adım adım sorar."
+!define MUI_FINISHPAGE_RUN_TEXT "${NAME} şimdi açılsın"
 !insertmacro MUI_PAGE_FINISH
 !define MUI_PAGE_HEADER_TEXT "${NAME} kaldırılacak"
 !define MUI_PAGE_HEADER_SUBTEXT "Dükkânın dosyaları ayrıca sorulur."

@@ -1,5 +1,6 @@
 #include "app/rooms.h"
 
+#include "common/settings_database.h"
 #include "labels/desk/forms/baruret.h"
 #include "labels/desk/forms/fatura.h"
 #include "labels/desk/forms/fytdegisbul.h"
@@ -62,7 +63,7 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
       m_changes(program), m_print(program), m_till(program), m_outer([this] {
           return m_print.isRunning() || m_desk.isBusy() || m_invoices.isBusy() || m_till.atWork();
       }),
-      m_design(program, m_print, m_desk, m_outer), m_strt(m_start, m_link)
+      m_design(program, m_print, m_desk, m_outer), m_setup(program), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -74,6 +75,7 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     connectMenu();
     connectPrinting();
     connectDocuments();
+    connect(&m_setup, &SetupRoom::changed, this, &Rooms::applySetup);
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this,
             [this] { m_outer.run([this] { endWhenNothingShows(); }); });
@@ -355,6 +357,7 @@ void Rooms::showSettings()
         });
         connect(form, &parametre::accepted, this, &Rooms::applySettings, Qt::QueuedConnection);
         connect(form, &parametre::receiptLayoutWanted, this, &Rooms::showReceiptDesigner);
+        connect(form, &parametre::setupWanted, this, &Rooms::showSetup, Qt::QueuedConnection);
         connect(form, &parametre::diagnosisWanted, this,
                 [this, form](const DiagnosisTarget &target) { showDiagnosis(target, form); });
         form->setModal(true);
@@ -367,6 +370,20 @@ void Rooms::applySettings()
 {
     if (!m_autostart.set(m_startWithMachine))
         m_program.caution(u"Bilgisayar açılınca başlatma ayarı değiştirilemedi."_s);
+    applyServer();
+}
+
+/// The set-up has written all settings and perhaps the layouts.
+void Rooms::applySetup()
+{
+    m_desk.loadPriceNumbers();
+    reloadTill();
+    m_serverChanged = settings::read(m_program.files(), {u"server"}).server != m_link.server();
+    applyServer();
+}
+
+void Rooms::applyServer()
+{
     // The connection dialog looks at the master connection only, so a company that did not open
     // while the master is open is tried here.
     if (std::exchange(m_serverChanged, false))

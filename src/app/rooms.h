@@ -2,6 +2,7 @@
 
 #include "app/design_room.h"
 #include "app/outer_loop.h"
+#include "app/setup_room.h"
 #include "common/autostart.h"
 #include "common/program.h"
 #include "labels/desk/invoice_picker.h"
@@ -62,6 +63,9 @@ public:
     void showLogin();
     void showAbout();
 
+    /// The set-up with today's values.
+    void showSetup() { m_setup.show(); }
+
     /// Brings up the window used last, for a user who starts the program although it runs.
     void showLastWindow();
 
@@ -86,6 +90,8 @@ private:
     void showLoginModal();
     void showSettings();
     void applySettings();
+    void applySetup();
+    void applyServer();
     void connectAnew();
     void reloadTill();
     void showReceiptDesigner();
@@ -112,6 +118,7 @@ private:
     std::unique_ptr<TillMemory> m_memory; ///< null: a program without a journal
     OuterLoop m_outer;
     DesignRoom m_design;
+    SetupRoom m_setup;
     strt m_strt;
     QPointer<stkkart> m_stkkart;
     QPointer<stfatura> m_stfatura;

@@ -7,16 +7,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 bool takePlaceOf(const QString &path, const QString &written)
 {
     std::error_code failed;
     std::filesystem::rename(written.toStdU16String(), path.toStdU16String(), failed);
     return !failed;
 }
-
-} // namespace
 
 bool writeWholeFile(const QString &path, const QByteArray &bytes)
 {

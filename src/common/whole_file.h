@@ -6,3 +6,6 @@
 /// Writes a file whole or not at all: beside it (with ".yeni" in its name), then in its
 /// place. False when it could not.
 bool writeWholeFile(const QString &path, const QByteArray &bytes);
+
+/// Moves a written file to its place, over an older one. False when it could not.
+bool takePlaceOf(const QString &path, const QString &written);

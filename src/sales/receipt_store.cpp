@@ -62,6 +62,11 @@ ReceiptLayout layoutOf(const Texts &texts)
 
 } // namespace
 
+ReceiptLayout designLayout()
+{
+    return layoutOf(settings::designTexts(LocalFile::receipt));
+}
+
 ReceiptLayout fisoku(const LocalFiles &files)
 {
     Texts texts = settings::designTexts(LocalFile::receipt);

@@ -7,6 +7,9 @@
 /// settings database.
 namespace receipt_store {
 
+/// The layout of a shop that has made none of its own.
+ReceiptLayout designLayout();
+
 /// Reads the layout. Tables, rows and columns that are missing are made with the design values: a
 /// decent receipt on paper 80 mm wide; what cannot be read at all has them too.
 ReceiptLayout fisoku(const LocalFiles &files);

@@ -1,38 +1,14 @@
 #include "shell/diagnosis.h"
 
 #include "shell/diagnosis_steps.h"
+#include "shell/run_link.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <mutex>
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-/// What the working thread and the windows share. A run that nobody listens to any more ends by
-/// itself after the step at which it hangs.
-struct Diagnosis::Run
-{
-    std::mutex mutex;
-    Diagnosis *listener = nullptr;
-};
-
-/// Has the listener of a run do something on its own thread; false when there is none any more.
-template <typename What>
-bool Diagnosis::post(const std::shared_ptr<Run> &run, What what)
-{
-    const std::lock_guard lock(run->mutex);
-    if (!run->listener)
-        return false;
-    return QMetaObject::invokeMethod(
-        run->listener,
-        [run, what, diagnosis = run->listener] {
-            if (diagnosis->m_run == run)
-                what(*diagnosis);
-        },
-        Qt::QueuedConnection);
-}
 
 Diagnosis::Diagnosis(HostProbe &probe, QObject *parent, std::chrono::milliseconds patience)
     : QObject(parent), m_probe(probe)
@@ -54,18 +30,17 @@ void Diagnosis::start(const DiagnosisTarget &target)
     m_steps.clear();
     for (const DiagnosisSteps::Step &step : DiagnosisSteps::of(target))
         m_steps += DiagnosisStep{step.name.toString(), DiagnosisStep::State::waiting, {}, {}, {}};
-    m_run = std::make_shared<Run>();
-    m_run->listener = this;
+    m_run = std::make_shared<RunLink>(*this);
     Q_EMIT started();
     begin(0);
-    m_probe.start([run = m_run, target](HostTools &tools) {
-        DiagnosisSteps steps(tools, target, [run](int step, const DiagnosisFinding &finding) {
-            post(run, [=](Diagnosis &diagnosis) { diagnosis.report(step, finding); });
+    m_probe.start([this, run = m_run, target](HostTools &tools) {
+        DiagnosisSteps steps(tools, target, [&](int step, const DiagnosisFinding &finding) {
+            run->post([=, this] { report(step, finding); });
         });
         const auto count = static_cast<int>(DiagnosisSteps::of(target).size());
         for (int step = 0; step < count; ++step) {
             steps.run(step);
-            if (!post(run, [=](Diagnosis &diagnosis) { diagnosis.end(step); }))
+            if (!run->post([=, this] { end(step); }))
                 return;
         }
     });
@@ -133,11 +108,8 @@ void Diagnosis::finish()
 void Diagnosis::leaveRun()
 {
     m_patience.stop();
-    const std::shared_ptr<Run> run = std::exchange(m_run, nullptr);
-    if (!run)
-        return;
-    const std::lock_guard lock(run->mutex);
-    run->listener = nullptr;
+    if (const auto run = std::exchange(m_run, nullptr))
+        run->cut();
 }
 
 bool Diagnosis::passed() const

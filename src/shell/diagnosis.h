@@ -10,6 +10,7 @@
 #include <memory>
 
 class HostProbe;
+class RunLink;
 
 /// One line of a diagnosis.
 struct DiagnosisStep
@@ -77,10 +78,6 @@ Q_SIGNALS:
     void finished();
 
 private:
-    struct Run;
-    template <typename What>
-    static bool post(const std::shared_ptr<Run> &run, What what);
-
     void begin(int step);
     void report(int step, const DiagnosisFinding &finding);
     void end(int step);
@@ -93,5 +90,5 @@ private:
     QList<DiagnosisStep> m_steps;
     QTimer m_patience;
     int m_current = 0;
-    std::shared_ptr<Run> m_run; ///< null when nothing runs
+    std::shared_ptr<RunLink> m_run; ///< null when nothing runs
 };

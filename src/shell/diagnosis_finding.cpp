@@ -1,5 +1,6 @@
 #include "shell/diagnosis_finding.h"
 
+#include "common/connection_string.h"
 #include "common/host_connection.h"
 
 #include <algorithm>
@@ -29,6 +30,16 @@ QStringList inDatabase(const QString &database, const QStringList &statements)
 bool DiagnosisTarget::isEmbedded() const
 {
     return server.trimmed().compare(kEmbeddedServer, Qt::CaseInsensitive) == 0;
+}
+
+QString DiagnosisTarget::connectionTo(const QString &database) const
+{
+    return connectionString({server, user, password, database});
+}
+
+QString DiagnosisTarget::withoutPassword(QString text) const
+{
+    return password.isEmpty() ? text : text.replace(password, u"•••"_s);
 }
 
 namespace diagnosis_finding {

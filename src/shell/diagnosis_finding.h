@@ -16,7 +16,14 @@ struct DiagnosisTarget
     QString company;
 
     bool isEmbedded() const;
+    QString connectionTo(const QString &database) const;
+
+    /// What a driver said; it is not known to repeat a password, but that is its own matter.
+    QString withoutPassword(QString text) const;
 };
+
+/// A database of the server's own that every login may open.
+inline constexpr QStringView kServerDatabase = u"master";
 
 /// What a step of the diagnosis found.
 struct DiagnosisFinding

@@ -14,9 +14,6 @@ namespace {
 
 constexpr int kDefaultPort = 1433;
 
-/// A database of the server's own that every login may open.
-const QString kServerDatabase = QStringLiteral("master");
-
 QString literal(QString text)
 {
     return u"N'"_s + text.replace(u'\'', u"''"_s) + u'\'';
@@ -88,22 +85,18 @@ void DiagnosisSteps::tell(const QString &fault, const QString &advice)
     tell(diagnosis_finding::bad(fault, advice));
 }
 
-/// What the engine said, without the sentence before it. A driver is not known to repeat a
-/// password, but what it says is its own matter.
+/// What the engine said, without the sentence before it.
 QString DiagnosisSteps::words(const HostError &error) const
 {
     QString text = error.text();
     if (const qsizetype end = text.indexOf(u'\n'); end >= 0)
         text = text.sliced(end + 1);
-    if (!m_target.password.isEmpty())
-        text.replace(m_target.password, u"•••"_s);
-    return text;
+    return m_target.withoutPassword(text);
 }
 
 std::unique_ptr<HostConnection> DiagnosisSteps::open(const QString &database)
 {
-    return m_tools.open(
-        connectionString({m_target.server, m_target.user, m_target.password, database}));
+    return m_tools.open(m_target.connectionTo(database));
 }
 
 // ---- the way to the server
@@ -181,7 +174,7 @@ void DiagnosisSteps::logIn()
             return;
         }
     try {
-        m_server = open(kServerDatabase);
+        m_server = open(kServerDatabase.toString());
     } catch (const HostError &error) {
         if (error.cause() == HostError::Cause::encryption) {
             m_report(Number::encryption, diagnosis_finding::ofEncryption(words(error)));
@@ -210,13 +203,7 @@ QString DiagnosisSteps::openable()
 {
     QStringList names;
     if (m_server)
-        resumeNext([&] {
-            RecordSet rows =
-                m_server->execute(u"select name as AD from sys.databases where database_id>4 and "
-                                  "HAS_DBACCESS(name)=1 order by name"_s);
-            for (; !rows.eof(); rows.moveNext())
-                names += rows.text(u"AD");
-        });
+        resumeNext([&] { names = host_check::openableDatabases(*m_server); });
     return names.isEmpty()
                ? QString()
                : u" Bu kullanıcının açabildiği veritabanları: %1."_s.arg(names.join(u", "_s));

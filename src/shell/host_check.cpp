@@ -144,6 +144,13 @@ Rights rights(HostConnection &company, const QStringList &without)
     return result;
 }
 
+QStringList openableDatabases(HostConnection &server)
+{
+    return texts(server.execute(u"select name as AD from sys.databases where database_id>4 and "
+                                "HAS_DBACCESS(name)=1 order by name"_s),
+                 u"AD");
+}
+
 QString collationFault(const QString &collation)
 {
     const auto has = [&](QStringView part) {

@@ -111,6 +111,15 @@ bool SettingsSession::settlePassword(Settings &values)
     return true;
 }
 
+bool SettingsSession::mayDrop(const Settings &entered)
+{
+    const auto texts = [](const Settings &values) {
+        return settings::updates(values, SettingWriter::dialog);
+    };
+    return texts(entered) == texts(m_values) ||
+           m_program.ask(u"Değişiklikler kaydedilmedi. Kaydetmeden sürdürülsün mü?"_s);
+}
+
 void SettingsSession::oku()
 {
     settings::read(m_program.files(),

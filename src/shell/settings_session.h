@@ -47,6 +47,9 @@ public:
     /// and puts it in capitals. False when the user would rather type another.
     bool settlePassword(Settings &values);
 
+    /// Asks whether what was typed and not saved may be dropped; true when nothing was.
+    bool mayDrop(const Settings &entered);
+
     /// Saves all tables, one statement each; one that fails does not stop the rest and is not
     /// reported. Emits saved().
     void serverkaydet(const Settings &values);

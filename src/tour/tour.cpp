@@ -53,6 +53,7 @@ Tour::Tour(Rooms &rooms, Program &program, const QString &folder)
     design();
     quickSale();
     settings();
+    setup();
     connection();
     QTimer::singleShot(kTickMs, this, &Tour::tick);
     QTimer::singleShot(kLongestMs, this, &Tour::giveUp);
@@ -170,27 +171,26 @@ void Tour::connection()
     });
 }
 
-void Tour::step(const QString &what, const Action &action)
+void Tour::step(const QString &what, const Action &action, std::function<bool()> ready)
 {
-    m_steps.push_back({what, action, {}});
+    m_steps.push_back({what, action, std::move(ready)});
 }
 
 void Tour::stepIn(const QString &window, const QString &what, const Action &action)
 {
-    m_steps.push_back({what, action, window});
+    step(what, action, [this, window] { return isThere(window); });
 }
 
-/// Whether a step is to wait for its window; a window that never comes is a fault of the step.
-bool Tour::isAwaited(const QString &window)
+/// Whether a window is there; one that never comes is a fault of its step.
+bool Tour::isThere(const QString &window)
 {
     const QWidgetList all = QApplication::topLevelWidgets();
     const bool there = std::any_of(all.begin(), all.end(), [&](const QWidget *each) {
         return each->isVisible() && each->objectName() == window;
     });
-    if (window.isEmpty() || there || ++m_waited > kMostTicks) {
-        m_waited = 0;
+    if (!there && ++m_waited <= kMostTicks)
         return false;
-    }
+    m_waited = 0;
     return true;
 }
 
@@ -210,7 +210,7 @@ void Tour::tick()
         return;
     if (showsProgress(dialog))
         return; // it ends by itself
-    if (isAwaited(m_steps[m_next].window))
+    if (const auto &ready = m_steps[m_next].ready; ready && !ready())
         return;
     const Step &now = m_steps[m_next++];
     say(u"%1. %2"_s.arg(m_next).arg(now.what));

@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QObject>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include <functional>
@@ -32,10 +33,11 @@ public:
 private:
     using Action = std::function<void()>;
 
-    void step(const QString &what, const Action &action);
+    /// `ready`: whether the step's turn has come; empty: as soon as the one before is over.
+    void step(const QString &what, const Action &action, std::function<bool()> ready = {});
     /// A step in a window that opens when it will: a box of the till waits until nobody types.
     void stepIn(const QString &window, const QString &what, const Action &action);
-    bool isAwaited(const QString &window);
+    bool isThere(const QString &window);
     void stockList();
     void queueAndPrint();
     void documents();
@@ -60,6 +62,12 @@ private:
 
     void settings();
     void connection();
+
+    void setup();
+    void setupStep(const QString &what, const Action &action);
+    void ownLedger();
+    void otherTill();
+    void makeOtherTill();
 
     void quickSale();
     void fillFirstList();
@@ -93,7 +101,7 @@ private:
     {
         QString what;
         Action action;
-        QString window; ///< waited for; empty: none
+        std::function<bool()> ready;
     };
 
     Rooms &m_rooms;
@@ -109,4 +117,5 @@ private:
     QWidget m_nowhere; ///< stands for a window that is not there
     QStringList m_collected;
     LedgerRows m_ledger; ///< as it stood before the sales
+    QTemporaryDir m_otherTill;
 };

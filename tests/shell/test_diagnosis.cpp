@@ -1,6 +1,7 @@
 #include "common/host_probe.h"
 #include "shell/diagnosis.h"
 #include "shell/diagnosis_steps.h"
+#include "shell/setup_ledger.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
 
@@ -302,4 +303,30 @@ TEST(DiagnosisTest, AStepThatHangsIsGivenUpAndTheNextTryIsAlone)
         diagnosis.restart(); // and it may go while it runs
     }
     hanging->release();
+}
+
+/// A list that is closed keeps the others not away; what a driver says of a password is not shown.
+TEST(SetupLedgerTest, ReadsWhatMayBeReadAndTellsTheRest)
+{
+    ThreadProbe probe;
+    probe.tools.answer(u"from DEPO"_s, rowsOf({u"DEPKOD"_s, u"DEPADI"_s}, {{u"01 "_s, u"İÇ"_s}}));
+    probe.tools.fail(u"from CARKART"_s, refused(Cause::right, u"229"_s));
+    SetupLedger ledger(probe);
+    const auto read = [&](void (SetupLedger::*what)(const DiagnosisTarget &)) {
+        (ledger.*what)(kTarget);
+        QEventLoop loop;
+        QObject::connect(&ledger, &SetupLedger::changed, &loop, &QEventLoop::quit);
+        loop.exec();
+        EXPECT_FALSE(ledger.isReading());
+    };
+    read(&SetupLedger::readDatabases);
+    EXPECT_EQ(ledger.databases().names, (QStringList{u"ANA"_s, u"SIRKET26"_s}));
+    read(&SetupLedger::readCodes);
+    EXPECT_EQ(ledger.codes().value(u"DEPO"_s), (std::vector<HostCode>{{u"01"_s, u"İÇ"_s}}));
+    EXPECT_EQ(ledger.fault(), u"Okunamayan listeler: CARKART."_s);
+
+    probe.tools.closed.emplace_back(u"SIRKET"_s, refused(Cause::login, u"Gizli4 18456"_s));
+    read(&SetupLedger::readCodes);
+    EXPECT_TRUE(ledger.codes().isEmpty());
+    EXPECT_TRUE(ledger.fault().contains(u"••• 18456"_s)) << ledger.fault().toStdString();
 }

@@ -9,7 +9,7 @@ if(NOT result EQUAL 0)
     message(FATAL_ERROR "the tour ended with ${result}")
 endif()
 foreach(form stkkart yazfrm fatura fytdegisbul Baruret Barkod stfatura miktr PER receipt_designer
-        login parametre-1 mesaj kakknd baglan tasarim tasarim-sayfa tasarim-yazici-ayari)
+        login parametre-1 mesaj kakknd baglan tasarim tasarim-sayfa tasarim-yazici-ayari kurulum-yol kurulum-ozet kurulum-obur-kasa)
     if(NOT EXISTS ${FOLDER}/cikti/${form}.png)
         message(FATAL_ERROR "no picture of ${form}")
     endif()

@@ -3,6 +3,7 @@
 #include "common/amount.h"
 #include "common/program.h"
 #include "common/turkish.h"
+#include "labels/layout/label_layout.h"
 
 #include <QDate>
 #include <QRegularExpression>

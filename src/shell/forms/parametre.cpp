@@ -123,6 +123,7 @@ parametre::parametre(SettingsSession &session, QWidget *parent)
     for (const QComboBox *list : findChildren<QComboBox *>())
         connect(list, &QComboBox::currentIndexChanged, this, &parametre::warn);
     connect(m_ui->button6, &QPushButton::clicked, this, &parametre::receiptLayoutWanted);
+    connect(m_ui->setup, &QPushButton::clicked, this, &parametre::leaveForSetup);
     connect(m_ui->diagnose, &QPushButton::clicked, this, [this] {
         const Settings v = entered();
         Q_EMIT diagnosisWanted(
@@ -220,6 +221,14 @@ void parametre::serverkaydet()
     }
     m_session.serverkaydet(values);
     accept();
+}
+
+void parametre::leaveForSetup()
+{
+    if (!m_session.mayDrop(entered()))
+        return;
+    reject();
+    Q_EMIT setupWanted();
 }
 
 void parametre::connectSample(QComboBox *family, QComboBox *size, QLabel *sample,

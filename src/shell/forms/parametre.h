@@ -29,6 +29,7 @@ public:
 
 Q_SIGNALS:
     void receiptLayoutWanted();
+    void setupWanted(); ///< the dialog has closed: the set-up writes what it shows
     void diagnosisWanted(const DiagnosisTarget &target); ///< as typed, nothing is saved
 
 private:
@@ -39,6 +40,7 @@ private:
     void display(const Settings &values);
     Settings entered() const;
     void serverkaydet();
+    void leaveForSetup();
     void connectSample(QComboBox *family, QComboBox *size, QLabel *sample, const QString &points);
     void connectColour(QPushButton *button, QLabel *box);
     void warn();

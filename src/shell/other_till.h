@@ -1,0 +1,34 @@
+#pragma once
+
+#include "common/settings.h"
+
+#include <QStringList>
+
+class FileBatch;
+class Program;
+
+/// The working folder of another till, whose settings and layouts this one can take over. Nothing
+/// is written there.
+struct OtherTill
+{
+    QString directory;
+    Settings settings;
+    QStringList files; ///< below the folder: receipt layout, label layouts, pictures, sheets
+
+    int layouts() const;
+    int pictures() const;
+    bool hasReceipt() const;
+
+    /// Looks at a folder, or at the folder of a file. Throws std::runtime_error, in words for the
+    /// user.
+    static OtherTill read(Program &program, const QString &path);
+
+    /// Brings its settings file, copied, into a batch. Throws std::runtime_error or HostError.
+    void takeSettings(Program &program, FileBatch &batch) const;
+
+    void takeFiles(FileBatch &batch) const;
+};
+
+/// Copies a settings file, with the journal that belongs to it, so that nobody else may read the
+/// copy. Throws std::runtime_error or HostError.
+void copySettings(Program &program, const QString &source, FileBatch &batch);

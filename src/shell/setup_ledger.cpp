@@ -1,0 +1,148 @@
+#include "shell/setup_ledger.h"
+
+#include "common/host_probe.h"
+#include "common/resume_next.h"
+#include "shell/host_check.h"
+#include "shell/run_link.h"
+#include "shell/setup_step.h"
+
+#include <QStringBuilder>
+
+#include <chrono>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Two connections' worth: the six lists are read on one.
+constexpr std::chrono::seconds kPatience{12};
+
+/// The accounting system's own tables tell its databases from others, as far as the login may see
+/// them.
+QString soleWith(HostConnection &server, const QString &table)
+{
+    QString sole;
+    resumeNext([&] {
+        const RecordSet rows = server.execute(
+            u"select name as AD from sys.databases where database_id>4 and HAS_DBACCESS(name)=1 "
+            "and OBJECT_ID(QUOTENAME(name)+'..%1') is not null"_s.arg(table));
+        if (rows.rowCount() == 1)
+            sole = rows.text(u"AD");
+    });
+    return sole;
+}
+
+OpenDatabases databasesOf(HostTools &tools, const DiagnosisTarget &target)
+{
+    const QString master = kDemoMaster.toString();
+    const QString company = kDemoCompany.toString();
+    if (target.isEmbedded())
+        return {{master, company}, master, company};
+    const auto server = tools.open(target.connectionTo(kServerDatabase.toString()));
+    return {host_check::openableDatabases(*server), soleWith(*server, u"KDVKISIM"_s),
+            soleWith(*server, u"STKKART"_s)};
+}
+
+struct Lists
+{
+    HostCodes codes;
+    QString fault;
+};
+
+std::vector<HostCode> codesOf(HostConnection &company, const CodeQuestion &question)
+{
+    std::vector<HostCode> codes;
+    RecordSet rows = company.execute(u"select " % question.key % u',' % question.display %
+                                     u" from " % question.table % u" order by " % question.key);
+    for (; !rows.eof(); rows.moveNext())
+        codes.push_back({rows.text(question.key).trimmed(), rows.text(question.display).trimmed()});
+    return codes;
+}
+
+/// A list that the login may not read does not keep the others away.
+Lists listsOf(HostTools &tools, const DiagnosisTarget &target)
+{
+    Lists lists;
+    const auto company = tools.open(target.connectionTo(target.company));
+    QStringList closed;
+    for (const CodeQuestion &question : codeQuestions()) {
+        const QString table = question.table.toString();
+        if (lists.codes.contains(table) || closed.contains(table))
+            continue;
+        try {
+            lists.codes.insert(table, codesOf(*company, question));
+        } catch (const HostError &error) {
+            if (error.connectionLost())
+                throw;
+            closed += table;
+        }
+    }
+    if (!closed.isEmpty())
+        lists.fault = u"Okunamayan listeler: %1."_s.arg(closed.join(u", "_s));
+    return lists;
+}
+
+} // namespace
+
+SetupLedger::SetupLedger(HostProbe &probe, QObject *parent) : QObject(parent), m_probe(probe)
+{
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kPatience);
+    connect(&m_patience, &QTimer::timeout, this,
+            [this] { end(u"Sunucu zamanında yanıt vermedi."_s); });
+}
+
+SetupLedger::~SetupLedger()
+{
+    leave();
+}
+
+template <typename Read, typename Take>
+void SetupLedger::start(const DiagnosisTarget &target, Read read, Take take)
+{
+    leave();
+    m_run = std::make_shared<RunLink>(*this);
+    m_patience.start();
+    m_fault.clear();
+    Q_EMIT changed();
+    m_probe.start([this, run = m_run, target, read, take](HostTools &tools) {
+        try {
+            run->post([this, take, found = read(tools, target)] { end(take(found)); });
+        } catch (const HostError &error) {
+            run->post([this, fault = target.withoutPassword(error.text())] { end(fault); });
+        }
+    });
+}
+
+void SetupLedger::readDatabases(const DiagnosisTarget &target)
+{
+    m_databases = {};
+    start(target, databasesOf, [this](const OpenDatabases &found) {
+        m_databases = found;
+        return QString();
+    });
+}
+
+void SetupLedger::readCodes(const DiagnosisTarget &target)
+{
+    m_codes.clear();
+    start(target, listsOf, [this](const Lists &found) {
+        m_codes = found.codes;
+        return found.fault;
+    });
+}
+
+void SetupLedger::end(const QString &fault)
+{
+    leave();
+    m_fault = fault;
+    Q_EMIT changed();
+}
+
+void SetupLedger::leave()
+{
+    m_patience.stop();
+    if (const auto run = std::exchange(m_run, nullptr))
+        run->cut();
+}
