@@ -66,6 +66,7 @@ void DesignRoom::calibrate(const LabelLayout &layout)
     auto *dialog = new PrinterCalibration(m_print.printerSetting(layout),
                                           above ? above : static_cast<QWidget *>(m_form));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_outer.keep(*dialog);
     connect(dialog, &QDialog::finished, m_session, &DesignerSession::printerWasSet);
     dialog->open();
 }
@@ -105,6 +106,7 @@ void DesignRoom::chooseToOpen()
                           [this](const QString &name) { return m_session->ac(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_outer.keep(*m_dialog);
     m_dialog->open();
 }
 
@@ -114,5 +116,6 @@ void DesignRoom::chooseToSave()
                           [this](const QString &name) { return m_session->saveAs(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_outer.keep(*m_dialog);
     m_dialog->open();
 }
