@@ -28,7 +28,6 @@ Form1 &DesignRoom::form()
     auto *form = new Form1(*session);
     session->setParent(form);
     form->setAttribute(Qt::WA_DeleteOnClose);
-    m_outer.keep(*form);
     fitToScreen(*form);
     connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
     connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);
@@ -66,7 +65,6 @@ void DesignRoom::calibrate(const LabelLayout &layout)
     auto *dialog = new PrinterCalibration(m_print.printerSetting(layout),
                                           above ? above : static_cast<QWidget *>(m_form));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_outer.keep(*dialog);
     connect(dialog, &QDialog::finished, m_session, &DesignerSession::printerWasSet);
     dialog->open();
 }
@@ -106,7 +104,6 @@ void DesignRoom::chooseToOpen()
                           [this](const QString &name) { return m_session->ac(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_outer.keep(*m_dialog);
     m_dialog->open();
 }
 
@@ -116,6 +113,5 @@ void DesignRoom::chooseToSave()
                           [this](const QString &name) { return m_session->saveAs(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_outer.keep(*m_dialog);
     m_dialog->open();
 }

@@ -1,8 +1,10 @@
 #include "app/outer_loop.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QPointer>
 #include <QThread>
+#include <QWidget>
 
 #include <chrono>
 #include <utility>
@@ -18,6 +20,7 @@ OuterLoop::OuterLoop(std::function<bool()> runs, QObject *parent)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &OuterLoop::next);
+    qApp->installEventFilter(this);
 }
 
 bool OuterLoop::isThere() const
@@ -44,14 +47,10 @@ void OuterLoop::next()
     act();
 }
 
-void OuterLoop::keep(QObject &form)
-{
-    form.installEventFilter(this);
-}
-
 bool OuterLoop::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::DeferredDelete || isThere())
+    if (event->type() != QEvent::DeferredDelete || !watched->isWidgetType() ||
+        !static_cast<QWidget *>(watched)->isWindow() || isThere())
         return false;
     run([form = QPointer(watched)] {
         if (form)

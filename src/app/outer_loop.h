@@ -20,9 +20,7 @@ public:
     /// Does something there, in the order asked for.
     void run(std::function<void()> act);
 
-    /// Lets a form that is to be deleted later live until then.
-    void keep(QObject &form);
-
+    /// Lets every window that is to be deleted later live until then.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:

@@ -63,8 +63,7 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
       m_changes(program), m_print(program), m_till(program), m_outer([this] {
           return m_print.isRunning() || m_desk.isBusy() || m_invoices.isBusy() || m_till.atWork();
       }),
-      m_design(program, m_print, m_desk, m_outer), m_setup(program, &m_outer),
-      m_strt(m_start, m_link)
+      m_design(program, m_print, m_desk, m_outer), m_setup(program), m_strt(m_start, m_link)
 {
     connect(&m_link, &HostLink::connectionDialogWanted, this, &Rooms::showConnection);
     connect(&m_link, &HostLink::stockListWanted, this, &Rooms::showStockList);
@@ -107,7 +106,6 @@ void Rooms::showForm(QPointer<Form> &form, Make make)
         const bool onTop = tillOnTop();
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);
-        m_outer.keep(*form);
         fitToScreen(*form);
         if (onTop) // else the till would hide it
             form->setWindowFlag(Qt::WindowStaysOnTopHint);

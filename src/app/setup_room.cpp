@@ -1,6 +1,5 @@
 #include "app/setup_room.h"
 
-#include "app/outer_loop.h"
 #include "labels/designer/sample_rows.h"
 #include "labels/layout/layout_folder.h"
 #include "labels/print/label_builder.h"
@@ -18,8 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-SetupRoom::SetupRoom(Program &program, OuterLoop *outer)
-    : m_program(program), m_outer(outer), m_probe(program.directory())
+SetupRoom::SetupRoom(Program &program) : m_program(program), m_probe(program.directory())
 {}
 
 SetupRoom::~SetupRoom()
@@ -45,8 +43,6 @@ void SetupRoom::show()
         m_form = new SetupForm(*session);
         session->setParent(m_form);
         m_form->setAttribute(Qt::WA_DeleteOnClose);
-        if (m_outer)
-            m_outer->keep(*m_form);
         m_form->setModal(true);
         fitToScreen(*m_form);
         connect(m_form, &QDialog::accepted, this, &SetupRoom::changed, Qt::QueuedConnection);

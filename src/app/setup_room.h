@@ -10,7 +10,6 @@
 
 #include <optional>
 
-class OuterLoop;
 class SetupForm;
 
 /// The set-up and what it needs of the rooms that print.
@@ -19,8 +18,7 @@ class SetupRoom final : public QObject, public SetupPrinting
     Q_OBJECT
 
 public:
-    /// `outer`: keeps the form while a box of it is open; null: the set-up stands alone.
-    explicit SetupRoom(Program &program, OuterLoop *outer = nullptr);
+    explicit SetupRoom(Program &program);
     ~SetupRoom() override;
 
     /// The first start: returns when the user has finished, or with nothing when he has not.
@@ -44,7 +42,6 @@ Q_SIGNALS:
 
 private:
     Program &m_program;
-    OuterLoop *m_outer;
     SystemProbe m_probe;
     QPointer<SetupForm> m_form;
 };
