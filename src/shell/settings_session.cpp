@@ -123,7 +123,8 @@ bool SettingsSession::mayDrop(const Settings &entered)
 void SettingsSession::oku()
 {
     settings::read(m_program.files(),
-                   {u"login", u"instan", u"ses", u"yazici", u"per", u"server", u"liste"}, m_values);
+                   {u"login", u"instan", u"ses", u"yazici", u"per", u"server", u"liste", u"kasa"},
+                   m_values);
     if (m_values.liste.bold < 0 || m_values.liste.bold > kLastStyle)
         m_values.liste.bold = 0;
 }
