@@ -1,11 +1,10 @@
 #include "sales/finder.h"
 
+#include "common/digits.h"
 #include "common/host_connection.h"
 #include "common/host_queries.h"
 #include "common/select_many.h"
 #include "sales/item_lookup.h"
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,8 +15,7 @@ constexpr int kPriceColumn = 3;
 
 bool isBarcode(const QString &text)
 {
-    return text.size() >= kShortestBarcode &&
-           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return text.size() >= kShortestBarcode && areDigits(text);
 }
 
 /// The records of the first statement that finds any.

@@ -1,6 +1,7 @@
 #include "sales/quantity.h"
 
 #include "common/amount.h"
+#include "common/digits.h"
 
 #include <QList>
 
@@ -14,7 +15,7 @@ namespace {
 
 bool isFigure(QChar c)
 {
-    return c == u'.' || c == u',' || (c >= u'0' && c <= u'9');
+    return c == u'.' || c == u',' || isDigit(c);
 }
 
 /// Digits in groups of three after the first point, and no point after the comma.

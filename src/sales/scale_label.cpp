@@ -1,5 +1,6 @@
 #include "sales/scale_label.h"
 
+#include "common/digits.h"
 #include "common/ean_check_digit.h"
 #include "common/key_file.h"
 #include "common/turkish.h"
@@ -66,8 +67,7 @@ std::vector<ScaleRule> readScaleRules(KeyFile &keys, const QString &file)
 
 std::optional<ScaleLabel> readScaleLabel(const std::vector<ScaleRule> &rules, const QString &code)
 {
-    if (code.size() != kDigits ||
-        !std::all_of(code.begin(), code.end(), [](QChar c) { return c >= u'0' && c <= u'9'; }))
+    if (code.size() != kDigits || !areDigits(code))
         return {};
     const auto rule = std::find_if(rules.begin(), rules.end(), [&code](const ScaleRule &each) {
         return !each.prefix.isEmpty() && code.startsWith(each.prefix);

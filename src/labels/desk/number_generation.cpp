@@ -1,6 +1,6 @@
 #include "labels/desk/number_generation.h"
 
-#include <algorithm>
+#include "common/digits.h"
 
 using namespace Qt::StringLiterals;
 
@@ -58,9 +58,7 @@ std::optional<qint64> readBase(ean::Symbology symbology, QStringView text)
 {
     QString digits = text.trimmed().toString();
     digits.remove(u'.');
-    const bool plain =
-        std::all_of(digits.cbegin(), digits.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (digits.isEmpty() || !plain || digits.size() > baseDigits(symbology))
+    if (digits.isEmpty() || !areDigits(digits) || digits.size() > baseDigits(symbology))
         return {};
     return digits.toLongLong();
 }

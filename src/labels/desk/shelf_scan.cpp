@@ -1,6 +1,7 @@
 #include "labels/desk/shelf_scan.h"
 
 #include "common/amount.h"
+#include "common/digits.h"
 #include "common/host_error.h"
 #include "common/host_queries.h"
 #include "common/program.h"
@@ -18,8 +19,7 @@ constexpr int kMostLabels = 999'999;
 
 bool isCount(const QString &text)
 {
-    return text.size() <= kCountDigits &&
-           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return text.size() <= kCountDigits && areDigits(text);
 }
 
 } // namespace

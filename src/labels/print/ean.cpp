@@ -1,8 +1,8 @@
 #include "labels/print/ean.h"
 
+#include "common/digits.h"
 #include "common/ean_check_digit.h"
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -28,11 +28,6 @@ constexpr std::array<std::array<int, 4>, 10> kWidths = {{{3, 2, 1, 1},
 // digits are drawn from set B (bit 5 = the leftmost of them).
 constexpr std::array<unsigned, 10> kSetB = {0b000000, 0b001011, 0b001101, 0b001110, 0b010011,
                                             0b011001, 0b011100, 0b010101, 0b010110, 0b011010};
-
-bool isDigits(QStringView text)
-{
-    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
 
 int digitAt(QStringView digits, qsizetype at)
 {
@@ -122,7 +117,7 @@ BarSymbol ean13Symbol(const QString &digits, std::vector<Bar> bars)
 
 QString checkDigit(QStringView digits)
 {
-    if (digits.size() > 13 || !isDigits(digits))
+    if (digits.size() > 13 || !areDigits(digits))
         return {};
     const QString base = digits.toString().rightJustified(12, u'0').left(12);
     return base + QString::number(eanCheckDigit(base));
@@ -131,7 +126,7 @@ QString checkDigit(QStringView digits)
 QString completed(Symbology symbology, QStringView data)
 {
     const qsizetype size = symbology == Symbology::ean8 ? 8 : 13;
-    if ((data.size() != size && data.size() != size - 1) || !isDigits(data))
+    if ((data.size() != size && data.size() != size - 1) || !areDigits(data))
         return {};
     const QString number = checkDigit(data.first(size - 1)).right(size);
     return data.size() < size || data == number ? number : QString();

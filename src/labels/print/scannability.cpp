@@ -1,6 +1,7 @@
 #include "labels/print/scannability.h"
 
 #include "common/amount.h"
+#include "common/digits.h"
 #include "labels/print/label_preview.h"
 #include "paper/command_painter.h"
 #include "paper/millimetres.h"
@@ -24,11 +25,6 @@ constexpr double kEdgeSlack = 0.05;     ///< mm
 QString number(double value, double unit)
 {
     return amount::plain(std::round(value / unit) * unit);
-}
-
-bool isNumber(QStringView text)
-{
-    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
 struct Drawn
@@ -104,7 +100,7 @@ QString numberFault(QStringView number, ean::Symbology inForce)
 {
     if (number.isEmpty())
         return u"barkodu yok"_s;
-    if (!isNumber(number))
+    if (!areDigits(number))
         return u"barkodda rakamdan başka karakter var, çizilmez: %1"_s.arg(number);
     const QString printed = ean::completed(ean::bySize(number, inForce), number);
     if (printed == number)
