@@ -1,6 +1,7 @@
 #include "sales/till_session.h"
 
 #include "common/amount.h"
+#include "common/digits.h"
 #include "common/program.h"
 #include "common/settings_database.h"
 #include "sales/host_fault.h"
@@ -27,8 +28,7 @@ bool isList(int number)
 bool isScan(QStringView cash)
 {
     const auto value = amount::parse(cash);
-    return value && *value > quantity::kMostCash &&
-           std::all_of(cash.begin(), cash.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return value && *value > quantity::kMostCash && areDigits(cash);
 }
 
 /// What is to be given to the customer, or still to be taken.
@@ -255,14 +255,6 @@ void TillSession::sil()
         makeCurrent(number, row);
         hesapla(number);
     });
-}
-
-std::optional<TillSession::CurrentLine> TillSession::currentLine() const
-{
-    const SaleLine *line = at(m_active).currentLine();
-    if (!line)
-        return {};
-    return CurrentLine{(*line)[SaleColumn::name], (*line)[SaleColumn::quantity]};
 }
 
 QString TillSession::refusedQuantity(const QString &typed) const

@@ -69,16 +69,8 @@ public:
     /// "SATIS1" to "SATIS3".
     static QString caption(int number);
 
-    /// Name and quantity of the current line of the active list; nothing when there is none.
-    struct CurrentLine
-    {
-        QString name;
-        QString quantity;
-    };
-    std::optional<CurrentLine> currentLine() const;
-
-    /// The same line whole; null when there is none.
-    const SaleLine *currentSaleLine() const { return at(m_active).currentLine(); }
+    /// The current line of the active list; null when there is none.
+    const SaleLine *currentLine() const { return at(m_active).currentLine(); }
 
     /// Sets, or adds to, the quantity of the current line. Returns why the typed text is refused,
     /// "" when the line was changed.

@@ -292,13 +292,19 @@ bool CanvasPointer::release(const PointerAt &at)
     move(at);
     finish(at);
     const bool dragged = m_dragging;
+    letGo();
+    return dragged;
+}
+
+/// Nothing is dragged any more.
+void CanvasPointer::letGo()
+{
     m_drag = Drag::nothing;
     m_dragging = false;
     m_handle.reset();
     m_guide.reset();
     m_boxes.clear();
     m_snapLines.clear();
-    return dragged;
 }
 
 void CanvasPointer::finish(const PointerAt &at)
@@ -346,12 +352,7 @@ bool CanvasPointer::cancel()
     m_document.rollback();
     if (m_drag == Drag::band)
         m_document.select(m_selectedBefore);
-    m_drag = Drag::nothing;
-    m_dragging = false;
-    m_handle.reset();
-    m_guide.reset();
-    m_boxes.clear();
-    m_snapLines.clear();
+    letGo();
     return true;
 }
 

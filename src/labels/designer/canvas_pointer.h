@@ -106,6 +106,7 @@ private:
     void dragResize(const PointerAt &at);
     void dragDraw(const PointerAt &at);
     void dragGuide(const PointerAt &at);
+    void letGo();
     void finish(const PointerAt &at);
     void finishGuide(const PointerAt &at);
     void selectInBand();

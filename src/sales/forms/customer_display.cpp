@@ -98,7 +98,7 @@ void CustomerDisplay::showSale()
 {
     const int list = m_session.activeList();
     const QString &posted = m_session.postedTotal(list);
-    const auto line = m_session.currentSaleLine();
+    const SaleLine *line = m_session.currentLine();
     m_shop->setText(m_session.settings().liste.title);
     m_item->setText(line ? (*line)[SaleColumn::name] : QString());
     m_itemPrice->setText(line ? (*line)[SaleColumn::quantity] + u" × "_s +

@@ -180,28 +180,8 @@ bool stfatura::formKey(const QKeyEvent &event)
     case Qt::Key_F11:
         findItem(m_session, this);
         break;
-    case Qt::Key_M:
-        if (event.modifiers() != Qt::ControlModifier)
-            return false;
-        findCustomer(m_session, this);
-        break;
     case Qt::Key_Insert:
         m_session.payExactly();
-        break;
-    case Qt::Key_K:
-        if (event.modifiers() != Qt::ControlModifier)
-            return false;
-        m_session.togglePayment();
-        break;
-    case Qt::Key_1:
-    case Qt::Key_2:
-    case Qt::Key_3:
-    case Qt::Key_4:
-    case Qt::Key_5:
-    case Qt::Key_6:
-        if (event.modifiers() != Qt::ControlModifier)
-            return false;
-        m_session.addBanknote(kBanknotes.at(static_cast<std::size_t>(event.key() - Qt::Key_1)));
         break;
     case Qt::Key_F12:
         m_session.reprint();
@@ -214,9 +194,27 @@ bool stfatura::formKey(const QKeyEvent &event)
         m_session.sil();
         break;
     default:
-        return false;
+        if (!controlKey(event))
+            return false;
     }
     focusEntry();
+    return true;
+}
+
+/// Ctrl with a letter or digit. Returns whether the key was used.
+bool stfatura::controlKey(const QKeyEvent &event)
+{
+    if (event.modifiers() != Qt::ControlModifier)
+        return false;
+    const auto note = static_cast<std::size_t>(event.key() - Qt::Key_1);
+    if (event.key() == Qt::Key_M)
+        findCustomer(m_session, this);
+    else if (event.key() == Qt::Key_K)
+        m_session.togglePayment();
+    else if (event.key() >= Qt::Key_1 && note < kBanknotes.size())
+        m_session.addBanknote(kBanknotes.at(note));
+    else
+        return false;
     return true;
 }
 

@@ -49,6 +49,7 @@ private:
     void connectSession();
 
     bool formKey(const QKeyEvent &event);
+    bool controlKey(const QKeyEvent &event);
     bool enterPressed(QObject *box);
     void acceptCash();
     void closeSale();

@@ -71,16 +71,15 @@ QStringList named(const std::vector<HeldKey> &keys)
 
 void askQuantity(TillSession &session, bool adding, QWidget *till)
 {
-    const auto line = session.currentLine();
+    const SaleLine *line = session.currentLine();
     if (!line)
         return;
-    miktr dialog(
-        line->name, adding ? u"&Eklenecek miktar:"_s : u"&Yeni miktar:"_s,
-        adding ? u"1"_s : line->quantity,
-        [&session, adding](const QString &typed) {
-            return adding ? session.miktarekle(typed) : session.miktargir(typed);
-        },
-        till);
+    miktr dialog((*line)[SaleColumn::name], adding ? u"&Eklenecek miktar:"_s : u"&Yeni miktar:"_s,
+                 adding ? u"1"_s : (*line)[SaleColumn::quantity],
+                 [&session, adding](const QString &typed) {
+                     return adding ? session.miktarekle(typed) : session.miktargir(typed);
+                 },
+                 till);
     dialog.exec();
 }
 
