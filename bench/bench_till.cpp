@@ -29,7 +29,8 @@ struct Shop
                                       {u"depo"_s, u"01"_s},
                                       {u"carikod"_s, u"120.00.001"_s},
                                       {u"stkfistip"_s, u"3"_s},
-                                      {u"crfistip"_s, u"4"_s}});
+                                      {u"crfistip"_s, u"4"_s},
+                                      {u"ftfistip"_s, u"3"_s}});
         machine.program.kdvtab[1] = {QString(), u"5"_s, u"1"_s};
         auto recorded = std::make_unique<RecordedHost>(big.openCompany());
         host = recorded.get();
@@ -70,6 +71,7 @@ void enterToLine(benchmark::State &state)
 {
     const int lines = static_cast<int>(state.range(0));
     TillSession till(shop().machine.program);
+    QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
     till.load();
     fill(till, lines);
     shop().machine.prompt.answers.clear();

@@ -61,7 +61,8 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
     : m_program(program), m_autostart(autostart), m_tray(tray), m_probe(program.directory()),
       m_link(program), m_start(program, m_link), m_desk(program), m_invoices(program),
       m_changes(program), m_print(program), m_till(program), m_outer([this] {
-          return m_print.isRunning() || m_desk.isBusy() || m_invoices.isBusy() || m_till.atWork();
+          return m_print.isRunning() || m_desk.isBusy() || m_invoices.isBusy() ||
+                 m_till.work().busy();
       }),
       m_design(program, m_print, m_desk, m_outer), m_setup(program), m_strt(m_start, m_link)
 {

@@ -12,17 +12,9 @@
 
 #include <QSaveFile>
 
-#include <algorithm>
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isList(int number)
-{
-    return number >= 0 && number < kSaleLists;
-}
 
 /// A text without anything but digits that is too long for cash: somebody scanned into its box.
 bool isScan(QStringView cash)
@@ -41,34 +33,8 @@ QString changeRemark(const QString &change)
 
 } // namespace
 
-class TillSession::Work
-{
-public:
-    /// `doing`: what a server that takes its time is waited for.
-    Work(TillSession &till, std::function<QString()> doing) : m_till(till)
-    {
-        ++m_till.m_works;
-        m_waiting = std::exchange(m_till.m_program.host.waiting, [&till, doing = std::move(doing)] {
-            Q_EMIT till.waiting(u"Sunucu bekleniyor: "_s + doing());
-        });
-    }
-    ~Work()
-    {
-        --m_till.m_works;
-        m_till.m_program.host.waiting = std::move(m_waiting);
-        if (!m_till.atWork())
-            Q_EMIT m_till.workDone();
-    }
-    Work(const Work &) = delete;
-    Work &operator=(const Work &) = delete;
-
-private:
-    TillSession &m_till;
-    std::function<void()> m_waiting;
-};
-
 TillSession::TillSession(Program &program, QObject *parent)
-    : QObject(parent), m_program(program),
+    : TillLists(parent), m_program(program), m_work(program),
       m_sounds(program.sounds, program.directory(), m_settings),
       m_lookup(program, m_sounds, program.kdvtab, m_settings), m_codes(program)
 {}
@@ -83,62 +49,28 @@ void TillSession::load()
     Q_EMIT codesChecked(m_codes.unknown());
 }
 
-QString TillSession::caption(int number)
-{
-    return u"SATIS%1"_s.arg(number + 1);
-}
-
-// ---- boxes
-
-void TillSession::later(std::function<void()> box)
-{
-    m_boxes.push_back(std::move(box));
-    Q_EMIT boxWaits();
-}
-
-/// Runs a step; its error is told when the step is over.
-template <typename Step>
-void TillSession::guarded(Step step)
-{
-    try {
-        step();
-    } catch (const std::exception &) {
-        later([fault = std::current_exception()] { std::rethrow_exception(fault); });
-    }
-}
-
-void TillSession::openBoxes()
-{
-    while (!m_boxes.empty()) {
-        const Work work(*this, [] { return QString(); });
-        const std::function<void()> box = std::move(m_boxes.front());
-        m_boxes.pop_front();
-        m_program.handle(box);
-    }
-}
-
 // ---- entry
 
 void TillSession::enterCode(const QString &code)
 {
     if (code.isEmpty())
         return;
-    const Work work(*this, [&code] { return code; });
+    const TillWork::Step step(m_work, [&code] { return code; });
     enter(code, m_mode);
 }
 
 void TillSession::enterStock(const QString &code)
 {
-    const Work work(*this, [&code] { return code; });
+    const TillWork::Step step(m_work, [&code] { return code; });
     enter(code, EntryMode::stockCode);
 }
 
 void TillSession::enter(const QString &code, EntryMode mode)
 {
-    forgetPosted(m_active);
+    forgetPosted(activeList());
     const bool byBarcode = mode == EntryMode::barcode;
     for (int number = 0; number < kSaleLists; ++number)
-        if (!byBarcode || number == m_active)
+        if (!byBarcode || number == activeList())
             resetCash(number);
 
     m_refusedCode.clear();
@@ -159,10 +91,10 @@ void TillSession::enter(const QString &code, EntryMode mode)
         const bool fine = sold && result.remark.isEmpty();
         Q_EMIT noticed(result.remark, fine ? Notice::done : Notice::fault);
         if (sold) {
-            makeCurrent(m_active, result.row);
-            hesapla(m_active);
+            makeCurrent(activeList(), result.row);
+            hesapla(activeList());
             if (result.outcome == LookupResult::Outcome::added)
-                askForFreeLine(m_active, result.row);
+                askForFreeLine(activeList(), result.row);
         }
     } catch (const HostError &error) {
         m_sounds.calsesoff();
@@ -173,7 +105,7 @@ void TillSession::enter(const QString &code, EntryMode mode)
         }
         m_refusedCode = code;
         Q_EMIT entryRefused();
-        later([this] { tellConnectionLost(m_program); });
+        m_work.later([this] { tellConnectionLost(m_program); });
     }
 }
 
@@ -182,12 +114,9 @@ void TillSession::askForFreeLine(int number, int row)
 {
     if (!m_settings.kasa.silsifre || !pricing::isGivenAway(at(number).lines.line(row)))
         return;
-    later([this, number, row] {
-        if (permitted(u"Sıfır fiyatla satmak"_s))
-            return;
-        at(number).lines.remove(row);
-        makeCurrent(number, row);
-        hesapla(number);
+    m_work.later([this, number, row] {
+        if (!permitted(u"Sıfır fiyatla satmak"_s))
+            removeLine(number, row);
     });
 }
 
@@ -213,104 +142,20 @@ void TillSession::toggleEntryMode()
     Q_EMIT entryModeChanged();
 }
 
-// ---- lists and lines
-
-void TillSession::selectList(int number)
-{
-    if (!isList(number) || number == m_active)
-        return;
-    m_active = number;
-    Q_EMIT activeListChanged(number);
-    Q_EMIT customerChanged();
-}
-
-void TillSession::selectRow(int number, int row)
-{
-    if (isList(number) && row != at(number).currentRow())
-        makeCurrent(number, row);
-}
-
-void TillSession::moveSelection(int rows)
-{
-    if (!active().lines.isEmpty())
-        makeCurrent(m_active, std::max(active().currentRow() + rows, 0));
-}
-
-void TillSession::makeCurrent(int number, int row)
-{
-    at(number).makeCurrent(row);
-    Q_EMIT currentRowChanged(number, at(number).currentRow());
-}
-
 void TillSession::sil()
 {
     const int row = active().currentRow();
     if (row < 0)
         return;
-    later([this, row, number = m_active] {
+    m_work.later([this, row, number = activeList()] {
         if (!m_program.ask(u"Kaydi Silmek Istediginize Eminmisiniz...?"_s) ||
             !permitted(u"Satır silmek"_s))
             return;
-        at(number).lines.remove(row);
-        makeCurrent(number, row);
-        hesapla(number);
+        removeLine(number, row);
     });
 }
 
-QString TillSession::refusedQuantity(const QString &typed) const
-{
-    if (!currentLine())
-        return u"Seçili satır yok."_s;
-    if (!quantity::parse(typed))
-        return quantity::refusal();
-    return {};
-}
-
-QString TillSession::miktargir(const QString &typed)
-{
-    QString refusal = refusedQuantity(typed);
-    if (refusal.isEmpty())
-        changeQuantity(*quantity::parse(typed));
-    return refusal;
-}
-
-QString TillSession::miktarekle(const QString &typed)
-{
-    QString refusal = refusedQuantity(typed);
-    if (!refusal.isEmpty())
-        return refusal;
-    const double sum =
-        pricing::valueOf(*active().currentLine(), SaleColumn::quantity) + *quantity::parse(typed);
-    if (sum > quantity::kMost)
-        return quantity::tooMany();
-    changeQuantity(sum);
-    return {};
-}
-
-void TillSession::changeQuantity(double quantity)
-{
-    active().setCurrentQuantity(quantity);
-    hesapla(m_active);
-}
-
-// ---- totals and cash
-
-void TillSession::hesapla(int number)
-{
-    const bool changed = at(number).recompute();
-    Q_EMIT totalsChanged(number);
-    if (changed)
-        Q_EMIT cashChanged(number);
-}
-
-void TillSession::setCash(int number, const QString &text)
-{
-    if (!isList(number))
-        return;
-    forgetPosted(number);
-    at(number).setCash(text);
-    Q_EMIT cashChanged(number);
-}
+// ---- cash and customer
 
 TillSession::CashEntry TillSession::acceptCash(int number)
 {
@@ -343,34 +188,9 @@ TillSession::CashEntry TillSession::acceptCash(int number)
     return CashEntry::taken;
 }
 
-void TillSession::payExactly()
-{
-    setCash(m_active, active().totals().grand);
-    Q_EMIT noticed(u"Tam para: %1"_s.arg(active().cash()), Notice::done);
-}
-
-void TillSession::addBanknote(int lira)
-{
-    // Behind the exact amount a note is what was given instead of it.
-    const bool anew =
-        !active().postedTotal().isEmpty() || active().cash() == active().totals().grand;
-    const double given = anew ? 0.0 : quantity::parseCash(active().cash()).value_or(0.0);
-    if (given + lira <= quantity::kMostCash)
-        setCash(m_active, amount::money(given + lira));
-}
-
-void TillSession::togglePayment()
-{
-    forgetPosted(m_active);
-    const bool card = active().payment() == Payment::cash;
-    active().setPayment(card ? Payment::card : Payment::cash);
-    Q_EMIT cashChanged(m_active);
-    Q_EMIT noticed(card ? u"Kartla ödenecek."_s : u"Nakit ödenecek."_s, Notice::done);
-}
-
 Customer TillSession::customer() const
 {
-    const Customer &chosen = at(m_active).customer();
+    const Customer &chosen = at(activeList()).customer();
     return chosen.code.isEmpty() ? Customer{m_settings.stok.carikod, m_settings.stok.cari} : chosen;
 }
 
@@ -379,19 +199,6 @@ void TillSession::setCustomer(const Customer &customer)
     const bool usual = customer.code == m_settings.stok.carikod;
     active().setCustomer(usual ? Customer() : customer);
     Q_EMIT customerChanged();
-}
-
-void TillSession::resetCash(int number)
-{
-    if (at(number).cash() != u"0,00")
-        setCash(number, u"0,00"_s);
-}
-
-/// The customer has gone: the change of the posted sale leaves the screen.
-void TillSession::forgetPosted(int number)
-{
-    if (at(number).forgetPosted())
-        Q_EMIT cashChanged(number);
 }
 
 // ---- posting and receipt
@@ -419,7 +226,7 @@ std::unique_ptr<Finder> TillSession::customerFinder() const
 
 void TillSession::search(Finder &finder, const QString &text)
 {
-    const Work work(*this, [&text] { return text; });
+    const TillWork::Step step(m_work, [&text] { return text; });
     try {
         finder.search(text);
     } catch (const HostError &error) {
@@ -439,10 +246,10 @@ Sale TillSession::capture(int number) const
 void TillSession::post(const QString &unentered)
 {
     // A second F2 may arrive while a message of the first one is on screen.
-    if (atWork())
+    if (m_work.busy())
         return;
-    const Work work(*this, [] { return u"kodlar"_s; });
-    guarded([&] {
+    const TillWork::Step step(m_work, [] { return u"kodlar"_s; });
+    m_work.guarded([&] {
         if (mayPost(unentered))
             postActive();
     });
@@ -451,9 +258,9 @@ void TillSession::post(const QString &unentered)
 void TillSession::postActive()
 {
     PostingProgress progress;
-    const Work work(
-        *this, [&progress] { return u"kayıt %1 / %2"_s.arg(progress.step).arg(progress.steps); });
-    guarded([&] { postList(m_active, progress); });
+    const TillWork::Step step(
+        m_work, [&progress] { return u"kayıt %1 / %2"_s.arg(progress.step).arg(progress.steps); });
+    m_work.guarded([&] { postList(activeList(), progress); });
 }
 
 /// Nothing that was typed or scanned may be passed over when a sale is closed.
@@ -469,17 +276,17 @@ bool TillSession::mayPost(const QString &unentered)
         return false;
     }
     if (!yaziciseciver(m_program.printers, m_settings.yazici.yazici1)) {
-        later([this] {
+        m_work.later([this] {
             m_program.warn(u"Yazıcı Bulunamadı.Ayarlardan Yazıcı Kontrolu Yapıp Tekrar "
                            "Deneyiniz..."_s);
         });
         return false;
     }
     if (active().lines.isEmpty()) {
-        tellEmpty(m_active);
+        tellEmpty(activeList());
         return false;
     }
-    const CashEntry cash = acceptCash(m_active);
+    const CashEntry cash = acceptCash(activeList());
     if (cash == CashEntry::refused)
         Q_EMIT cashRefused();
     return cash == CashEntry::taken && mayPostOnCodes();
@@ -490,7 +297,7 @@ bool TillSession::mayPostOnCodes()
     const bool may = m_codes.mayPost(m_settings, m_cashier.code);
     Q_EMIT codesChecked(m_codes.unknown());
     if (!may)
-        later([this] {
+        m_work.later([this] {
             if (m_codes.accept())
                 postActive();
             else
@@ -530,39 +337,6 @@ void TillSession::postList(int number, PostingProgress &progress)
     tellOutcome(number, sale, result);
 }
 
-void TillSession::clearSold(int number, const Sale &sale)
-{
-    clearList(number);
-    at(number).showPosted(sale);
-    Q_EMIT cashChanged(number);
-}
-
-void TillSession::restore(int number, const Sale &left)
-{
-    TillList &list = at(number);
-    for (const SaleLine &line : left.lines)
-        list.lines.append(line);
-    makeCurrent(number, list.lines.size() - 1);
-    hesapla(number);
-    list.setCustomer(left.customer);
-    if (left.payment == Payment::card)
-        list.setPayment(left.payment);
-    else if (left.cash != u"0,00")
-        list.setCash(left.cash);
-    Q_EMIT cashChanged(number);
-    Q_EMIT customerChanged();
-}
-
-void TillSession::clearList(int number)
-{
-    at(number).lines.clear();
-    makeCurrent(number, -1);
-    hesapla(number);
-    setCash(number, u"0,00"_s);
-    at(number).beginSale();
-    Q_EMIT customerChanged();
-}
-
 QString TillSession::drawReceiptNumber()
 {
     bool readable = false;
@@ -577,7 +351,7 @@ void TillSession::print(const Receipt &receipt)
     try {
         printReceipt(m_program.printers, m_settings.yazici.yazici1, drawReceipt(m_layout, receipt));
     } catch (const PrintError &error) {
-        later([this, cause = error.text()] {
+        m_work.later([this, cause = error.text()] {
             m_program.warn(u"Fiş yazdırılamadı: %1\nSatış kayıtlı; fişi F12 ile yeniden "
                            "yazdırabilirsiniz."_s.arg(cause));
         });
@@ -587,11 +361,11 @@ void TillSession::print(const Receipt &receipt)
 void TillSession::reprint()
 {
     if (!active().lastReceipt) {
-        Q_EMIT noticed(u"%1 listesinin yazdırılacak fişi yok."_s.arg(caption(m_active)),
+        Q_EMIT noticed(u"%1 listesinin yazdırılacak fişi yok."_s.arg(caption(activeList())),
                        Notice::fault);
         return;
     }
-    guarded([this] { print(*active().lastReceipt); });
+    m_work.guarded([this] { print(*active().lastReceipt); });
 }
 
 void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult &result)
@@ -606,12 +380,12 @@ void TillSession::tellOutcome(int number, const Sale &sale, const PostingResult 
     else
         tellEmpty(number);
     if (result.connectionLost)
-        later([this] { tellConnectionLost(m_program); });
+        m_work.later([this] { tellConnectionLost(m_program); });
     // A server that was never reached has nothing to be completed.
     const bool untouched = !result.posted() && result.connectionLost && result.uncertain == 0;
     if (result.missing() == 0 || untouched)
         return;
-    later([this, report = reportOf(result, sale)] { Q_EMIT postedIncompletely(report); });
+    m_work.later([this, report = reportOf(result, sale)] { Q_EMIT postedIncompletely(report); });
 }
 
 void TillSession::printReport(const PostingReport &report)
@@ -635,18 +409,9 @@ void TillSession::saveReport(const PostingReport &report, const QString &path)
 
 // ---- opening and closing
 
-QString TillSession::listsWithGoods() const
-{
-    QString lists;
-    for (int number = 0; number < kSaleLists; ++number)
-        if (!at(number).lines.isEmpty())
-            lists += u" (%1)"_s.arg(caption(number));
-    return lists;
-}
-
 bool TillSession::mayClose()
 {
-    const Work work(*this, [] { return QString(); });
+    const TillWork::Step step(m_work, [] { return QString(); });
     const QString lists = listsWithGoods();
     return lists.isEmpty() ||
            m_program.ask(lists + u"  LİSTESİNDE ÜRÜN BULUNUYOR KAPATIRSANIZ TÜM ÜRÜNLER "
@@ -655,7 +420,7 @@ bool TillSession::mayClose()
 
 void TillSession::askToClose()
 {
-    later([this] {
+    m_work.later([this] {
         if (!mayClose())
             return;
         discard();

@@ -61,7 +61,7 @@ struct Counter
           till(program), memory(program, till)
     {
         open();
-        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
+        QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
         QObject::connect(&till, &TillSession::noticed,
                          [this](const QString &text, Notice) { notice = text; });
         till.load();

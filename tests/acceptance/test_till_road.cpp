@@ -60,7 +60,7 @@ struct SecondTill : RealMachine
     explicit SecondTill(const QString &directory) : RealMachine(directory)
     {
         open();
-        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
+        QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
         till.load();
     }
 
@@ -76,7 +76,7 @@ struct TillRoad : testing::TestWithParam<Engine>
         shop.open();
         other = shop.connect();
         till.load();
-        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
+        QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
         QObject::connect(&till, &TillSession::postedIncompletely,
                          [this](const PostingReport &told) { reports.push_back(told); });
     }

@@ -17,7 +17,7 @@ struct MovedTill : TillShop
         add({u"869"_s, u"S1"_s});
         QObject::connect(&till, &TillSession::codesChecked, &till,
                          [this](const QStringList &unknown) { told = unknown; });
-        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
+        QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
         till.load();
     }
     qsizetype posted() const { return sent(u"INSERT INTO STKFIS "_s).size(); }

@@ -22,7 +22,7 @@ struct Till : testing::Test
                 TillShop::row({u"EVRONTAKI"_s, u"EVRNO"_s}, {u"E"_s, 12});
         shop.db.setRow(u"zno"_s, {{u"zno"_s, u"56"_s}});
         till.load();
-        QObject::connect(&till, &TillSession::boxWaits, &till, &TillSession::openBoxes);
+        QObject::connect(&till.work(), &TillWork::boxWaits, &till.work(), &TillWork::openBoxes);
         QObject::connect(&till, &TillSession::noticed, [this](const QString &text, Notice how) {
             notice = text;
             kind = how;
@@ -258,11 +258,11 @@ TEST_F(Till, WithTheSettingDeletingAndGivingAwayWantThePassword)
     for (const bool allowed : {false, true}) {
         given = allowed;
         scan({u"869009"_s, u"869002"_s});
-        till.openBoxes();
+        till.work().openBoxes();
         EXPECT_EQ(till.list(0).size(), allowed ? 2 : 1);
         till.moveSelection(9);
         till.sil();
-        till.openBoxes();
+        till.work().openBoxes();
         EXPECT_EQ(till.list(0).size(), 1);
     }
     EXPECT_EQ(asked.size(), 4);
@@ -454,11 +454,11 @@ TEST_F(Till, AnImpatientKeyPostsOnce)
     shop.host.answers.remove(u"select * from EVRAKNO where EVRNOMODUL='3'AND EVRSIRANO='2'"_s);
     scan({u"869001"_s});
     shop.prompt.onShow = [this] {
-        EXPECT_TRUE(till.atWork());
+        EXPECT_TRUE(till.work().busy());
         till.post();
     };
     till.post();
-    EXPECT_FALSE(till.atWork());
+    EXPECT_FALSE(till.work().busy());
     EXPECT_EQ(till.change(0), u"0,00"_s) << "no cash was given";
     EXPECT_EQ(shop.sent(u"INSERT INTO FATFIS "_s).size(), 1);
     EXPECT_EQ(shop.sent(u"INSERT INTO FATHAR"_s).size(), 1);

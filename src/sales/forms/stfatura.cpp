@@ -12,6 +12,8 @@
 #include <QCloseEvent>
 #include <QTableView>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,6 +27,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
     : QMainWindow(parent), m_session(session), m_ui(std::make_unique<Ui::stfatura>())
 {
     m_ui->setupUi(this);
+    m_commands = commands();
     setWindowState(Qt::WindowMaximized);
     m_ui->notice->setMargin(8);
     m_ui->srvadi->installEventFilter(this);
@@ -35,6 +38,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
             qApp, changed, this, [this] { m_customer->place(*this); }, Qt::QueuedConnection);
     connectButtons();
     connectSession();
+    connectWork();
     session.load();
     const QList<int> widths = session.columnWidths();
     for (SalePage *each : m_pages)
@@ -68,24 +72,55 @@ void stfatura::buildPages()
     connect(m_ui->tb1, &QTabBar::currentChanged, &m_session, &TillSession::selectList);
 }
 
+/// What a key of the till and its button, when it has one, both do.
+std::vector<stfatura::Command> stfatura::commands()
+{
+    const auto list = [this](int number) { return [=, this] { m_session.selectList(number); }; };
+    const auto book = [this] {
+        if (m_ui->bookButton->isVisible())
+            Q_EMIT bookWanted(m_ui->mark->isVisible());
+    };
+    std::vector<Command> all = {
+        {Qt::Key_Escape, nullptr, [this] { m_ui->srvadi->clear(); }},
+        {Qt::Key_F1, nullptr, book, Then::nothing},
+        {Qt::Key_F2, m_ui->button1, [this] { closeSale(); }, Then::nothing},
+        {Qt::Key_F3, m_ui->button2, [this] { askQuantity(m_session, false, this); }},
+        {Qt::Key_F4, m_ui->button3, [this] { askQuantity(m_session, true, this); }},
+        {Qt::Key_F5, m_ui->button4, [this] { m_session.toggleEntryMode(); }},
+        {Qt::Key_F6, m_ui->button5, [this] { focusCash(); }, Then::nothing},
+        {Qt::Key_F7, nullptr, list(0)},
+        {Qt::Key_F8, nullptr, list(1)},
+        {Qt::Key_F9, nullptr, list(2)},
+        {Qt::Key_F10, m_ui->button6, [this] { chooseCashier(m_session, this); }},
+        {Qt::Key_F11, m_ui->button9, [this] { findItem(m_session, this); }},
+        {Qt::Key_F12, m_ui->button7, [this] { m_session.reprint(); }},
+        {Qt::Key_Delete, m_ui->button8, [this] { m_session.sil(); }},
+        {Qt::Key_Insert, nullptr, [this] { m_session.payExactly(); }},
+        {Qt::Key_Up, nullptr, [this] { m_session.moveSelection(-1); }, Then::nothing},
+        {Qt::Key_Down, nullptr, [this] { m_session.moveSelection(1); }, Then::nothing},
+        {Qt::CTRL | Qt::Key_M, m_ui->button10, [this] { findCustomer(m_session, this); }},
+        {Qt::CTRL | Qt::Key_K, nullptr, [this] { m_session.togglePayment(); }},
+    };
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab})
+        all.push_back({key, nullptr, [] {}});
+    for (std::size_t i = 0; i < kBanknotes.size(); ++i)
+        all.push_back({QKeyCombination(Qt::CTRL, Qt::Key(Qt::Key_1 + int(i))), nullptr,
+                       [this, note = kBanknotes.at(i)] { m_session.addBanknote(note); }});
+    return all;
+}
+
+void stfatura::run(const Command &command)
+{
+    command.what();
+    if (command.then == Then::entry)
+        focusEntry();
+}
+
 void stfatura::connectButtons()
 {
-    const auto act = [this](QPushButton *button, auto &&action) {
-        connect(button, &QPushButton::clicked, this, [this, action] {
-            action();
-            focusEntry();
-        });
-    };
-    connect(m_ui->button1, &QPushButton::clicked, this, &stfatura::closeSale);
-    act(m_ui->button2, [this] { askQuantity(m_session, false, this); });
-    act(m_ui->button3, [this] { askQuantity(m_session, true, this); });
-    act(m_ui->button4, [this] { m_session.toggleEntryMode(); });
-    connect(m_ui->button5, &QPushButton::clicked, this, &stfatura::focusCash);
-    act(m_ui->button6, [this] { chooseCashier(m_session, this); });
-    act(m_ui->button10, [this] { findCustomer(m_session, this); });
-    act(m_ui->button9, [this] { findItem(m_session, this); });
-    act(m_ui->button7, [this] { m_session.reprint(); });
-    act(m_ui->button8, [this] { m_session.sil(); });
+    for (const Command &each : m_commands)
+        if (each.button)
+            connect(each.button, &QPushButton::clicked, this, [this, &each] { run(each); });
     connect(m_ui->bookButton, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(false); });
     connect(m_ui->mark, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(true); });
     connect(m_ui->closeButton, &QToolButton::clicked, this, &QWidget::close);
@@ -110,10 +145,6 @@ void stfatura::connectSession()
     connect(&m_session, &TillSession::totalsChanged, this,
             [this](int number) { m_ui->tb1->mark(number, !m_session.list(number).isEmpty()); });
     connect(&m_session, &TillSession::cashRefused, this, &stfatura::focusCash);
-    connect(&m_session, &TillSession::waiting, this, [this](const QString &text) {
-        m_ui->notice->tell(text, Notice::warning);
-        repaint(); // nothing else draws while the server is waited for
-    });
     connect(&m_session, &TillSession::postedIncompletely, this,
             [this](const PostingReport &report) { showReport(m_session, report, this); });
     connect(&m_session, &TillSession::closeAllowed, this, &QWidget::close);
@@ -122,10 +153,19 @@ void stfatura::connectSession()
                    what, [this](const QString &typed) { return m_session.isPassword(typed); }, this)
                    .exec() == QDialog::Accepted;
     };
-    auto *keeper = new ScanKeeper(*this, [this] { return m_session.atWork(); });
-    connect(&m_session, &TillSession::boxWaits, keeper, &ScanKeeper::awaitQuiet);
-    connect(keeper, &ScanKeeper::quiet, &m_session, &TillSession::openBoxes);
-    connect(&m_session, &TillSession::workDone, keeper, &ScanKeeper::deliver, Qt::QueuedConnection);
+}
+
+void stfatura::connectWork()
+{
+    TillWork &work = m_session.work();
+    connect(&work, &TillWork::waiting, this, [this](const QString &text) {
+        m_ui->notice->tell(text, Notice::warning);
+        repaint(); // nothing else draws while the server is waited for
+    });
+    auto *keeper = new ScanKeeper(*this, [&work] { return work.busy(); });
+    connect(&work, &TillWork::boxWaits, keeper, &ScanKeeper::awaitQuiet);
+    connect(keeper, &ScanKeeper::quiet, &work, &TillWork::openBoxes);
+    connect(&work, &TillWork::done, keeper, &ScanKeeper::deliver, Qt::QueuedConnection);
     connect(keeper, &ScanKeeper::kept, this, [this](const std::vector<HeldKey> &keys) {
         focusEntry();
         enterKept(m_session, *m_ui->srvadi, keys);
@@ -145,76 +185,15 @@ bool stfatura::eventFilter(QObject *watched, QEvent *event)
 /// Keys of the form, seen before the box that has the focus. Returns whether the key was used.
 bool stfatura::formKey(const QKeyEvent &event)
 {
-    switch (event.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        break;
-    case Qt::Key_Escape:
-        m_ui->srvadi->clear();
-        break;
-    case Qt::Key_F1:
-        if (m_ui->bookButton->isVisible())
-            Q_EMIT bookWanted(m_ui->mark->isVisible());
-        return true;
-    case Qt::Key_F2:
-        closeSale();
-        return true;
-    case Qt::Key_F3:
-    case Qt::Key_F4:
-        askQuantity(m_session, event.key() == Qt::Key_F4, this);
-        break;
-    case Qt::Key_F5:
-        m_session.toggleEntryMode();
-        break;
-    case Qt::Key_F6:
-        focusCash();
-        return true;
-    case Qt::Key_F7:
-    case Qt::Key_F8:
-    case Qt::Key_F9:
-        m_session.selectList(event.key() - Qt::Key_F7);
-        break;
-    case Qt::Key_F10:
-        chooseCashier(m_session, this);
-        break;
-    case Qt::Key_F11:
-        findItem(m_session, this);
-        break;
-    case Qt::Key_Insert:
-        m_session.payExactly();
-        break;
-    case Qt::Key_F12:
-        m_session.reprint();
-        break;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        m_session.moveSelection(event.key() == Qt::Key_Up ? -1 : 1);
-        return true;
-    case Qt::Key_Delete:
-        m_session.sil();
-        break;
-    default:
-        if (!controlKey(event))
-            return false;
-    }
-    focusEntry();
-    return true;
-}
-
-/// Ctrl with a letter or digit. Returns whether the key was used.
-bool stfatura::controlKey(const QKeyEvent &event)
-{
-    if (event.modifiers() != Qt::ControlModifier)
+    // A key of its own counts whatever is held beside it; letters and digits want Ctrl alone.
+    const auto command =
+        std::find_if(m_commands.begin(), m_commands.end(), [&event](const Command &each) {
+            const Qt::KeyboardModifiers with = each.key.keyboardModifiers();
+            return each.key.key() == event.key() && (!with || with == event.modifiers());
+        });
+    if (command == m_commands.end())
         return false;
-    const auto note = static_cast<std::size_t>(event.key() - Qt::Key_1);
-    if (event.key() == Qt::Key_M)
-        findCustomer(m_session, this);
-    else if (event.key() == Qt::Key_K)
-        m_session.togglePayment();
-    else if (event.key() >= Qt::Key_1 && note < kBanknotes.size())
-        m_session.addBanknote(kBanknotes.at(note));
-    else
-        return false;
+    run(*command);
     return true;
 }
 

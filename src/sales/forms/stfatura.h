@@ -3,7 +3,9 @@
 #include <QMainWindow>
 
 #include <array>
+#include <functional>
 #include <memory>
+#include <vector>
 
 class CustomerDisplay;
 class SalePage;
@@ -11,6 +13,7 @@ class TillSession;
 
 QT_BEGIN_NAMESPACE
 class QKeyEvent;
+class QPushButton;
 class QToolButton;
 QT_END_NAMESPACE
 
@@ -44,12 +47,28 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    /// Where the keyboard is behind a command.
+    enum class Then
+    {
+        entry,
+        nothing ///< the command says so itself, or leaves it where it is
+    };
+    struct Command
+    {
+        QKeyCombination key;
+        QPushButton *button; ///< may be null
+        std::function<void()> what;
+        Then then = Then::entry;
+    };
+
     void buildPages();
+    std::vector<Command> commands();
+    void run(const Command &command);
     void connectButtons();
     void connectSession();
+    void connectWork();
 
     bool formKey(const QKeyEvent &event);
-    bool controlKey(const QKeyEvent &event);
     bool enterPressed(QObject *box);
     void acceptCash();
     void closeSale();
@@ -64,6 +83,7 @@ private:
 
     TillSession &m_session;
     std::unique_ptr<Ui::stfatura> m_ui;
+    std::vector<Command> m_commands;
     std::array<SalePage *, 3> m_pages{};
     std::unique_ptr<CustomerDisplay> m_customer;
 };
