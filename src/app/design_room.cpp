@@ -1,18 +1,17 @@
 #include "app/design_room.h"
 
-#include "app/outer_loop.h"
+#include "app/forms.h"
 #include "labels/designer/designer_session.h"
 #include "labels/designer/forms/Form1.h"
 #include "labels/print/forms/printer_calibration.h"
 #include "labels/print/forms/yazfrm.h"
-#include "shell/forms/look.h"
 
 #include <QApplication>
 
 using namespace Qt::StringLiterals;
 
-DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, OuterLoop &outer)
-    : m_program(program), m_print(print), m_desk(desk), m_outer(outer), m_search(program)
+DesignRoom::DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, const Forms &forms)
+    : m_program(program), m_print(print), m_desk(desk), m_forms(forms), m_search(program)
 {}
 
 DesignRoom::~DesignRoom()
@@ -20,15 +19,11 @@ DesignRoom::~DesignRoom()
     delete m_form;
 }
 
-Form1 &DesignRoom::form()
+Form1 *DesignRoom::makeForm()
 {
-    if (m_form && m_form->isVisible())
-        return *m_form;
     auto *session = new DesignerSession(m_program);
     auto *form = new Form1(*session);
     session->setParent(form);
-    form->setAttribute(Qt::WA_DeleteOnClose);
-    fitToScreen(*form);
     connect(form, &Form1::openWanted, this, &DesignRoom::chooseToOpen);
     connect(form, &Form1::saveAsWanted, this, &DesignRoom::chooseToSave);
     connect(form, &Form1::queueWanted, this, [this] {
@@ -44,9 +39,8 @@ Form1 &DesignRoom::form()
         });
     });
     connect(form, &Form1::calibrationWanted, this, &DesignRoom::calibrate);
-    m_form = form;
     m_session = session;
-    return *form;
+    return form;
 }
 
 void DesignRoom::showStocks(const std::vector<LabelRow> &rows)
@@ -69,14 +63,9 @@ void DesignRoom::calibrate(const LabelLayout &layout)
     dialog->open();
 }
 
-void DesignRoom::show(const QString &layout, bool onTop)
+void DesignRoom::show(const QString &layout)
 {
-    Form1 &window = form();
-    if (!window.isVisible())
-        window.setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
-    window.show();
-    window.raise();
-    window.activateWindow();
+    m_forms.show(m_form, [this] { return makeForm(); });
     if (!layout.isEmpty())
         m_session->ac(layout);
 }
@@ -85,7 +74,8 @@ void DesignRoom::offerRecovery()
 {
     if (!hasRecovery(m_program))
         return;
-    form(); // the question stands over no window: the designer comes up with its answer
+    // The question stands over no window: the designer comes up with its answer.
+    m_forms.ready(m_form, [this] { return makeForm(); });
     if (m_session->recover())
         show();
     else

@@ -10,7 +10,7 @@
 
 class DesignerSession;
 class Form1;
-class OuterLoop;
+class Forms;
 class yazfrm;
 
 /// The label designer and what it needs of other rooms: layouts to choose from, stocks to show.
@@ -20,12 +20,11 @@ class DesignRoom final : public QObject
 
 public:
     /// All four are kept by reference.
-    DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, OuterLoop &outer);
+    DesignRoom(Program &program, PrintRun &print, LabelDesk &desk, const Forms &forms);
     ~DesignRoom() override;
 
-    /// Opens the designer, with a layout of the folder `ayar` when one is named. `onTop`: over a
-    /// till that is kept over other windows.
-    void show(const QString &layout = {}, bool onTop = false);
+    /// Opens the designer, with a layout of the folder `ayar` when one is named.
+    void show(const QString &layout = {});
 
     /// Offers unsaved work of a program that ended unexpectedly.
     void offerRecovery();
@@ -34,7 +33,7 @@ public:
     bool close();
 
 private:
-    Form1 &form();
+    Form1 *makeForm();
     void chooseToOpen();
     void chooseToSave();
     void showStocks(const std::vector<LabelRow> &rows);
@@ -43,7 +42,7 @@ private:
     Program &m_program;
     PrintRun &m_print;
     LabelDesk &m_desk;
-    OuterLoop &m_outer;
+    const Forms &m_forms;
     SampleSearch m_search;
     QPointer<Form1> m_form;
     QPointer<DesignerSession> m_session;

@@ -1,5 +1,6 @@
 #include "app/setup_room.h"
 
+#include "app/forms.h"
 #include "labels/designer/sample_rows.h"
 #include "labels/layout/layout_folder.h"
 #include "labels/print/label_builder.h"
@@ -36,20 +37,16 @@ std::optional<SetupWay> SetupRoom::askFirst()
     return session.answers().way;
 }
 
-void SetupRoom::show()
+void SetupRoom::show(const Forms &forms)
 {
-    if (!m_form) {
+    forms.show(m_form, [this] {
         auto *session = new SetupSession(m_program, m_probe, *this, SetupSession::Occasion::later);
-        m_form = new SetupForm(*session);
-        session->setParent(m_form);
-        m_form->setAttribute(Qt::WA_DeleteOnClose);
-        m_form->setModal(true);
-        fitToScreen(*m_form);
-        connect(m_form, &QDialog::accepted, this, &SetupRoom::changed, Qt::QueuedConnection);
-    }
-    m_form->show();
-    m_form->raise();
-    m_form->activateWindow();
+        auto *form = new SetupForm(*session);
+        session->setParent(form);
+        form->setModal(true);
+        connect(form, &QDialog::accepted, this, &SetupRoom::changed, Qt::QueuedConnection);
+        return form;
+    });
 }
 
 QStringList SetupRoom::layouts(const QString &directory) const

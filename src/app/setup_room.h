@@ -10,6 +10,7 @@
 
 #include <optional>
 
+class Forms;
 class SetupForm;
 
 /// The set-up and what it needs of the rooms that print.
@@ -25,7 +26,7 @@ public:
     std::optional<SetupWay> askFirst();
 
     /// Later, from the settings.
-    void show();
+    void show(const Forms &forms);
 
     QStringList layouts(const QString &directory) const override;
     QString defaultLayout(const QString &directory) const override;
