@@ -143,7 +143,7 @@ bool mayAsk(const Options &options)
 /// missing, the next start tries again. False when the user would rather not now.
 bool prepareFolder(Program &program, bool ask)
 {
-    finishSetup(program);
+    finishSetup(program.directory());
     clearUnfinished(program.directory());
     hideSettings(program.directory());
     if (QFile::exists(program.path(settings::kFile))) {

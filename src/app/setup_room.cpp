@@ -86,7 +86,8 @@ void SetupRoom::printLabel(const QString &directory, const QString &name, const 
 {
     LabelLayout layout = LayoutFolder(m_program.keys, m_program.prompt, directory).open(name);
     layout.printer = printer;
-    const PrintJob job = makePrintJob(layout, {SampleRows(m_program).current(layout)});
+    const PrintJob job =
+        makePrintJob(layout, {SampleRows(m_program, m_program.clock).current(layout)});
     const auto document =
         m_program.printers.open(printer, printerSetup(layout, u"Deneme etiketi"_s));
     if (!document)

@@ -44,6 +44,10 @@ public:
     /// screen. Throws HostError (kConnectionLost) when it is not open.
     virtual HostConnection &company() = 0;
 
+    /// The same without opening it: a posting that lost its connection must not go on half-way over
+    /// another one.
+    virtual HostConnection &openCompany() = 0;
+
 protected:
     ~CompanyDatabase() = default;
 };

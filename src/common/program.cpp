@@ -4,12 +4,6 @@
 
 using namespace Qt::StringLiterals;
 
-Program::Program(const Ports &ports, const QString &directory)
-    : host(ports.host), db(ports.db), keys(ports.keys), printers(ports.printers),
-      sounds(ports.sounds), clock(ports.clock), prompt(ports.prompt), journal(ports.journal),
-      m_directory(directory)
-{}
-
 QString Program::path(QStringView name) const
 {
     return m_directory + u"/"_s + name.toString();

@@ -28,19 +28,10 @@ struct Ports
 };
 
 /// The program-wide values, handed to every room by reference.
-class Program final : public CompanyDatabase
+class Program final : public Ports, public CompanyDatabase
 {
 public:
-    Program(const Ports &ports, const QString &directory);
-
-    HostConnector &host;
-    LocalDatabase &db;
-    KeyFile &keys;
-    Printers &printers;
-    Sounds &sounds;
-    Clock &clock;
-    Prompt &prompt;
-    LocalDatabase *journal;
+    Program(const Ports &ports, const QString &directory) : Ports(ports), m_directory(directory) {}
 
     std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
     std::unique_ptr<HostConnection> bag;    ///< company connection
@@ -58,10 +49,7 @@ public:
 
     /// The company connection, opened anew by `reopen` when it was lost.
     HostConnection &company() override;
-
-    /// The same without opening it: a posting that lost its connection must not go on half-way over
-    /// another one.
-    HostConnection &openCompany();
+    HostConnection &openCompany() override;
 
     /// Tries to open a lost company connection; none in a program without a host.
     std::function<void()> reopen;

@@ -121,7 +121,7 @@ Texts designTexts(LocalFile file)
     return texts;
 }
 
-void read(OpenDatabase &db, Tables tables, Settings &into)
+void read(OpenDatabase &db, const Tables &tables, Settings &into)
 {
     for (const QStringView table : tables) {
         Texts texts;
@@ -132,7 +132,7 @@ void read(OpenDatabase &db, Tables tables, Settings &into)
     }
 }
 
-void read(const LocalFiles &files, Tables tables, Settings &into)
+void read(const LocalFiles &files, const Tables &tables, Settings &into)
 {
     resumeNext([&] {
         OpenDatabase db(files, kFile);
@@ -140,7 +140,7 @@ void read(const LocalFiles &files, Tables tables, Settings &into)
     });
 }
 
-Settings read(const LocalFiles &files, Tables tables)
+Settings read(const LocalFiles &files, const Tables &tables)
 {
     Settings settings;
     read(files, tables, settings);

@@ -25,16 +25,16 @@ enum class Fill
 /// HostError.
 bool complete(OpenDatabase &db, LocalFile file, Fill fill);
 
-/// Reads tables of `data.dbs` in this order, each with "select * from TABLE where id='1'". What
-/// cannot be read keeps its value.
-using Tables = std::initializer_list<QStringView>;
-void read(OpenDatabase &db, Tables tables, Settings &into);
+/// Reads tables of `data.dbs` in this order, each with "select * from TABLE where id='1'";
+/// settingTables() names all there are. What cannot be read keeps its value.
+using Tables = QList<QStringView>;
+void read(OpenDatabase &db, const Tables &tables, Settings &into);
 
 /// The same, opening and closing the file.
-void read(const LocalFiles &files, Tables tables, Settings &into);
+void read(const LocalFiles &files, const Tables &tables, Settings &into);
 
 /// Freshly read; the design values where they cannot be.
-Settings read(const LocalFiles &files, Tables tables);
+Settings read(const LocalFiles &files, const Tables &tables);
 
 /// "table.column" → stored text.
 using Texts = QHash<QString, QString>;

@@ -31,3 +31,8 @@ bool writeWholeFile(const QString &path, const QByteArray &bytes)
     QFile::remove(written);
     return false;
 }
+
+bool writeTextFile(const QString &path, const QString &text)
+{
+    return writeWholeFile(path, "\xEF\xBB\xBF" + text.toUtf8());
+}

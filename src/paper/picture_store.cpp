@@ -18,8 +18,7 @@ bool isBareName(const QString &file)
     const auto leadsOut = [](QChar c) {
         return c == u'/' || c == u'\\' || c == u':' || c.unicode() < 0x20;
     };
-    return !file.isEmpty() && file != u"."_s && file != u".."_s &&
-           std::none_of(file.cbegin(), file.cend(), leadsOut);
+    return std::none_of(file.cbegin(), file.cend(), leadsOut); // folders are no files
 }
 
 } // namespace

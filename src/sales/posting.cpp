@@ -2,6 +2,7 @@
 
 #include "common/program.h"
 #include "common/resume_next.h"
+#include "sales/ledger_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +30,8 @@ class Posting
 public:
     Posting(Program &program, const Settings &settings, const Sale &sale, PostingProgress &progress,
             PostingLog &log)
-        : m_program(program), m_progress(progress), m_log(log), m_sale(settings, sale)
+        : m_program(program), m_progress(progress), m_log(log), m_writer(program, log),
+          m_sale(settings, sale)
     {
         m_log.begun(sale, m_sale);
         constexpr int ofEverySale = 20;
@@ -50,30 +52,19 @@ public:
         }
         for (const Document document : ledger::kDocuments)
             advance(document);
+        m_result.written = m_writer.written();
         m_log.ended(m_result);
         return m_result;
     }
 
 private:
-    RecordSet read(const QString &statement) { return m_program.openCompany().execute(statement); }
-
     /// Numbers of documents hang on these: a read that failed is tried once more.
     RecordSet readStubbornly(const QString &statement)
     {
         RecordSet rows;
-        if (!resumeNext([&] { rows = read(statement); }))
-            rows = read(statement);
+        if (!resumeNext([&] { rows = m_writer.read(statement); }))
+            rows = m_writer.read(statement);
         return rows;
-    }
-
-    void send(const Record &record, const QString &statement, std::optional<double> from = {})
-    {
-        HostConnection &host = m_program.openCompany();
-        m_log.sending(record, statement, from);
-        m_sent = true;
-        host.execute(statement);
-        ++m_result.written;
-        m_log.answered(record, Sent::done, {});
     }
 
     /// One step of the posting; the next goes on when it fails, and `missing` notes what the ledger
@@ -82,7 +73,7 @@ private:
     void step(Step &&body, Missing &&missing)
     {
         ++m_progress.step;
-        m_sent = false;
+        m_writer.beginStep();
         resumeNext([&] {
             try {
                 body();
@@ -97,29 +88,22 @@ private:
     /// Logs what became of a record. A write whose answer was lost may have been done.
     bool uncertain(const Record &record, const HostError &error)
     {
-        const bool lost = m_sent && error.connectionLost();
-        m_result.uncertain += lost ? 1 : 0;
-        const Sent refused = m_sent ? Sent::refused : Sent::withheld;
-        m_log.answered(record, lost ? Sent::unknown : refused, error.text());
-        return lost;
+        const Sent sent = m_writer.failed(record, error);
+        if (sent == Sent::withheld)
+            m_log.answered(record, sent, error.text());
+        m_result.uncertain += sent == Sent::unknown ? 1 : 0;
+        return sent == Sent::unknown;
     }
 
     void write(const Record &record)
     {
-        const auto body = [&] {
-            if (record.isRow()) {
-                send(record, m_sale.insertion(record));
-                return;
-            }
-            const RecordSet row = read(m_sale.reading(record));
-            send(record, m_sale.raising(record, row), ledger::LedgerSale::figureIn(record, row));
-        };
-        step(body, [&](const HostError &error) {
-            const QString name = m_sale.name(record);
-            m_result.records += uncertain(record, error)
-                                    ? u"%1: yazılmamış olabilir"_s.arg(name)
-                                    : u"%1: yazılamadı (%2)"_s.arg(name, error.text());
-        });
+        step([&] { m_writer.write(m_sale, record); },
+             [&](const HostError &error) {
+                 const QString name = m_sale.name(record);
+                 m_result.records += uncertain(record, error)
+                                         ? u"%1: yazılmamış olabilir"_s.arg(name)
+                                         : u"%1: yazılamadı (%2)"_s.arg(name, error.text());
+             });
     }
 
     void draw(Document document)
@@ -148,8 +132,8 @@ private:
         const Record record = ledger::LedgerSale::counterRecords().at(place);
         const auto writeNext = [&] {
             if (m_sale.drawn(document).readable)
-                send(record, ledger::advanceCounter(ledger::LedgerSale::counter(document),
-                                                    m_sale.nextValue(document)));
+                m_writer.send(record, ledger::advanceCounter(ledger::LedgerSale::counter(document),
+                                                             m_sale.nextValue(document)));
         };
         step(writeNext, [&](const HostError &error) {
             const QString text =
@@ -178,9 +162,9 @@ private:
     Program &m_program;
     PostingProgress &m_progress;
     PostingLog &m_log;
+    LedgerWriter m_writer;
     ledger::LedgerSale m_sale;
     PostingResult m_result;
-    bool m_sent = false; ///< the write of this step has left for the server
 };
 
 } // namespace

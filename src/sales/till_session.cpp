@@ -4,13 +4,12 @@
 #include "common/digits.h"
 #include "common/program.h"
 #include "common/settings_database.h"
+#include "common/whole_file.h"
 #include "sales/host_fault.h"
 #include "sales/quantity.h"
 #include "sales/receipt_printing.h"
 #include "sales/receipt_store.h"
 #include "sales/text_receipt.h"
-
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -339,9 +338,7 @@ void TillSession::postList(int number, PostingProgress &progress)
 
 QString TillSession::drawReceiptNumber()
 {
-    bool readable = false;
-    const qlonglong last = m_layout.lastNumber.toLongLong(&readable);
-    m_layout.lastNumber = QString::number(readable ? last + 1 : 1);
+    m_layout.lastNumber = QString::number(m_layout.lastNumber.toLongLong() + 1); // 0: unreadable
     receipt_store::saveNumber(m_program.files(), m_layout.lastNumber);
     return m_layout.lastNumber;
 }
@@ -400,11 +397,8 @@ void TillSession::printReport(const PostingReport &report)
 
 void TillSession::saveReport(const PostingReport &report, const QString &path)
 {
-    QSaveFile file(path);
-    const QByteArray text = QByteArrayLiteral("\xEF\xBB\xBF") + report.text.toUtf8();
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) || file.write(text) != text.size() ||
-        !file.commit())
-        m_program.warn(u"Dosya yazılamadı: %1\n%2"_s.arg(path, file.errorString()));
+    if (!writeTextFile(path, QString(report.text).replace(u'\n', u"\r\n"_s)))
+        m_program.warn(u"Dosya yazılamadı: "_s + path);
 }
 
 // ---- opening and closing

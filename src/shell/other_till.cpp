@@ -1,7 +1,6 @@
 #include "shell/other_till.h"
 
 #include "common/file_batch.h"
-#include "common/program.h"
 #include "common/settings_database.h"
 
 #include <QDir>
@@ -51,42 +50,39 @@ void fill(const QString &source, const QString &target)
 
 } // namespace
 
-void copySettings(Program &program, const QString &source, FileBatch &batch)
+void copySettings(LocalDatabase &db, const QString &source, FileBatch &batch)
 {
     const QString target = batch.path(settings::kFile);
     {
-        const OpenDatabase born(program.db, target); // for its owner alone
+        const OpenDatabase born(db, target); // for its owner alone
     }
     if (const QString journal = source + u"-journal"_s; QFileInfo(journal).size() > 0)
         fill(journal, target + u"-journal"_s);
     fill(source, target);
 }
 
-OtherTill OtherTill::read(Program &program, const QString &path)
+OtherTill OtherTill::read(const LocalFiles &own, const QString &path)
 {
     const QFileInfo named(path.trimmed());
     const QDir till(named.isFile() ? named.absolutePath() : path.trimmed());
     if (path.trimmed().isEmpty() || !till.exists())
         fail(u"Böyle bir klasör yok ya da ona ulaşılamıyor."_s);
-    if (till.canonicalPath() == QDir(program.directory()).canonicalPath())
+    if (till.canonicalPath() == QDir(own.directory).canonicalPath())
         fail(u"Bu, bu kasanın kendi klasörü; öbür kasanınkini gösterin."_s);
     if (!till.exists(settings::kFile.toString()))
         fail(u"Bu klasörde bir kasanın ayarları (data.dbs) yok."_s);
     OtherTill other{till.absolutePath(), {}, filesOf(till)};
-    FileBatch look(program.directory(), settings::kFile);
-    other.takeSettings(program, look);
-    OpenDatabase db(program.db, look.path(settings::kFile));
+    FileBatch look(own.directory, settings::kFile);
+    other.takeSettings(own.db, look);
+    OpenDatabase db(own.db, look.path(settings::kFile));
     settings::complete(db, LocalFile::settings, settings::Fill::design);
-    settings::read(db,
-                   {u"kdv", u"ses", u"yazici", u"login", u"server", u"instan", u"stok", u"liste",
-                    u"per", u"kasa"},
-                   other.settings);
+    settings::read(db, settingTables(LocalFile::settings), other.settings);
     return other;
 }
 
-void OtherTill::takeSettings(Program &program, FileBatch &batch) const
+void OtherTill::takeSettings(LocalDatabase &db, FileBatch &batch) const
 {
-    copySettings(program, QDir(directory).filePath(settings::kFile.toString()), batch);
+    copySettings(db, QDir(directory).filePath(settings::kFile.toString()), batch);
 }
 
 void OtherTill::takeFiles(FileBatch &batch) const

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "common/local_database.h"
 #include "common/settings.h"
 
 #include <QStringList>
 
 class FileBatch;
-class Program;
 
 /// The working folder of another till, whose settings and layouts this one can take over. Nothing
 /// is written there.
@@ -21,14 +21,14 @@ struct OtherTill
 
     /// Looks at a folder, or at the folder of a file. Throws std::runtime_error, in words for the
     /// user.
-    static OtherTill read(Program &program, const QString &path);
+    static OtherTill read(const LocalFiles &own, const QString &path);
 
     /// Brings its settings file, copied, into a batch. Throws std::runtime_error or HostError.
-    void takeSettings(Program &program, FileBatch &batch) const;
+    void takeSettings(LocalDatabase &db, FileBatch &batch) const;
 
     void takeFiles(FileBatch &batch) const;
 };
 
 /// Copies a settings file, with the journal that belongs to it, so that nobody else may read the
 /// copy. Throws std::runtime_error or HostError.
-void copySettings(Program &program, const QString &source, FileBatch &batch);
+void copySettings(LocalDatabase &db, const QString &source, FileBatch &batch);

@@ -25,12 +25,6 @@ Settings firstAnswers()
     return values;
 }
 
-Settings todaysAnswers(const Program &program)
-{
-    return settings::read(program.files(), {u"kdv", u"ses", u"yazici", u"login", u"server",
-                                            u"instan", u"stok", u"liste", u"per", u"kasa"});
-}
-
 /// What neither the connection nor a settings file can hold.
 QString badLetters(const QString &caption, const QString &text)
 {
@@ -55,7 +49,9 @@ SetupSession::SetupSession(Program &program, HostProbe &probe, SetupPrinting &pr
     : QObject(parent), m_program(program), m_printing(printing), m_occasion(occasion),
       m_steps(setupSteps(SetupWay::ownLedger)), m_ledger(probe), m_diagnosis(probe)
 {
-    m_answers.settings = occasion == Occasion::firstStart ? firstAnswers() : todaysAnswers(program);
+    m_answers.settings = occasion == Occasion::firstStart
+                             ? firstAnswers()
+                             : settings::read(program.files(), settingTables(LocalFile::settings));
     m_answers.passwordAgain = m_answers.settings.login.sifre;
     connect(&m_ledger, &SetupLedger::changed, this, [this] {
         if (!m_ledger.isReading() && step() == SetupStep::databases) {
@@ -162,7 +158,7 @@ void SetupSession::chooseWay(SetupWay way)
 void SetupSession::takeFolder(const QString &path)
 {
     try {
-        m_answers.other = OtherTill::read(m_program, path);
+        m_answers.other = OtherTill::read(m_program.files(), path);
     } catch (const std::exception &error) {
         m_answers.other.reset();
         Q_EMIT refused(QString::fromUtf8(error.what()));

@@ -37,7 +37,7 @@ void takeOwnSettings(Program &program, FileBatch &batch)
         db.execute(u"begin immediate"_s); // not while another program writes
         db.execute(u"rollback"_s);
     }
-    copySettings(program, file, batch);
+    copySettings(program.db, file, batch);
 }
 
 /// What belongs to this machine stays its own.
@@ -60,7 +60,7 @@ void writeSettings(Program &program, FileBatch &batch, const SetupAnswers &answe
 {
     const Settings values = settingsFor(program, answers);
     if (answers.other)
-        answers.other->takeSettings(program, batch);
+        answers.other->takeSettings(program.db, batch);
     else
         takeOwnSettings(program, batch);
     OpenDatabase db(program.db, batch.path(settings::kFile));
@@ -137,7 +137,7 @@ void writeSetup(Program &program, SetupPrinting &printing, const SetupAnswers &a
     batch.commit();
 }
 
-void finishSetup(Program &program)
+void finishSetup(const QString &directory)
 {
-    FileBatch::finish(program.directory(), settings::kFile);
+    FileBatch::finish(directory, settings::kFile);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class Program;
 class SetupPrinting;
 struct SetupAnswers;
@@ -9,4 +11,4 @@ struct SetupAnswers;
 void writeSetup(Program &program, SetupPrinting &printing, const SetupAnswers &answers);
 
 /// Finishes at the start of the program what a power cut interrupted. Throws std::runtime_error.
-void finishSetup(Program &program);
+void finishSetup(const QString &directory);

@@ -27,6 +27,18 @@ QRectF inkOf(const QImage &image)
     return {ink.x() / 10.0, ink.y() / 10.0, ink.width() / 10.0, ink.height() / 10.0};
 }
 
+/// Its digits reach further down than its guard bars.
+BarSymbol symbol()
+{
+    return {.name = u"çubuk"_s,
+            .digits = u"8690"_s,
+            .modules = 30,
+            .quietLeft = 5,
+            .quietRight = 5,
+            .bars = {{0, 1, true}, {10, 2}},
+            .groups = {{u"8690"_s, 2, 26}}};
+}
+
 QImage painted(const std::vector<DrawCommand> &commands, const DeviceFonts &fonts, QSize size,
                double zoom = 1)
 {
@@ -51,6 +63,7 @@ TEST(DrawCommands, InkStaysInTheBoundingBox)
         {LineCommand{{5, 10}, {25, 30}, 0.4, 0}, {}},
         {RectangleCommand{{5, 5, 20, 10}, 0.3, 0, false}, {}},
         {RectangleCommand{{5, 5, 20, 10}, 0, 0, true}, {}},
+        {BarsCommand{{5, 5, 20, 10}, symbol(), font, 0}, {}},
         {TextCommand{{20, 20}, 0, font, 0, u"Çay 1"_s}, {}},
         {TextCommand{{20, 20}, 90, font, 0, u"Çay 1"_s}, {}},
         {TextCommand{{20, 20}, 180, font, 0, u"Çay 1"_s}, {}},
@@ -68,6 +81,15 @@ TEST(DrawCommands, InkStaysInTheBoundingBox)
         EXPECT_NEAR(half.center().x() * 2, ink.center().x(), 0.4);
         EXPECT_NEAR(half.center().y() * 2, ink.center().y(), 0.4);
     }
+}
+
+TEST(DrawCommands, WhatNoPaperHoldsLeavesNoInk)
+{
+    const DeviceFonts fonts(kTenDots);
+    const RectangleCommand wide{{-2 * kLongestPaper, 5, 4 * kLongestPaper, 10}, 0, 0, true};
+    EXPECT_TRUE(inkOf(painted({{wide, {}}}, fonts, {450, 450})).isEmpty());
+    for (const QRectF &box : {QRectF(2 * kLongestPaper, 5, 20, 10), QRectF(5, 5, 20, 0.1)})
+        EXPECT_FALSE(fitBars(symbol(), box, kTenDots));
 }
 
 TEST(TextBlock, SaysWhetherAllOfTheTextIsInItsBox)
@@ -100,4 +122,7 @@ TEST(TextBlock, ALongNameKeepsItsEndAndItsType)
         EXPECT_EQ(lines.join(u'|'), c[4]) << c;
         EXPECT_EQ(placed.fits, c[4] == c[3] && c.number(0) > 10) << c;
     }
+    const TextBlock narrow{
+        .box = {0, 0, 15, 5}, .font = {u"Sans"_s, 10}, .text = u"KDV'li 5"_s, .shrink = true};
+    EXPECT_EQ(placeText(narrow, FixedMeasure()).lines.at(0).font.size, 9.375); // no smaller
 }

@@ -57,7 +57,8 @@ TEST_F(PictureStoreTest, DamagedAndHostileFilesShowNothing)
                          "\0\0\1\0\x18\0",
                          30) +
                   QByteArray(24, '\0'));
-    for (const QString &name :
-         {u"cut.png"_s, u"text.png"_s, u"empty.png"_s, u"huge.ppm"_s, u"large.bmp"_s})
+    writeFile(path(u"pic/wide.pbm"_s), "P4 10000 5000\n" + QByteArray(10'000 / 8 * 5000, '\0'));
+    for (const QString &name : {u"cut.png"_s, u"text.png"_s, u"empty.png"_s, u"huge.ppm"_s,
+                                u"large.bmp"_s, u"wide.pbm"_s})
         EXPECT_TRUE(store.find(name, {50, 50}).isNull()) << name.toStdString();
 }

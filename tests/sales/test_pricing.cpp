@@ -75,4 +75,6 @@ TEST(Quantity, TypedTextIsAQuantityOrRefused)
             c.value(0) == u"cash" ? quantity::parseCash(c.value(1)) : quantity::parse(c.value(1));
         EXPECT_EQ(value ? QString::number(*value) : u"refused"_s, c.value(2)) << c;
     }
+    EXPECT_TRUE(quantity::accepts(u"1.5", u','));
+    EXPECT_FALSE(quantity::accepts(u"1,5", u','));
 }

@@ -21,7 +21,7 @@ protected:
         };
         list(u"DEPO"_s, u"DEPADI"_s, u"DEPKOD"_s, {{u"MERKEZ"_s, u"01"_s}});
         list(u"STKFIYTIP"_s, u"STKFTFIYADI"_s, u"STKFTFIYNO"_s,
-             {{u"PERAKENDE"_s, 1LL}, {u"KOLİ"_s, 2LL}});
+             {{u"PERAKENDE"_s, 1LL}, {u"KOLİ"_s, 2LL}, {u"PERAKENDE"_s, 3LL}});
         list(u"CARKART"_s, u"CARUNVAN"_s, u"CARKOD"_s, {{u"PEŞİN"_s, u"120"_s}});
         m_host = &host;
     }
@@ -85,6 +85,7 @@ TEST_F(SettingsTest, ReadsRowsInOrderAndSplitsTheListColours)
     EXPECT_EQ(v.kdv.kdv, u"20"_s) << "the stored rate is not shown";
     EXPECT_EQ(v.stok.br2fyt, u"9"_s);
     EXPECT_EQ(session.lists().depots.codes, u"01<1234>"_s);
+    EXPECT_EQ(session.lists().priceTypes.find(u"PERAKENDE"_s, u"3"_s), 2); // two of one name
 }
 
 TEST_F(SettingsTest, MissingRowsAndALostHostLeaveTheDesignValues)

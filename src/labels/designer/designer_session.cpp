@@ -48,7 +48,7 @@ Design newDesign()
 DesignerSession::DesignerSession(Program &program, QObject *parent)
     : QObject(parent), m_program(program),
       m_files(program.keys, program.clock, program.directory()),
-      m_pictures(program.prompt, program.directory()), m_samples(program)
+      m_pictures(program.prompt, program.directory()), m_samples(program, program.clock)
 {
     connect(&m_editor, &DesignEditor::statusChanged, this, &DesignerSession::statusChanged);
     connect(&m_copyTimer, &QTimer::timeout, this, &DesignerSession::keepCopy);

@@ -94,7 +94,7 @@ bool SampleRows::readFor(const LabelLayout &layout)
         return false;
     m_read += wanted;
     if (!m_rows.empty())
-        readFields(m_program, m_program.clock.now().date(), wanted, m_rows);
+        readFields(m_company, m_clock.now().date(), wanted, m_rows);
     return true;
 }
 
@@ -103,7 +103,7 @@ const QStringList &SampleRows::columns()
     if (!m_columns) {
         m_columns.emplace();
         try {
-            *m_columns = stockCardColumns(m_program);
+            *m_columns = stockCardColumns(m_company);
         } catch (const HostError &) {
             // Away: the named fields remain, and the next search asks again.
         }

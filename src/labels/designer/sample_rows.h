@@ -1,6 +1,7 @@
 #pragma once
 
-#include "common/program.h"
+#include "common/clock.h"
+#include "common/host_connection.h"
 #include "labels/layout/label_layout.h"
 #include "labels/print/label_row.h"
 
@@ -11,7 +12,8 @@
 class SampleRows
 {
 public:
-    explicit SampleRows(Program &program) : m_program(program) {}
+    /// Both are kept by reference.
+    SampleRows(CompanyDatabase &company, Clock &clock) : m_company(company), m_clock(clock) {}
 
     /// An empty list shows the made-up stocks.
     void set(const std::vector<LabelRow> &rows);
@@ -31,7 +33,8 @@ public:
 private:
     LabelRow madeUp(std::size_t stock, const LabelLayout &layout) const;
 
-    Program &m_program;
+    CompanyDatabase &m_company;
+    Clock &m_clock;
     std::vector<LabelRow> m_rows;
     std::size_t m_at = 0;
     QStringList m_read; ///< fields that the rows have

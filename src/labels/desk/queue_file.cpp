@@ -71,7 +71,7 @@ std::vector<int> placesAdded(const std::vector<int> &numbers)
 
 } // namespace
 
-QByteArray write(const std::vector<QueueRow> &rows, const std::vector<int> &added)
+QString text(const std::vector<QueueRow> &rows, const std::vector<int> &added)
 {
     QString text = csv::line(captions());
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -82,7 +82,7 @@ QByteArray write(const std::vector<QueueRow> &rows, const std::vector<int> &adde
                        QString::number(row.count), row.tag(), row.printed ? u"evet"_s : QString(),
                        moment(row.priceRead), QString::number(place + 1)});
     }
-    return "\xEF\xBB\xBF" + text.toUtf8(); // else spreadsheets take it for another code page
+    return text;
 }
 
 Content read(const QByteArray &bytes)

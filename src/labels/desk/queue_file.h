@@ -2,8 +2,6 @@
 
 #include "labels/desk/print_queue.h"
 
-#include <QByteArray>
-
 /// A print queue as a file: a table that a spreadsheet opens too.
 namespace queue_file {
 
@@ -16,7 +14,7 @@ struct Content
     friend bool operator==(const Content &, const Content &) = default;
 };
 
-QByteArray write(const std::vector<QueueRow> &rows, const std::vector<int> &added);
+QString text(const std::vector<QueueRow> &rows, const std::vector<int> &added);
 
 /// The rows of a file, as far as they can be read.
 Content read(const QByteArray &bytes);

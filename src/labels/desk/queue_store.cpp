@@ -69,7 +69,7 @@ void QueueStore::write()
 
 bool QueueStore::writeTo(const QString &path) const
 {
-    return writeWholeFile(path, queue_file::write(m_queue.rows(), m_queue.placesAdded()));
+    return writeTextFile(path, queue_file::text(m_queue.rows(), m_queue.placesAdded()));
 }
 
 queue_file::Content QueueStore::readFile(const QString &path)

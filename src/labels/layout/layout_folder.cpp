@@ -1,10 +1,10 @@
 #include "labels/layout/layout_folder.h"
 
+#include "common/whole_file.h"
 #include "labels/layout/layout_encoding.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -68,10 +68,7 @@ bool LayoutFolder::makeReadable(const QString &name)
             u"okunur.\n\nDosya Türkçe kodlamaya (Windows-1254) dönüştürülsün mü?"_s.arg(name,
                                                                                         kind)))
         return false;
-    QSaveFile saved(file);
-    return told(saved.open(QIODevice::WriteOnly) && saved.write(*converted) == converted->size() &&
-                    saved.commit(),
-                file);
+    return told(writeWholeFile(file, *converted), file);
 }
 
 LabelLayout LayoutFolder::open(const QString &name) const

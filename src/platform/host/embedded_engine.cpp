@@ -12,15 +12,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The file of a database; refuses names that would leave the folder.
+/// The file of a database; a name that would leave the folder is none of its files.
 QString databaseFile(const QString &directory, const QString &database)
 {
     const QString wanted = turkish::upper(database + u".yerel"_s);
-    const bool plain = !database.isEmpty() && !database.contains(u'/') && !database.contains(u'\\');
-    if (plain)
-        for (const QString &name : QDir(directory).entryList({u"*.yerel"_s}, QDir::Files))
-            if (turkish::upper(name) == wanted)
-                return directory + u'/' + name;
+    for (const QString &name : QDir(directory).entryList({u"*.yerel"_s}, QDir::Files))
+        if (turkish::upper(name) == wanted)
+            return directory + u'/' + name;
     throw engineError(HostError::kConnectionLost, u"Veritabanı bulunamadı: %1"_s.arg(database), {},
                       HostError::Cause::database);
 }

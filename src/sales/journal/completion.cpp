@@ -1,7 +1,7 @@
 #include "sales/journal/completion.h"
 
 #include "common/amount.h"
-#include "common/program.h"
+#include "common/prompt.h"
 #include "sales/journal/row_search.h"
 
 #include <algorithm>
@@ -27,14 +27,16 @@ bool answerLost(const RecordMark &mark)
 
 } // namespace
 
-Completion::Completion(Program &program, JournaledSale sale, PostingLog &log)
-    : m_program(program), m_journaled(std::move(sale)), m_sale(m_journaled.inLedger()),
-      m_records(m_sale.records()), m_log(log)
+Completion::Completion(CompanyDatabase &company, Prompt &prompt, JournaledSale sale,
+                       PostingLog &log)
+    : m_company(company), m_prompt(prompt), m_journaled(std::move(sale)),
+      m_sale(m_journaled.inLedger()), m_records(m_sale.records()), m_log(log),
+      m_writer(company, log)
 {}
 
 Completion::Result Completion::run()
 {
-    m_program.company();
+    m_company.company();
     if (m_journaled.powerCut)
         for (const Document document : ledger::kDocuments)
             findReference(document);
@@ -53,12 +55,8 @@ Completion::Result Completion::run()
         write(record);
     for (const Document document : ledger::kDocuments)
         advance(document);
+    m_result.written = m_writer.written();
     return m_result;
-}
-
-RecordSet Completion::read(const QString &statement)
-{
-    return m_program.openCompany().execute(statement);
 }
 
 RecordMark *Completion::markOf(const Record &record)
@@ -76,7 +74,7 @@ void Completion::findReference(Document document)
     if (!m_sale.reference(document).isEmpty() || m_sale.drawn(document).number.isEmpty())
         return;
     const Record slip = LedgerSale::slipOf(document);
-    RecordSet rows = read(row_search::byNumber(m_sale, slip));
+    RecordSet rows = m_writer.read(row_search::byNumber(m_sale, slip));
     for (; !rows.eof(); rows.moveNext())
         if (row_search::isOurs(m_sale, slip, rows))
             m_sale.setReference(document, row_search::referenceIn(slip, rows));
@@ -108,7 +106,7 @@ Completion::State Completion::rowState(const Record &row)
 
 Completion::State Completion::search(const Record &row)
 {
-    RecordSet rows = read(row_search::statement(m_sale, row));
+    RecordSet rows = m_writer.read(row_search::statement(m_sale, row));
     const bool occupied = !rows.eof();
     for (; !rows.eof(); rows.moveNext())
         if (row_search::isOurs(m_sale, row, rows)) {
@@ -141,7 +139,7 @@ Completion::State Completion::figureState(const Record &figure)
         return State::missing;
     if (m_sale.addend(figure) == 0.0)
         return State::missing; // raising it by nothing does no harm
-    const auto now = LedgerSale::figureIn(figure, read(m_sale.reading(figure)));
+    const auto now = LedgerSale::figureIn(figure, m_writer.read(m_sale.reading(figure)));
     std::optional<bool> written;
     if (mark)
         written = toldByValue(figure, *mark, now);
@@ -186,7 +184,7 @@ std::optional<bool> Completion::toldByValue(const Record &figure, const RecordMa
     if (const auto told = toldByLaterLine(figure, from))
         return told;
     const QString &own = row_search::ownMovement(m_sale, figure);
-    const RecordSet last = read(row_search::lastMovement(m_sale, figure));
+    const RecordSet last = m_writer.read(row_search::lastMovement(m_sale, figure));
     const bool movedSince =
         own.isEmpty() || (!last.eof() && last.number(u"TOTAL") > own.toDouble());
     if (movedSince)
@@ -209,7 +207,7 @@ Completion::State Completion::askUser(const Record &figure, double now)
             .arg(m_journaled.sale.moment.toString(u"dd.MM.yyyy HH:mm"_s),
                  m_journaled.sale.totals.grand, m_sale.name(figure), stays, raised),
         u"ONAY"_s, 3, 2};
-    switch (m_program.prompt.show(question)) {
+    switch (m_prompt.show(question)) {
     case Answer::yes:
         found(figure);
         return State::done;
@@ -238,7 +236,7 @@ void Completion::settleReference(Document document)
         if (std::find(of.begin(), of.end(), document) != of.end() && stateOf(record) == State::done)
             return;
     }
-    const RecordSet highest = read(LedgerSale::highestReference(document));
+    const RecordSet highest = m_writer.read(LedgerSale::highestReference(document));
     const double last = highest.eof() ? 0.0 : highest.number(u"TOTAL");
     const QString &reference = m_sale.reference(document);
     if (!reference.isEmpty() && last < reference.toDouble())
@@ -261,34 +259,22 @@ void Completion::settleNumber(Document document)
     for (const Record &record : m_records)
         if (LedgerSale::bearsNumber(record, document) && stateOf(record) == State::done)
             return;
-    m_sale.setDrawn(document,
-                    LedgerSale::drawnFrom(read(ledger::counterRow(LedgerSale::counter(document)))));
+    m_sale.setDrawn(document, LedgerSale::drawnFrom(m_writer.read(
+                                  ledger::counterRow(LedgerSale::counter(document)))));
 }
 
 // ---- writing
-
-void Completion::send(const Record &record, const QString &statement, std::optional<double> from)
-{
-    HostConnection &host = m_program.openCompany();
-    m_log.sending(record, statement, from);
-    m_sent = true;
-    host.execute(statement);
-    ++m_result.written;
-    m_log.answered(record, Sent::done, {});
-}
 
 /// Goes on with the next when one fails, as the posting does.
 template <typename Step>
 void Completion::step(const Record &record, Step &&body)
 {
-    m_sent = false;
+    m_writer.beginStep();
     try {
         body();
     } catch (const HostError &error) {
-        const bool lost = error.connectionLost();
-        m_result.connectionLost |= lost;
-        if (m_sent)
-            m_log.answered(record, lost ? Sent::unknown : Sent::refused, error.text());
+        m_result.connectionLost |= error.connectionLost();
+        m_writer.failed(record, error);
         m_result.missing += u"%1: yazılamadı (%2)"_s.arg(m_sale.name(record), error.text());
     }
 }
@@ -305,14 +291,7 @@ void Completion::write(const Record &record)
     default:
         break;
     }
-    step(record, [&] {
-        if (record.isRow()) {
-            send(record, m_sale.insertion(record));
-            return;
-        }
-        const RecordSet row = read(m_sale.reading(record));
-        send(record, m_sale.raising(record, row), LedgerSale::figureIn(record, row));
-    });
+    step(record, [&] { m_writer.write(m_sale, record); });
 }
 
 void Completion::advance(Document document)
@@ -330,11 +309,11 @@ void Completion::advance(Document document)
         return;
     }
     step(record, [&] {
-        const RecordSet row = read(ledger::counterRow(LedgerSale::counter(document)));
+        const RecordSet row = m_writer.read(ledger::counterRow(LedgerSale::counter(document)));
         if (row.eof() || qRound64(row.number(u"EVRNO")) != drawn.value)
             found(record); // advanced by this sale or another, or begun anew
         else
-            send(record,
-                 ledger::advanceCounter(LedgerSale::counter(document), m_sale.nextValue(document)));
+            m_writer.send(record, ledger::advanceCounter(LedgerSale::counter(document),
+                                                         m_sale.nextValue(document)));
     });
 }

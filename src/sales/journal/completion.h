@@ -1,10 +1,11 @@
 #pragma once
 
 #include "sales/journal/sale_journal.h"
+#include "sales/ledger_writer.h"
 
 #include <QStringList>
 
-class Program;
+class Prompt;
 
 /// Brings what a sale left missing into the ledger: its rows are looked for before they are
 /// inserted, figures are read anew and raised by what is missing, a counter is never set back. What
@@ -21,7 +22,8 @@ class Program;
 class Completion
 {
 public:
-    Completion(Program &program, JournaledSale sale, PostingLog &log);
+    /// Ports and log are kept by reference.
+    Completion(CompanyDatabase &company, Prompt &prompt, JournaledSale sale, PostingLog &log);
 
     struct Result
     {
@@ -45,7 +47,6 @@ private:
         undecided
     };
 
-    RecordSet read(const QString &statement);
     RecordMark *markOf(const ledger::Record &record);
     State &stateOf(const ledger::Record &record) { return m_states[record.key()]; }
 
@@ -65,18 +66,17 @@ private:
     void settleNumber(ledger::Document document);
     void write(const ledger::Record &record);
     void advance(ledger::Document document);
-    void send(const ledger::Record &record, const QString &statement,
-              std::optional<double> from = {});
     void found(const ledger::Record &record);
     template <typename Step>
     void step(const ledger::Record &record, Step &&body);
 
-    Program &m_program;
+    CompanyDatabase &m_company;
+    Prompt &m_prompt;
     JournaledSale m_journaled;
     ledger::LedgerSale m_sale;
     std::vector<ledger::Record> m_records;
     PostingLog &m_log;
+    LedgerWriter m_writer;
     std::map<QString, State> m_states;
     Result m_result;
-    bool m_sent = false;
 };

@@ -61,7 +61,6 @@ void DayEnd::savePdf(const QString &path)
 
 void DayEnd::saveCsv(const QString &path)
 {
-    const QByteArray bytes = QByteArrayLiteral("\xEF\xBB\xBF") + day_report::csv(m_report).toUtf8();
-    if (!writeWholeFile(path, bytes))
+    if (!writeTextFile(path, day_report::csv(m_report)))
         m_program.warn(u"Dosya yazılamadı: "_s + path);
 }

@@ -1,6 +1,6 @@
 #include "sales/journal/day_report.h"
 
-#include "common/program.h"
+#include "common/host_connection.h"
 #include "sales/journal/journal_file.h"
 #include "sales/journal/journal_words.h"
 #include "sales/journal/kurus.h"
@@ -64,9 +64,9 @@ std::vector<std::pair<QString, const CashierFigures *>> columns(const DayFigures
 }
 
 /// Invoices that tills wrote on a day: document numbers with their totals, kuruş.
-QMultiHash<QString, qint64> invoicesOf(Program &program, QDate day)
+QMultiHash<QString, qint64> invoicesOf(CompanyDatabase &company, QDate day)
 {
-    RecordSet rows = program.company().execute(
+    RecordSet rows = company.company().execute(
         u"select * from FATFIS where FATFISTAR='%1' AND FATFISTIPI='3' AND FATFISSEVNO='999'"_s.arg(
             RecordSet::toText(day)));
     QMultiHash<QString, qint64> invoices;
@@ -172,11 +172,11 @@ QString csv(const DayReport &report)
     return lines.join(u"\r\n"_s) + u"\r\n"_s;
 }
 
-QStringList compareWithLedger(Program &program, JournalFile &file, QDate from, QDate to)
+QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate from, QDate to)
 {
     QStringList differences;
     for (QDate day = from; day <= to; day = day.addDays(1)) {
-        QMultiHash<QString, qint64> invoices = invoicesOf(program, day);
+        QMultiHash<QString, qint64> invoices = invoicesOf(company, day);
         RecordSet sales = file.read(
             u"SELECT an,fatura,genel FROM satis WHERE an>='%1' AND an<'%2' AND %3 ORDER BY no"_s
                 .arg(day.toString(Qt::ISODate), day.addDays(1).toString(Qt::ISODate),

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-class Program;
+class CompanyDatabase;
 
 /// The end of a day, ready to be shown, printed and saved.
 struct DayReport
@@ -47,6 +47,6 @@ QString csv(const DayReport &report);  ///< fields between semicolons, as spread
 bool writePdf(const DayReport &report, const QString &path);
 
 /// Holds the sales of the days against the invoices of the till in the ledger. Throws HostError.
-QStringList compareWithLedger(Program &program, JournalFile &file, QDate from, QDate to);
+QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate from, QDate to);
 
 } // namespace day_report

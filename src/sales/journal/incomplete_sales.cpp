@@ -86,7 +86,7 @@ IncompleteSales::Outcome IncompleteSales::complete(const JournaledSale &sale)
     SaleLog log(m_journal, sale.number);
     Outcome outcome;
     try {
-        outcome = outcomeOf(sale, Completion(m_program, sale, log).run());
+        outcome = outcomeOf(sale, Completion(m_program, m_program.prompt, sale, log).run());
     } catch (const HostError &error) {
         outcome = {End::noHost, error.text()};
     }

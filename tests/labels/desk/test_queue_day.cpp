@@ -181,7 +181,7 @@ TEST(QueueFile, KeepsEveryMemberAndSurvivesDamage)
                                   row(u"Un"_s, QueueState::fresh)};
     rows[1].printed = true;
     rows[1].priceRead = QDateTime(QDate(2026, 3, 7), QTime(14, 5)).toMSecsSinceEpoch();
-    const QByteArray bytes = queue_file::write(rows, {1, 0});
+    const QByteArray bytes = queue_file::text(rows, {1, 0}).toUtf8();
     queue_file::Content read = queue_file::read(bytes);
     for (QueueRow &one : read.rows)
         one.number = 1;

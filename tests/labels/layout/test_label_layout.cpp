@@ -94,6 +94,9 @@ LabelLayout everyKey()
 TEST(LabelLayoutFile, IsWrittenByteForByte)
 {
     EXPECT_EQ(saved(everyKey()).toStdString(), readFile(kGolden).toStdString());
+    LabelLayout renamed = everyKey();
+    renamed.texts[0].caption = u"Mal"_s;
+    EXPECT_TRUE(saved(renamed).contains("bl=Mal\r\nyz=Mal\r\n"));
     EXPECT_EQ(saved({}).toStdString(),
               "\r\n[paper]\r\nx=\r\ny=\r\nind1=\r\nind2=\r\nind3=\r\nksay=\r\n"
               "[print]\r\nprinter=\r\nkalite=\r\n"

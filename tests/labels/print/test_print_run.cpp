@@ -227,7 +227,7 @@ TEST_F(PrintRunTest, ASecondRunIsRefusedWhileOneRuns)
     useDefault(PrintDesk::plainLayout());
     QObject::connect(&desk.run, &PrintRun::rowStarted, [&] {
         EXPECT_TRUE(desk.run.isRunning());
-        desk.run.start({PrintMode::all, queue});
+        desk.run.start({.rows = queue, .chooseLayout = true});
         EXPECT_FALSE(desk.run.yazzzz({PrintMode::all, queue}, u"raf.ayr"_s));
     });
     desk.run.start({PrintMode::all, queue});
