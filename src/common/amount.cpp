@@ -1,6 +1,7 @@
 #include "common/amount.h"
 
-#include <QLocale>
+#include <QByteArrayView>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -12,43 +13,58 @@ namespace amount {
 
 namespace {
 
-/// The decimal number a double stands for: its 15 significant digits without an exponent. What lies
-/// behind them is the error of binary arithmetic: 1.5 * 5.39 is 8.084999999999999.
-QString decimalNumber(double magnitude)
+/// The decimal number a double stands for: its 15 significant digits. What lies behind them is the
+/// error of binary arithmetic: 1.5 * 5.39 is 8.084999999999999.
+struct Decimal
 {
-    constexpr int behindFirst = std::numeric_limits<double>::digits10 - 1;
-    const QString text = QString::number(magnitude, 'e', behindFirst); // d.dd…de±XX
-    const int exponent = text.mid(behindFirst + 3).toInt();
-    QString digits = text.first(1) + text.mid(2, behindFirst);
-    if (exponent < 0)
-        return u"0."_s + QString(-exponent - 1, u'0') + digits;
-    digits = digits.leftJustified(exponent + 1, u'0');
-    return digits.insert(exponent + 1, u'.');
-}
+    explicit Decimal(double magnitude)
+    {
+        const QByteArray text = QByteArray::number(magnitude, 'e', kDigits - 1); // d.dd…de±XX
+        digits = text.first(1) + text.sliced(2, kDigits - 1);
+        whole = text.sliced(kDigits + 2).toInt() + 1;
+    }
 
-/// Decimal digits of |value| rounded half away from zero to `decimals` places.
+    /// Half away from zero.
+    void round(int decimals)
+    {
+        const int kept = whole + decimals;
+        if (kept >= digits.size())
+            return;
+        bool up = kept >= 0 && digits.at(kept) >= '5';
+        digits.truncate(std::max(kept, 0));
+        for (qsizetype i = digits.size() - 1; up && i >= 0; --i) {
+            up = digits.at(i) == '9';
+            digits[i] = up ? '0' : static_cast<char>(digits.at(i) + 1);
+        }
+        if (!up)
+            return;
+        digits.prepend('1');
+        ++whole;
+    }
+
+    /// The digit at a place from the first on; places around the digits hold zeros.
+    QChar at(int place) const
+    {
+        return QLatin1Char(place >= 0 && place < digits.size() ? digits.at(place) : '0');
+    }
+
+    static constexpr int kDigits = std::numeric_limits<double>::digits10;
+
+    QByteArray digits;
+    int whole = 0; ///< places before the comma; negative: zeros behind it
+};
+
+/// A magnitude rounded half away from zero to `decimals` places, with a decimal comma.
 QString fixedDigits(double magnitude, int decimals)
 {
-    QString text = decimalNumber(magnitude);
-    const qsizetype point = text.indexOf(u'.');
-    const qsizetype wanted = point + 1 + decimals;
-    if (text.size() <= wanted)
-        return text.leftJustified(wanted, u'0');
-
-    const bool up = text.at(wanted) >= u'5';
-    text.truncate(wanted);
-    for (qsizetype i = wanted - 1; up && i >= -1; --i) {
-        if (i < 0) {
-            text.prepend(u'1');
-            break;
-        }
-        if (text.at(i) == u'.')
-            continue;
-        if (text.at(i) != u'9') {
-            text[i] = QChar(text.at(i).unicode() + 1);
-            break;
-        }
-        text[i] = u'0';
+    Decimal decimal(magnitude);
+    decimal.round(decimals);
+    QString text;
+    text.reserve(std::max(decimal.whole, 1) + 1 + decimals);
+    for (int place = std::min(decimal.whole - 1, 0); place < decimal.whole + decimals; ++place) {
+        if (place == decimal.whole)
+            text += u',';
+        text += decimal.at(place);
     }
     return text;
 }
@@ -81,7 +97,8 @@ QString significant(double value, int digits)
 /// 1.995F as 1.9949999.
 double spelled(float value)
 {
-    return parse(plain(value)).value_or(std::numeric_limits<double>::quiet_NaN());
+    const auto wide = static_cast<double>(value);
+    return std::isfinite(wide) ? QByteArray::number(wide, 'G', 7).toDouble() : wide;
 }
 
 } // namespace
@@ -90,9 +107,7 @@ QString money(double value)
 {
     if (!std::isfinite(value))
         return {};
-    QString digits = fixedDigits(std::fabs(value), 2);
-    digits.replace(u'.', u',');
-    return withSign(std::signbit(value), group(digits));
+    return withSign(std::signbit(value), group(fixedDigits(std::fabs(value), 2)));
 }
 
 QString money(float value)
@@ -111,9 +126,7 @@ QString length(double millimetres)
 {
     if (!std::isfinite(millimetres))
         return {};
-    QString digits = fixedDigits(std::fabs(millimetres), 1);
-    digits.replace(u'.', u',');
-    return withSign(std::signbit(millimetres), digits);
+    return withSign(std::signbit(millimetres), fixedDigits(std::fabs(millimetres), 1));
 }
 
 QString length(float millimetres)
@@ -138,40 +151,36 @@ QString points(double size)
     QString digits = fixedDigits(std::fabs(size), 4);
     while (digits.endsWith(u'0'))
         digits.chop(1);
-    if (digits.endsWith(u'.'))
+    if (digits.endsWith(u','))
         digits.chop(1);
-    digits.replace(u'.', u',');
     return withSign(std::signbit(size), digits);
 }
 
 std::optional<double> parse(QStringView text)
 {
-    QString plainText;
+    QVarLengthArray<char, 32> plainText;
     bool comma = false;
+    bool exponent = false;
     for (const QChar c : text.trimmed()) {
+        const bool sign = c == u'-' || c == u'+';
         if (c == u',' && !comma) {
             comma = true;
-            plainText += u'.';
+            plainText.append('.');
         } else if (c == u'.' && !comma) {
             continue;
-        } else if ((c >= u'0' && c <= u'9') || ((c == u'-' || c == u'+') && plainText.isEmpty())) {
-            plainText += c;
+        } else if ((c >= u'0' && c <= u'9') || (sign && plainText.isEmpty())) {
+            plainText.append(c.toLatin1());
+        } else if ((c == u'E' || c == u'e') && !plainText.isEmpty() && !exponent) {
+            plainText.append('E'); // as plain() writes it: digits, E, sign, digits
+            comma = exponent = true;
+        } else if (sign && plainText.back() == 'E') {
+            plainText.append(c.toLatin1());
         } else {
-            // An exponent as plain() writes it: digits, E, sign, digits.
-            if ((c == u'E' || c == u'e') && !plainText.isEmpty() && !plainText.contains(u'E')) {
-                plainText += u'E';
-                comma = true;
-                continue;
-            }
-            if ((c == u'-' || c == u'+') && plainText.endsWith(u'E')) {
-                plainText += c;
-                continue;
-            }
             return {};
         }
     }
     bool ok = false;
-    const double value = plainText.toDouble(&ok);
+    const double value = QByteArrayView(plainText.cbegin(), plainText.size()).toDouble(&ok);
     if (!ok || !std::isfinite(value))
         return {};
     return value;

@@ -7,6 +7,17 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Most names are asked for as they are spelled.
+bool isNamed(QStringView name, QStringView wanted)
+{
+    return name.size() == wanted.size() &&
+           (name == wanted || name.compare(wanted, Qt::CaseInsensitive) == 0);
+}
+
+} // namespace
+
 RecordSet::RecordSet(QStringList columns, std::vector<Row> rows)
     : m_columns(std::move(columns)), m_rows(std::move(rows))
 {}
@@ -20,7 +31,7 @@ const QVariant &RecordSet::value(QStringView column) const
     // rows.
     for (qsizetype tried = 0; tried < m_columns.size(); ++tried) {
         const qsizetype i = m_lastColumn;
-        if (column.compare(m_columns.at(i), Qt::CaseInsensitive) == 0)
+        if (isNamed(m_columns.at(i), column))
             return m_rows[m_at].at(static_cast<std::size_t>(i));
         m_lastColumn = i + 1 < m_columns.size() ? i + 1 : 0;
     }

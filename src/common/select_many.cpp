@@ -50,6 +50,7 @@ bool selectMany(CompanyDatabase &database, int count, const std::function<QStrin
     QElapsedTimer timer;
     for (int first = 0; first < count;) {
         QStringList statements;
+        statements.reserve(std::min(size.next(), count - first));
         for (int i = first; i < std::min(first + size.next(), count); ++i)
             statements += statement(i);
         std::vector<RecordSet> answers;

@@ -21,11 +21,16 @@ public:
     template <typename Tell>
     bool goOn(Tell &&tell)
     {
-        if (m_since.elapsed() >= kSlice) {
-            tell();
-            QCoreApplication::processEvents();
-            m_since.restart();
-        }
+        return m_since.elapsed() < kSlice ? !m_stopped : lookUp(tell);
+    }
+
+    /// The same at once, before a step that may take long.
+    template <typename Tell>
+    bool lookUp(Tell &&tell)
+    {
+        tell();
+        QCoreApplication::processEvents();
+        m_since.restart();
         return !m_stopped;
     }
 

@@ -51,9 +51,10 @@ double DeviceFont::width(QStringView text) const
     double width = 0;
     for (const QChar c : text) {
         const std::size_t letter = c.unicode();
-        if (letter >= kLatin || !c.isPrint())
+        const bool known = letter < kLatin && m_widths[letter] != 0;
+        if (!known && (letter >= kLatin || !c.isPrint()))
             return QFontMetricsF(m_font).horizontalAdvance(text.toString());
-        if (m_widths[letter] == 0)
+        if (!known)
             m_widths[letter] = QFontMetricsF(m_font).horizontalAdvance(c);
         width += m_widths[letter];
     }

@@ -139,6 +139,7 @@ void newNumbers(RealShop &shop, Transcript &script)
     desk.loadPriceNumbers();
     desk.loader().setUnits(UnitChoice::both);
     desk.loader().listele();
+    desk.sortStocks(StockList::code); // who gets which number is the order of the list
     desk.ekbartum();
     NumberDesk &numbers = desk.numbers();
     script.title(numbers.summary());

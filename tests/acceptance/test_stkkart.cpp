@@ -202,7 +202,12 @@ TEST_F(StockForm, PrintKeysAndMenusAskForTheQueueOrItsSelectedRow)
     key(Qt::Key_F6);
     rightClick("l1");
     EXPECT_TRUE(stockMenu->isVisible());
-    stockMenu->actions().last()->trigger();
+    stockMenu->actions().at(3)->trigger();
+    const QList<QAction *> orders = stockMenu->findChild<QMenu *>()->actions();
+    for (const auto &[order, first] : {std::pair(2, u"Çay 500 g"_s), std::pair(6, u"Süt 1 L"_s)}) {
+        orders.at(order)->trigger();
+        EXPECT_EQ(cell("l1", 0, 2), first);
+    }
     stockMenu->close();
     EXPECT_EQ(rows("l2"), 3);
     key(Qt::Key_F9, Qt::ShiftModifier); // no row is selected

@@ -15,9 +15,10 @@ constexpr int kMostLabels = 999'999;
 /// A code of the file, with what is known of it.
 struct Wanted
 {
-    count_file::Line line; ///< the first that names the code
-    QString stockCode;     ///< owner of the barcode; "" when the code is none
-    int unit = 0;          ///< of the barcode
+    count_file::Line line;   ///< the first that names the code, with the labels of all of them
+    std::vector<int> others; ///< numbers of the other lines that name it
+    QString stockCode;       ///< owner of the barcode; "" when the code is none
+    int unit = 0;            ///< of the barcode
 };
 
 std::vector<Wanted> summedUp(const std::vector<count_file::Line> &lines)
@@ -28,10 +29,11 @@ std::vector<Wanted> summedUp(const std::vector<count_file::Line> &lines)
         const auto known = places.constFind(line.code);
         if (known == places.constEnd()) {
             places.insert(line.code, all.size());
-            all.push_back({line, {}, 0});
+            all.push_back({line, {}, {}, 0});
         } else {
-            int &count = all[*known].line.count;
-            count = std::min(count + line.count, kMostLabels);
+            Wanted &wanted = all[*known];
+            wanted.line.count = std::min(wanted.line.count + line.count, kMostLabels);
+            wanted.others.push_back(line.number);
         }
     }
     return all;
@@ -54,6 +56,15 @@ std::vector<StockRow> rowsOf(const Wanted &wanted, RecordSet cards, UnitChoice u
         else
             rows.push_back(scannedRow(cards, wanted.unit, wanted.line.count));
     return rows;
+}
+
+void addProblems(const Wanted &wanted, const QString &reason,
+                 std::vector<count_file::Problem> &problems)
+{
+    const QString text = wanted.line.code + u": "_s + reason;
+    problems.push_back({wanted.line.number, text});
+    for (const int number : wanted.others)
+        problems.push_back({number, text});
 }
 
 } // namespace
@@ -84,11 +95,8 @@ findCounted(CompanyDatabase &database, const std::vector<count_file::Line> &line
             const bool known = !cards.eof();
             const std::vector<StockRow> rows = rowsOf(wanted(i), std::move(cards), units);
             found.insert(found.end(), rows.cbegin(), rows.cend());
-            const count_file::Line &line = wanted(i).line;
             if (rows.empty())
-                problems.push_back(
-                    {line.number,
-                     (known ? u"%1: seçili birimi yok"_s : u"%1: bulunamadı"_s).arg(line.code)});
+                addProblems(wanted(i), known ? u"seçili birimi yok"_s : u"bulunamadı"_s, problems);
             return goOn(total + i + 1, 2 * total);
         });
     return listed ? std::optional(std::move(found)) : std::nullopt;

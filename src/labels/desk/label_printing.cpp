@@ -16,6 +16,12 @@ constexpr qint64 kFreshFor = 10LL * 60 * 1000; // milliseconds
 /// Changed prices named in the question; the others are counted.
 constexpr qsizetype kNamed = 12;
 
+/// A price that was read in the future is one of before the clock was put right.
+bool hasAged(qint64 read, qint64 now)
+{
+    return read > now || now - read > kFreshFor;
+}
+
 QString shownPrice(const QString &price)
 {
     return price.isEmpty() ? u"fiyatı yok"_s : price;
@@ -85,7 +91,7 @@ bool LabelPrinting::freshen(std::vector<PlacedRow> &rows)
     const qint64 now = m_program.clock.now().toMSecsSinceEpoch();
     std::vector<std::size_t> old;
     for (std::size_t i = 0; i < rows.size(); ++i)
-        if (now - rows[i].row.priceRead > kFreshFor && !m_prices.wanted(rows[i].row.unit).isEmpty())
+        if (hasAged(rows[i].row.priceRead, now) && !m_prices.wanted(rows[i].row.unit).isEmpty())
             old.push_back(i);
     if (old.empty())
         return true;
@@ -120,8 +126,10 @@ bool LabelPrinting::readPrices(std::vector<PlacedRow> &rows, const std::vector<s
                                                 shownPrice(price));
             sent.row.price = price;
             sent.row.priceRead = now;
-            if (m_queue.isValidRow(sent.place))
+            if (m_queue.isValidRow(sent.place)) {
                 m_queue.setPrice(sent.place, price, now);
+                sent.row = m_queue.at(sent.place);
+            }
             return m_task.goOn(u"Fiyatlar yeniden okunuyor"_s, i + 1,
                                static_cast<qsizetype>(old.size()));
         });

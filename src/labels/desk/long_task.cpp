@@ -27,8 +27,16 @@ LongTask::LongTask(QString failed, QObject *parent) : QObject(parent), m_failed(
 
 bool LongTask::goOn(const QString &text, qsizetype done, qsizetype total)
 {
-    return m_slices.goOn([&] {
-        Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
-                          static_cast<int>(done), static_cast<int>(total));
-    });
+    return m_slices.goOn([&] { tell(text, done, total); });
+}
+
+bool LongTask::show(const QString &text, qsizetype done, qsizetype total)
+{
+    return m_slices.lookUp([&] { tell(text, done, total); });
+}
+
+void LongTask::tell(const QString &text, qsizetype done, qsizetype total)
+{
+    Q_EMIT progressed(u"%1: %2 / %3"_s.arg(text, amount::whole(done), amount::whole(total)),
+                      static_cast<int>(done), static_cast<int>(total));
 }

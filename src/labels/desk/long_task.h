@@ -36,6 +36,8 @@ public:
     /// Call between two steps; tells the progress now and then. False: the user wants it to stop.
     /// `total` is not 0.
     bool goOn(const QString &text, qsizetype done, qsizetype total);
+    /// The same, and tells the progress at once: the next step may take long.
+    bool show(const QString &text, qsizetype done, qsizetype total);
 
 Q_SIGNALS:
     void busyChanged(bool busy);
@@ -46,6 +48,8 @@ Q_SIGNALS:
     void ended();
 
 private:
+    void tell(const QString &text, qsizetype done, qsizetype total);
+
     QString m_failed;
     bool m_running = false;
     TimeSlices m_slices;

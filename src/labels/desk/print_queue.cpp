@@ -184,8 +184,10 @@ QList<int> PrintQueue::printedPlaces() const
 
 void PrintQueue::setPrice(int row, const QString &text, qint64 moment)
 {
-    edit(row).price = text;
-    edit(row).priceRead = moment;
+    QueueRow &queued = edit(row);
+    queued.printed = queued.printed && queued.price == text;
+    queued.price = text;
+    queued.priceRead = moment;
     tellRows({row});
     Q_EMIT changed();
 }

@@ -2,6 +2,7 @@
 
 #include "common/amount.h"
 #include "common/program.h"
+#include "common/turkish.h"
 #include "common/whole_file.h"
 #include "labels/desk/row_order.h"
 
@@ -33,6 +34,12 @@ bool isFileName(const QString &name)
            !name.endsWith(u'.') && std::all_of(name.begin(), name.end(), [&](QChar c) {
                return c.isPrint() && !forbidden.contains(c);
            });
+}
+
+/// A name is the same in small letters: for the shop by its alphabet, for Windows' files by theirs.
+bool isSameName(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0 || turkish::lower(a) == turkish::lower(b);
 }
 
 } // namespace
@@ -84,14 +91,19 @@ queue_file::Content QueueStore::readFile(const QString &path)
     return content;
 }
 
-/// A name is the same in small letters, whatever the file system thinks of it.
 QString QueueStore::path(const QString &name) const
 {
+    const QString kept = keptName(name);
+    return m_program.path(kFolder) + u'/' + (kept.isEmpty() ? name : kept) + kEnding;
+}
+
+/// The name as it was saved; "" when there is none.
+QString QueueStore::keptName(const QString &name) const
+{
     const QStringList kept = names();
-    const auto same = std::find_if(kept.cbegin(), kept.cend(), [&](const QString &one) {
-        return one.compare(name, Qt::CaseInsensitive) == 0;
-    });
-    return m_program.path(kFolder) + u'/' + (same == kept.cend() ? name : *same) + kEnding;
+    const auto same = std::find_if(kept.cbegin(), kept.cend(),
+                                   [&](const QString &one) { return isSameName(one, name); });
+    return same == kept.cend() ? QString() : *same;
 }
 
 QStringList QueueStore::names() const
@@ -108,7 +120,7 @@ QStringList QueueStore::names() const
 
 bool QueueStore::exists(const QString &name) const
 {
-    return names().contains(name, Qt::CaseInsensitive);
+    return !keptName(name).isEmpty();
 }
 
 bool QueueStore::save(const QString &name)

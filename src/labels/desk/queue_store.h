@@ -38,6 +38,7 @@ Q_SIGNALS:
 
 private:
     void write();
+    QString keptName(const QString &name) const;
     QString path(const QString &name) const;
     bool writeTo(const QString &path) const;
     queue_file::Content readFile(const QString &path);

@@ -38,7 +38,7 @@ const QueueRow *ShelfScan::last() const
 void ShelfScan::begin()
 {
     m_last = -1;
-    m_scans = 0;
+    m_missed.clear();
     m_settings = settings::read(m_program.files(), {u"ses"});
 }
 
@@ -77,7 +77,7 @@ void ShelfScan::scan(const QString &barcode)
     try {
         const auto row = find(barcode);
         if (!row) {
-            refuse(u"Bulunamadı: %1"_s.arg(barcode));
+            refuse(u"Bulunamadı: %1"_s.arg(barcode), barcode);
             return;
         }
         m_last = placeOf(*row);
@@ -88,10 +88,10 @@ void ShelfScan::scan(const QString &barcode)
             m_queue.setCounts({m_last}, std::min(m_queue.at(m_last).count + 1, kMostLabels));
         }
     } catch (const HostError &error) {
-        refuse(u"%1 okunamadı, yeniden okutunuz.\n%2"_s.arg(barcode, error.text()));
+        refuse(u"%1 okunamadı, yeniden okutunuz.\n%2"_s.arg(barcode, error.text()), barcode);
         return;
     }
-    ++m_scans;
+    m_missed.removeAll(barcode); // the server was away the first time
     m_sounds.calseson();
     Q_EMIT taken(m_last);
 }
@@ -139,8 +139,10 @@ int ShelfScan::placeOf(const QueueRow &row) const
     return -1;
 }
 
-void ShelfScan::refuse(const QString &reason)
+void ShelfScan::refuse(const QString &reason, const QString &barcode)
 {
     m_sounds.calsesoff();
-    Q_EMIT refused(reason);
+    if (!barcode.isEmpty() && !m_missed.contains(barcode))
+        m_missed += barcode;
+    Q_EMIT refused(reason, barcode);
 }

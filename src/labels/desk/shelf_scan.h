@@ -25,8 +25,8 @@ public:
 
     /// The row scanned last, as it stands in the queue; null when there is none.
     const QueueRow *last() const;
-    /// What the walk has brought so far.
-    int scans() const { return m_scans; }
+    /// The barcodes of this walk that nothing came of, each once.
+    const QStringList &missed() const { return m_missed; }
 
 public Q_SLOTS:
     /// Begins a new walk.
@@ -37,8 +37,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The last row is new or has another count; `row` of the queue.
     void taken(int row);
-    /// Nothing came of a text; why, in words.
-    void refused(const QString &reason);
+    /// Nothing came of a text; why, in words, and which barcode it was ("" when it was a number).
+    void refused(const QString &reason, const QString &barcode);
     /// The last row is to leave the queue.
     void removalWanted(int row);
 
@@ -47,13 +47,13 @@ private:
     void scan(const QString &barcode);
     std::optional<QueueRow> find(const QString &barcode);
     int placeOf(const QueueRow &row) const;
-    void refuse(const QString &reason);
+    void refuse(const QString &reason, const QString &barcode = {});
 
     Program &m_program;
     PrintQueue &m_queue;
     const PriceNumbers &m_prices;
     int m_last = -1; ///< row of the queue
-    int m_scans = 0;
+    QStringList m_missed;
     Settings m_settings; ///< as they were when the walk began
     ScanSounds m_sounds;
 };

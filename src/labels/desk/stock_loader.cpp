@@ -1,6 +1,7 @@
 #include "labels/desk/stock_loader.h"
 
 #include "common/amount.h"
+#include "common/host_error.h"
 #include "common/host_queries.h"
 #include "common/program.h"
 #include "common/select_many.h"
@@ -29,6 +30,7 @@ StockLoader::StockLoader(Program &program, StockList &list, const PriceNumbers &
     // Before the progress is told, so that the rows on screen are no further behind than it says.
     connect(&m_task, &LongTask::progressed, &m_list, &StockList::announceChanges);
     connect(&m_task, &LongTask::ended, &m_list, &StockList::announceChanges);
+    connect(&m_list, &StockList::rowsInserted, this, [this] { m_listed = true; });
     relay(m_task, *this);
 }
 
@@ -108,8 +110,15 @@ void StockLoader::run(const Load &load)
 void StockLoader::runOne(const Load &load)
 {
     m_unknownLines = m_roundedLines = 0;
+    m_listed = false;
     LongTask::Run run(m_task, u"Aranıyor…"_s);
-    run.outcome = load() ? foundText() : stoppedText();
+    try {
+        run.outcome = load() ? foundText() : u"Durduruldu: "_s + partText();
+    } catch (const HostError &) {
+        if (m_listed)
+            run.outcome = u"Yarıda kaldı: "_s + partText();
+        throw;
+    }
 }
 
 void StockLoader::list(const QString &statement)
@@ -167,8 +176,8 @@ bool StockLoader::addLines(const QList<InvoiceLine> &lines)
     if (lines.isEmpty())
         return true;
     // Rows that are there already were read before, or nobody knows when.
-    if (m_list.size() == 0)
-        m_list.setPricesRead(now());
+    const qint64 read = m_list.size() == 0 ? now() : m_list.pricesRead();
+    m_list.setPricesRead(0);
     RecordSet cards = m_program.company().execute(host_queries::card(lines.first().stockCode));
     for (qsizetype line = 0; line < lines.size(); ++line) {
         const int first = m_list.size();
@@ -190,11 +199,10 @@ bool StockLoader::addLines(const QList<InvoiceLine> &lines)
                 takePrice(first + i - rows, std::move(answer));
             return m_task.goOn(u"Fatura satırları ekleniyor"_s, line, lines.size());
         };
-        if (!selectMany(m_program, 2 * rows + more, statement, take)) {
-            m_list.setPricesRead(0);
+        if (!selectMany(m_program, 2 * rows + more, statement, take))
             return false;
-        }
     }
+    m_list.setPricesRead(read);
     return true;
 }
 
@@ -227,6 +235,9 @@ bool StockLoader::addCounted(count_file::Content content)
 bool StockLoader::readDetails()
 {
     const int rows = m_list.size();
+    // What was found is seen before the rest is asked for: the server may take its time over that.
+    if (rows > 0 && !m_task.show(kReadingBarcodes, 0, rows))
+        return false;
     const bool read = selectMany(
         m_program, rows, [this](int row) { return host_queries::barcodesOf(m_list.at(row).code); },
         [&](int row, RecordSet answer) {
@@ -279,9 +290,9 @@ QString StockLoader::foundText() const
     return found;
 }
 
-QString StockLoader::stoppedText() const
+QString StockLoader::partText() const
 {
-    return u"Durduruldu: listede %1 satır var, bir kısmının barkodu ve fiyatı okunmadı."_s.arg(
+    return u"listede %1 satır var, bir kısmının barkodu ve fiyatı okunmadı."_s.arg(
         amount::whole(m_list.size()));
 }
 

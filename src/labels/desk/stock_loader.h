@@ -87,7 +87,7 @@ private:
     void takePrice(int row, RecordSet prices);
 
     QString foundText() const;
-    QString stoppedText() const;
+    QString partText() const;
     QString lineNotes() const;
 
     Program &m_program;
@@ -98,6 +98,7 @@ private:
 
     LongTask m_task;
     Load m_next;            ///< asked for while another load runs
+    bool m_listed = false;  ///< this load has brought rows
     int m_unknownLines = 0; ///< of this load: lines whose stock is not listed
     int m_roundedLines = 0; ///< of this load: lines whose quantity is no count of labels
 };

@@ -91,14 +91,14 @@ void LabelBuilder::addBarcodes(const LabelRow &row, BuiltLabel &label)
 void LabelBuilder::addText(std::size_t index, const LabelRow &row, BuiltLabel &label) const
 {
     const TextElement &element = m_job.texts[index];
-    const PlacedText placed = placeText({.box = textBox(element),
-                                         .angle = element.angle,
-                                         .alignment = alignmentOf(element),
-                                         .font = element.font,
-                                         .colour = colourOf(element.colour).rgb(),
-                                         .text = boundText(element, row).left(kLongestText)},
-                                        m_measure);
-    for (TextCommand line : placed.lines) {
+    PlacedText placed = placeText({.box = textBox(element),
+                                   .angle = element.angle,
+                                   .alignment = alignmentOf(element),
+                                   .font = element.font,
+                                   .colour = colourOf(element.colour).rgb(),
+                                   .text = boundText(element, row).left(kLongestText)},
+                                  m_measure);
+    for (TextCommand &line : placed.lines) {
         line.nudge = kTextNudge;
         label.commands.push_back({std::move(line), elementRef(ElementKind::text, index)});
     }

@@ -60,8 +60,10 @@ QVariant field(sqlite3_stmt *statement, int column, ColumnType type)
 
 QStringList columnNames(sqlite3_stmt *statement)
 {
+    const int count = sqlite3_column_count(statement);
     QStringList names;
-    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+    names.reserve(count);
+    for (int i = 0; i < count; ++i)
         names += QString::fromUtf8(sqlite3_column_name(statement, i));
     return names;
 }

@@ -2,6 +2,7 @@
 
 #include "labels/desk/forms/list_view.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -36,6 +37,7 @@ void ListFinder::start(const QString &text)
     setText(text);
     place();
     show();
+    raise();
     setFocus(Qt::ShortcutFocusReason);
     deselect();
     find(std::max(m_list.selectedRow(), 0), 1);
@@ -43,9 +45,9 @@ void ListFinder::start(const QString &text)
 
 void ListFinder::place()
 {
-    const QRect room = m_list.viewport()->geometry();
-    const QSize size(std::min(kWidth, room.width()), sizeHint().height());
-    setGeometry(QRect(room.bottomRight() - QPoint(size.width(), size.height()), size));
+    QRect place = m_list.header()->geometry(); // over the captions: it must not hide what it finds
+    place.setLeft(place.right() - std::min(kWidth, place.width()) + 1);
+    setGeometry(place);
 }
 
 void ListFinder::find(int from, int step)

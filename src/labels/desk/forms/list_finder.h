@@ -4,7 +4,7 @@
 
 class ListView;
 
-/// A small box over the foot of a list that finds rows in it. It comes up when somebody types into
+/// A small box over the head of a list that finds rows in it. It comes up when somebody types into
 /// the list, and goes with Escape or with the focus. Enter and the arrows go on to the next row and
 /// back.
 class ListFinder final : public QLineEdit
@@ -16,7 +16,7 @@ public:
 
     /// Comes up with the first letters of what is looked for.
     void start(const QString &text);
-    /// Takes its place at the foot of the list.
+    /// Takes its place over the list's captions.
     void place();
 
 protected:

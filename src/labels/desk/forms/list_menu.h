@@ -19,4 +19,9 @@ public:
 
     /// An entry that does what a button does, while the button may be pressed.
     void add(QAbstractButton *button, const QString &name = {});
+    /// Entries that sort the list as a click on a column's caption does, for hands without a mouse.
+    void addOrders();
+
+private:
+    ListView &m_list;
 };

@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRemembered = 8; ///< scans in the list
+constexpr int kRemembered = 1000; ///< scans in the list: those of a long walk
+constexpr QRgb kMissed = 0xFFB00020;
 
 } // namespace
 
@@ -51,10 +52,16 @@ void ShelfScanForm::showRemoved()
     showLast();
 }
 
-void ShelfScanForm::showRefused(const QString &reason)
+/// Whoever walks along the shelf sees the screen when they are back.
+void ShelfScanForm::showRefused(const QString &reason, const QString &barcode)
 {
     showLast();
     m_ui->durum->setText(reason);
+    if (barcode.isEmpty())
+        return;
+    remember(reason.section(u'\n', 0, 0));
+    m_ui->son->item(0)->setForeground(QColor(kMissed));
+    showTotals();
 }
 
 void ShelfScanForm::showLast()
@@ -75,6 +82,10 @@ void ShelfScanForm::remember(const QString &entry)
 
 void ShelfScanForm::showTotals()
 {
-    m_ui->toplam->setText(u"Kuyrukta %1 satır, %2 etiket"_s.arg(
-        amount::whole(m_desk.queue().size()), amount::whole(m_desk.queue().total())));
+    QString text = u"Kuyrukta %1 satır, %2 etiket"_s.arg(amount::whole(m_desk.queue().size()),
+                                                         amount::whole(m_desk.queue().total()));
+    const qsizetype missed = m_desk.scan().missed().size();
+    if (missed > 0)
+        text += u" · eklenmeyen %1 barkod (kırmızı)"_s.arg(amount::whole(missed));
+    m_ui->toplam->setText(text);
 }

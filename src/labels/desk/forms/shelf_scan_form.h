@@ -27,7 +27,7 @@ private:
     void showRemoved();
     void showLast();
     void remember(const QString &entry);
-    void showRefused(const QString &reason);
+    void showRefused(const QString &reason, const QString &barcode);
     void showTotals();
 
     LabelDesk &m_desk;

@@ -76,6 +76,7 @@ void stkkart::buildMenus()
     auto *stockMenu = new ListMenu(u"stklist"_s, m_ui->l1, this);
     for (QAbstractButton *button : {m_ui->addOne, m_ui->ekbr1, m_ui->ekbr2, m_ui->ektm})
         stockMenu->add(button);
+    stockMenu->addOrders();
 
     auto *queueMenu = new ListMenu(u"yzdlst"_s, m_ui->l2, this);
     queueMenu->add(m_ui->printSelected, u"yzdsec"_s);
@@ -84,6 +85,7 @@ void stkkart::buildMenus()
     queueMenu->addSeparator();
     queueMenu->add(m_ui->removeOne);
     queueMenu->add(m_ui->clearQueue);
+    queueMenu->addOrders();
     auto *menu = new QueueMenu(m_desk, this);
     m_ui->queueMenu->setMenu(menu);
     connect(menu, &QueueMenu::importWanted, this, &stkkart::chooseImport);
