@@ -6,6 +6,7 @@
 #include "platform/demo/shipped_files.h"
 #include "platform/host/engine_connector.h"
 #include "platform/machine/private_file.h"
+#include "platform/machine/private_memory.h"
 #include "platform/machine/process_locale.h"
 #include "platform/machine/profile_key_file.h"
 #include "platform/machine/single_instance.h"
@@ -237,6 +238,7 @@ int run(Application &app, const Options &options, const StartTimes &times)
 int main(int argc, char *argv[])
 {
     const StartTimes times;
+    keepMemoryPrivate();
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
     nameApplication();
     if (onlyAsks(argc, argv)) {

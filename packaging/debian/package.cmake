@@ -10,7 +10,7 @@ install(FILES ${debian}/../tezgah.svg
 install(FILES ${CMAKE_BINARY_DIR}/tezgah.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/kilavuz.md ${PROJECT_SOURCE_DIR}/docs/kurulum.md
-    ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${debian}/copyright
+    ${PROJECT_SOURCE_DIR}/docs/sunucu.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${debian}/copyright
     DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/resimler DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/demo/sqlserver

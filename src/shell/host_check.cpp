@@ -4,6 +4,8 @@
 #include "common/host_error.h"
 #include "common/resume_next.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::StringLiterals;
 using host_tables::Database;
 using host_tables::Right;
@@ -144,10 +146,12 @@ Rights rights(HostConnection &company, const QStringList &without)
     return result;
 }
 
-QStringList openableDatabases(HostConnection &server)
+QStringList openableDatabases(HostConnection &server, const QString &table)
 {
+    const QString holding = u"and OBJECT_ID(QUOTENAME(name)+'..%1') is not null "_s.arg(table);
     return texts(server.execute(u"select name as AD from sys.databases where database_id>4 and "
-                                "HAS_DBACCESS(name)=1 order by name"_s),
+                                "HAS_DBACCESS(name)=1 " %
+                                (table.isEmpty() ? QString() : holding) % u"order by name"),
                  u"AD");
 }
 

@@ -36,8 +36,9 @@ struct Rights
 /// `without`: tables that are not there. Throws HostError.
 Rights rights(HostConnection &company, const QStringList &without);
 
-/// The databases that the login of a connection may open, in alphabetical order. Throws HostError.
-QStringList openableDatabases(HostConnection &server);
+/// The databases that the login of a connection may open, in alphabetical order; `table`: only
+/// those in which it sees that table. Throws HostError.
+QStringList openableDatabases(HostConnection &server, const QString &table = {});
 
 /// What a wrong order of letters does to the shop; "" for one that suits.
 QString collationFault(const QString &collation);

@@ -20,17 +20,11 @@ constexpr std::chrono::seconds kPatience{12};
 
 /// The accounting system's own tables tell its databases from others, as far as the login may see
 /// them.
-QString soleWith(HostConnection &server, const QString &table)
+QStringList databasesWith(HostConnection &server, const QString &table)
 {
-    QString sole;
-    resumeNext([&] {
-        const RecordSet rows = server.execute(
-            u"select name as AD from sys.databases where database_id>4 and HAS_DBACCESS(name)=1 "
-            "and OBJECT_ID(QUOTENAME(name)+'..%1') is not null"_s.arg(table));
-        if (rows.rowCount() == 1)
-            sole = rows.text(u"AD");
-    });
-    return sole;
+    QStringList names;
+    resumeNext([&] { names = host_check::openableDatabases(server, table); });
+    return names;
 }
 
 OpenDatabases databasesOf(HostTools &tools, const DiagnosisTarget &target)
@@ -38,17 +32,11 @@ OpenDatabases databasesOf(HostTools &tools, const DiagnosisTarget &target)
     const QString master = kDemoMaster.toString();
     const QString company = kDemoCompany.toString();
     if (target.isEmbedded())
-        return {{master, company}, master, company};
+        return {{master, company}, {master}, {company}};
     const auto server = tools.open(target.connectionTo(kServerDatabase.toString()));
-    return {host_check::openableDatabases(*server), soleWith(*server, u"KDVKISIM"_s),
-            soleWith(*server, u"STKKART"_s)};
+    return {host_check::openableDatabases(*server), databasesWith(*server, u"KDVKISIM"_s),
+            databasesWith(*server, u"STKKART"_s)};
 }
-
-struct Lists
-{
-    HostCodes codes;
-    QString fault;
-};
 
 std::vector<HostCode> codesOf(HostConnection &company, const CodeQuestion &question)
 {
@@ -61,29 +49,33 @@ std::vector<HostCode> codesOf(HostConnection &company, const CodeQuestion &quest
 }
 
 /// A list that the login may not read does not keep the others away.
-Lists listsOf(HostTools &tools, const DiagnosisTarget &target)
+HostLists listsOf(HostTools &tools, const DiagnosisTarget &target)
 {
-    Lists lists;
+    HostLists lists;
     const auto company = tools.open(target.connectionTo(target.company));
-    QStringList closed;
     for (const CodeQuestion &question : codeQuestions()) {
         const QString table = question.table.toString();
-        if (lists.codes.contains(table) || closed.contains(table))
+        if (lists.codes.contains(table) || lists.closed.contains(table))
             continue;
         try {
             lists.codes.insert(table, codesOf(*company, question));
         } catch (const HostError &error) {
             if (error.connectionLost())
                 throw;
-            closed += table;
+            lists.closed += table;
         }
     }
-    if (!closed.isEmpty())
-        lists.fault = u"Okunamayan listeler: %1."_s.arg(closed.join(u", "_s));
     return lists;
 }
 
 } // namespace
+
+QStringList OpenDatabases::without(const QStringList &first) const
+{
+    QStringList others = names;
+    others.removeIf([&](const QString &name) { return first.contains(name); });
+    return others;
+}
 
 SetupLedger::SetupLedger(HostProbe &probe, QObject *parent) : QObject(parent), m_probe(probe)
 {
@@ -108,7 +100,10 @@ void SetupLedger::start(const DiagnosisTarget &target, Read read, Take take)
     Q_EMIT changed();
     m_probe.start([this, run = m_run, target, read, take](HostTools &tools) {
         try {
-            run->post([this, take, found = read(tools, target)] { end(take(found)); });
+            run->post([this, take, found = read(tools, target)] {
+                take(found);
+                end({});
+            });
         } catch (const HostError &error) {
             run->post([this, fault = target.withoutPassword(error.text())] { end(fault); });
         }
@@ -118,19 +113,13 @@ void SetupLedger::start(const DiagnosisTarget &target, Read read, Take take)
 void SetupLedger::readDatabases(const DiagnosisTarget &target)
 {
     m_databases = {};
-    start(target, databasesOf, [this](const OpenDatabases &found) {
-        m_databases = found;
-        return QString();
-    });
+    start(target, databasesOf, [this](const OpenDatabases &found) { m_databases = found; });
 }
 
 void SetupLedger::readCodes(const DiagnosisTarget &target)
 {
-    m_codes.clear();
-    start(target, listsOf, [this](const Lists &found) {
-        m_codes = found.codes;
-        return found.fault;
-    });
+    m_lists = {};
+    start(target, listsOf, [this](const HostLists &found) { m_lists = found; });
 }
 
 void SetupLedger::end(const QString &fault)

@@ -16,12 +16,23 @@ class RunLink;
 struct OpenDatabases
 {
     QStringList names;
-    QString master;  ///< the only one that looks like it, "" when it cannot be told
-    QString company; ///< the same
+    QStringList masters;   ///< those of them with the tables of the accounting system's own
+    QStringList companies; ///< those with the tables of a company
+
+    /// All of them; those that fit come first.
+    QStringList mastersFirst() const { return masters + without(masters); }
+    QStringList companiesFirst() const { return companies + without(companies); }
+
+private:
+    QStringList without(const QStringList &first) const;
 };
 
 /// The lists of a ledger from which a sale's codes are chosen, by table.
-using HostCodes = QMap<QString, std::vector<HostCode>>;
+struct HostLists
+{
+    QMap<QString, std::vector<HostCode>> codes;
+    QStringList closed; ///< tables that the login may not read
+};
 
 /// Reads for the set-up what a server has to offer, beside the windows and with connections of its
 /// own: a server that does not answer keeps nobody waiting.
@@ -39,11 +50,11 @@ public:
 
     bool isReading() const { return m_run != nullptr; }
 
-    /// Why the latest reading did not succeed or lacks a list, in words for the user.
+    /// Why the latest reading did not succeed, in words for the user.
     const QString &fault() const { return m_fault; }
 
     const OpenDatabases &databases() const { return m_databases; }
-    const HostCodes &codes() const { return m_codes; }
+    const HostLists &lists() const { return m_lists; }
 
 Q_SIGNALS:
     void changed(); ///< reading has begun or ended
@@ -59,5 +70,5 @@ private:
     std::shared_ptr<RunLink> m_run; ///< null when nothing is read
     QString m_fault;
     OpenDatabases m_databases;
-    HostCodes m_codes;
+    HostLists m_lists;
 };

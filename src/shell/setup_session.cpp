@@ -42,6 +42,13 @@ QString firstOf(std::initializer_list<QString> faults)
     return {};
 }
 
+/// An answer that there is no choice about.
+void takeSole(QString &answer, const QStringList &choices)
+{
+    if (answer.isEmpty() && choices.size() == 1)
+        answer = choices.first();
+}
+
 } // namespace
 
 SetupSession::SetupSession(Program &program, HostProbe &probe, SetupPrinting &printing,
@@ -56,13 +63,16 @@ SetupSession::SetupSession(Program &program, HostProbe &probe, SetupPrinting &pr
     connect(&m_ledger, &SetupLedger::changed, this, [this] {
         if (!m_ledger.isReading() && step() == SetupStep::databases) {
             Settings::Server &server = m_answers.settings.server;
-            if (server.msql.isEmpty())
-                server.msql = m_ledger.databases().master;
-            if (server.sql.isEmpty())
-                server.sql = m_ledger.databases().company;
+            takeSole(server.msql, m_ledger.databases().masters);
+            takeSole(server.sql, m_ledger.databases().companies);
         }
         showChoices();
         Q_EMIT ledgerChanged();
+        tellLedger();
+    });
+    connect(&m_diagnosis, &Diagnosis::finished, this, [this] {
+        if (step() == SetupStep::diagnosis)
+            Q_EMIT refused({});
     });
 }
 
@@ -73,12 +83,14 @@ void SetupSession::setServer(const QString &server, const QString &user, const Q
     m_answers.settings.server.server = server.trimmed();
     m_answers.settings.server.kuladi = user.trimmed();
     m_answers.settings.server.sifre = password;
+    Q_EMIT refused({});
 }
 
 void SetupSession::setDatabases(const QString &master, const QString &company)
 {
     m_answers.settings.server.msql = master.trimmed();
     m_answers.settings.server.sql = company.trimmed();
+    tellLedger();
 }
 
 HostCode SetupSession::chosen(const CodeQuestion &question) const
@@ -118,6 +130,7 @@ void SetupSession::setPassword(const QString &password, const QString &again)
 {
     m_answers.settings.login.sifre = turkish::upper(password);
     m_answers.passwordAgain = turkish::upper(again);
+    Q_EMIT refused({});
 }
 
 QString SetupSession::layoutsFrom() const
@@ -193,9 +206,11 @@ void SetupSession::go(int by)
     enter();
     Q_EMIT refused({});
     Q_EMIT stepChanged();
+    tellLedger();
 }
 
-/// Readies what the step shows; what was read of the same server before still holds.
+/// Readies what the step shows. What was read of the same server still holds, until its connection
+/// is looked at anew.
 void SetupSession::enter()
 {
     const DiagnosisTarget now = target();
@@ -205,6 +220,7 @@ void SetupSession::enter()
         m_databasesOf = server;
         m_ledger.readDatabases(now);
     } else if (step() == SetupStep::diagnosis) {
+        m_codesOf.clear();
         m_diagnosis.start(now);
     } else if (codeQuestion(step()) && m_codesOf != company) {
         m_codesOf = company;
@@ -225,12 +241,68 @@ void SetupSession::readAgain()
     enter();
 }
 
+bool SetupSession::mayReadAgain() const
+{
+    if (m_ledger.isReading())
+        return false;
+    return codeQuestion(step())
+               ? m_choices.isEmpty()
+               : step() == SetupStep::databases && m_ledger.databases().names.isEmpty();
+}
+
+void SetupSession::tellLedger()
+{
+    const CodeQuestion *question = codeQuestion(step());
+    if (!question && step() != SetupStep::databases)
+        return;
+    if (m_ledger.isReading())
+        Q_EMIT told(question ? u"Listeler okunuyor…"_s : u"Veritabanları okunuyor…"_s);
+    else if (const QString why = question ? listFault(*question) : databasesFault(); !why.isEmpty())
+        Q_EMIT refused(why);
+    else
+        Q_EMIT told(question ? QString() : databasesWord());
+}
+
+/// Why there is nothing to choose from, and what to do then.
+QString SetupSession::listFault(const CodeQuestion &question) const
+{
+    if (!m_ledger.fault().isEmpty())
+        return m_ledger.fault();
+    if (m_ledger.lists().closed.contains(question.table.toString()))
+        return u"Bu kullanıcının %1 listesini (%2) okuma hakkı yok. Geri dönüp tanılamaya bakın; "
+               "yalnız etiket basılacaksa boş geçebilirsiniz."_s.arg(question.caption,
+                                                                     question.table);
+    return m_choices.isEmpty()
+               ? u"Muhasebede hiç %1 tanımlı değil; satıştan önce orada tanımlayın."_s.arg(
+                     question.caption)
+               : QString();
+}
+
+QString SetupSession::databasesFault() const
+{
+    if (!m_ledger.fault().isEmpty())
+        return m_ledger.fault() + u"\nAdları yazabilirsiniz."_s;
+    return m_ledger.databases().names.isEmpty()
+               ? u"Sunucu bu kullanıcıya açık bir veritabanı göstermiyor. Adlarını yazın: sonraki "
+                 "adım bağlantıya bakar ve eksik hakları veren satırları gösterir."_s
+               : QString();
+}
+
+QString SetupSession::databasesWord() const
+{
+    const Settings::Server &server = m_answers.settings.server;
+    return server.sql.isEmpty() || server.msql.isEmpty()
+               ? u"Bu kullanıcıya açık %1 veritabanı var: aşağı ok (↓) tuşuyla seçin."_s.arg(
+                     m_ledger.databases().names.size())
+               : QString();
+}
+
 void SetupSession::showChoices()
 {
     const CodeQuestion *question = codeQuestion(step());
     if (!question)
         return;
-    m_choices.setCodes(m_ledger.codes().value(question->table.toString()));
+    m_choices.setCodes(m_ledger.lists().codes.value(question->table.toString()));
     if (chosen(*question).code.isEmpty() && m_choices.rowCount() == 1)
         choose(0);
 }

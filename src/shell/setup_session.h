@@ -59,6 +59,9 @@ public:
     /// What the till will do, in words.
     QString summary() const;
 
+    /// Whether the step has nothing to choose from, although it ought to.
+    bool mayReadAgain() const;
+
     /// Asks whether the answers so far may be dropped; true when there are none.
     bool mayAbandon();
 
@@ -93,6 +96,10 @@ private:
     QString refusal() const;
     QString codeRefusal(const CodeQuestion &question) const;
     void showChoices();
+    void tellLedger();
+    QString listFault(const CodeQuestion &question) const;
+    QString databasesFault() const;
+    QString databasesWord() const;
     void finish();
     QString layoutsFrom() const;
     DiagnosisTarget target() const;

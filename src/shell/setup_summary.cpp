@@ -29,6 +29,7 @@ QStringList sale(const Settings::Stok &stok)
                 shown(stok.carikod, stok.cari), shown(stok.crfistip, stok.crfistipadi)),
             u"   • faturası 3 numaralı tiple yazılır (listede: %1)."_s.arg(
                 shown(stok.ftfistip, stok.ftfistipadi)),
+            {},
             u"Etiketlerde birinci birim için %1, ikinci birim için %2 fiyatı basılır."_s.arg(
                 shown(stok.br1fyt, stok.br1fytadi), shown(stok.br2fyt, stok.br2fytadi))};
 }
@@ -68,16 +69,18 @@ QString otherTill(const OtherTill &other)
 QString setupSummary(const SetupAnswers &answers)
 {
     const Settings &settings = answers.other ? answers.other->settings : answers.settings;
+    const QString gap;
     QStringList lines;
     if (answers.other)
-        lines += otherTill(*answers.other);
-    lines += connection(settings.server);
+        lines += {otherTill(*answers.other), gap};
+    lines += {connection(settings.server), gap};
     lines += sale(settings.stok);
     if (const QString told = missing(settings.stok); !told.isEmpty())
-        lines += told;
-    lines += printers(answers);
+        lines += {gap, told};
+    lines += {gap, printers(answers), gap};
     lines += settings.login.sifre.isEmpty() ? u"Ayarlar parolasız açılır."_s
                                             : u"Ayarlar parolayla açılır."_s;
+    lines += gap;
     lines += u"Bitir'e basınca hepsi birden bu bilgisayara kaydedilir. Muhasebeye şimdi bir şey "
              "yazılmaz."_s;
     return lines.join(u'\n');

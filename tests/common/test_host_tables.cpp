@@ -90,7 +90,7 @@ TEST(HostTables, NameWhatTheStatementsUse)
 /// TEZGAH_REWRITE_GOLDEN=1 writes the list into the guide.
 TEST(HostTables, TheGuideListsTheRights)
 {
-    const QString path = sourcePath("/docs/kurulum.md");
+    const QString path = sourcePath("/docs/sunucu.md");
     const QString guide = readText(path);
     const qsizetype from = guide.indexOf(u"CREATE LOGIN"_s);
     const qsizetype to = guide.indexOf(u"```"_s, from);

@@ -322,11 +322,12 @@ TEST(SetupLedgerTest, ReadsWhatMayBeReadAndTellsTheRest)
     read(&SetupLedger::readDatabases);
     EXPECT_EQ(ledger.databases().names, (QStringList{u"ANA"_s, u"SIRKET26"_s}));
     read(&SetupLedger::readCodes);
-    EXPECT_EQ(ledger.codes().value(u"DEPO"_s), (std::vector<HostCode>{{u"01"_s, u"İÇ"_s}}));
-    EXPECT_EQ(ledger.fault(), u"Okunamayan listeler: CARKART."_s);
+    EXPECT_EQ(ledger.lists().codes.value(u"DEPO"_s), (std::vector<HostCode>{{u"01"_s, u"İÇ"_s}}));
+    EXPECT_EQ(ledger.lists().closed, QStringList(u"CARKART"_s));
+    EXPECT_EQ(ledger.fault(), QString());
 
     probe.tools.closed.emplace_back(u"SIRKET"_s, refused(Cause::login, u"Gizli4 18456"_s));
     read(&SetupLedger::readCodes);
-    EXPECT_TRUE(ledger.codes().isEmpty());
+    EXPECT_TRUE(ledger.lists().codes.isEmpty());
     EXPECT_TRUE(ledger.fault().contains(u"••• 18456"_s)) << ledger.fault().toStdString();
 }

@@ -82,6 +82,7 @@ constexpr auto kReasons = std::to_array<Reason>({
     {{}, 229, {}, Cause::right, kNoRight},
     {{}, 230, {}, Cause::right, kNoRight},
     {{}, 262, {}, Cause::right, kNoRight},
+    {u"42000", 0, u"permission denied", Cause::right, kNoRight},
     {{}, 208, {}, Cause::noTable, kNoTable},
     {{}, 207, {}, Cause::noTable, kNoColumn},
     {{}, 105, {}, Cause::unknown, kSyntax},

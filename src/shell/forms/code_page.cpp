@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -41,7 +42,7 @@ CodePage::CodePage(QWidget *parent) : QWidget(parent), m_box(new QLineEdit), m_l
     setFocusProxy(m_box);
     connect(m_box, &QLineEdit::textEdited, this, &CodePage::search);
     connect(m_box, &QLineEdit::textChanged, this, [this](const QString &text) {
-        if (text.isEmpty()) // by the button in the box
+        if (text.isEmpty() && !m_beginning) // by the button in the box
             search(text);
     });
 }
@@ -58,7 +59,7 @@ void CodePage::setChoices(CodeChoices &choices)
 void CodePage::begin(const QString &code)
 {
     {
-        const QSignalBlocker quiet(m_box);
+        const QScopedValueRollback beginning(m_beginning, true);
         m_box->clear();
     }
     makeCurrent(m_choices->find(code));

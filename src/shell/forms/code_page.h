@@ -37,4 +37,5 @@ private:
     QLineEdit *m_box;
     QTreeView *m_list;
     CodeChoices *m_choices = nullptr;
+    bool m_beginning = false;
 };

@@ -36,6 +36,8 @@ SetupForm::SetupForm(SetupSession &session, QWidget *parent)
     m_ui->wayDemo->setVisible(session.occasion() == SetupSession::Occasion::firstStart);
     m_ui->diagnosisLayout->addWidget(new DiagnosisView(session.diagnosis()));
     m_ui->codePage->setChoices(session.choices());
+    for (QComboBox *box : {m_ui->company, m_ui->master})
+        box->setCompleter(nullptr); // a name that was typed is meant as it is
     connectAnswers();
     connectSession();
     showStep();
@@ -66,6 +68,7 @@ void SetupForm::connectAnswers()
     connect(m_ui->layoutList, &QComboBox::currentTextChanged, this, &SetupForm::takePrinter);
     connect(m_ui->test, &QPushButton::clicked, &m_session, &SetupSession::printTest);
     connect(m_ui->browse, &QPushButton::clicked, this, &SetupForm::browse);
+    connect(m_ui->readAgain, &QPushButton::clicked, &m_session, &SetupSession::readAgain);
     connect(m_ui->next, &QPushButton::clicked, this, &SetupForm::goOn);
     connect(m_ui->back, &QPushButton::clicked, &m_session, &SetupSession::back);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -181,19 +184,12 @@ void SetupForm::showLedger()
     const Settings::Server &server = m_session.answers().settings.server;
     const CodeQuestion *question = codeQuestion(step);
     if (step == SetupStep::databases) {
-        fill(m_ui->company, ledger.databases().names, server.sql);
-        fill(m_ui->master, ledger.databases().names, server.msql);
+        fill(m_ui->company, ledger.databases().companiesFirst(), server.sql);
+        fill(m_ui->master, ledger.databases().mastersFirst(), server.msql);
     } else if (question) {
         m_ui->codePage->begin(m_session.chosen(*question).code);
-    } else {
-        return;
     }
-    if (ledger.isReading())
-        notice(question ? u"Listeler okunuyor…"_s : u"Veritabanları okunuyor…"_s, false);
-    else if (!ledger.fault().isEmpty())
-        notice(question ? ledger.fault() : ledger.fault() + u"\nAdları yazabilirsiniz."_s, true);
-    else
-        notice({}, false);
+    m_ui->readAgain->setVisible(m_session.mayReadAgain());
 }
 
 void SetupForm::notice(const QString &text, bool fault)
