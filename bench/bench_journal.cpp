@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kStocks = 10'000;
 constexpr int kSales = 300'000;
+const QString kLedger = u"DEMO"_s;
 
 /// A till on the embedded engine; with a memory when `remembers`.
 struct Desk
@@ -117,12 +118,17 @@ void fillYear(SqliteDatabase &file, QDate last)
         const QString day = last.toString(Qt::ISODate);
         file.execute(
             u"INSERT INTO satis (no,an,liste,kasiyer,brut,indirim,kdv,genel,toplamlar,odeme,"
-            "fis,fatura,durum) "_s +
+            "fis,fatura,durum,muhasebe) "_s +
             numbers +
-            u"SELECT i, strftime('%Y-%m-%dT%H:%M:%S.000','%1',(i-%2)*105||' seconds'), 0,"
-            "'Ayşe',1000,0,10,1000,'10,00 0,10 10,00 0,00','nakit',i,'PF'||i,'tam' FROM n"_s.arg(
-                day, QString::number(kSales)));
+            u"SELECT i, strftime('%Y-%m-%dT%H:%M:%S.000','%1',((i-%2)*105)||' seconds'), 0,"
+            "'Ayşe',1000,0,10,1000,'10,00 0,10 10,00 0,00','nakit',i,'PF'||i,'tam','%3' FROM n"_s
+                .arg(day, QString::number(kSales), kLedger));
         file.execute(u"INSERT INTO oran "_s + numbers + u"SELECT i,'1',1000,10 FROM n"_s);
+        if (first < kSales - kSales / 365 * 100)
+            continue; // lines of older sales are pruned
+        file.execute(u"INSERT INTO kalem (satis,sira,barkod,stok,ad,aranan) "_s + numbers +
+                     u"SELECT i,s.value,'869'||(i*7+s.value)%9000,'GID.'||(i*7+s.value)%9000,"
+                     "'Ürün','ürün' FROM n, json_each('[1,2,3,4,5,6,7,8]') s"_s);
     }
     file.execute(u"COMMIT"_s);
 }
@@ -134,19 +140,19 @@ void openOfAYear(benchmark::State &state)
     FixedClock clock;
     SqliteDatabase db;
     {
-        JournalFile(db, clock, path).open();
+        JournalFile(db, clock, path, kLedger).open();
         db.open(path);
         fillYear(db, clock.moment.date());
         db.close();
     }
     for (auto _ : state) {
-        JournalFile file(db, clock, path);
+        JournalFile file(db, clock, path, kLedger);
         file.open();
         SaleJournal sales(file);
         if (!file.isOpen() || sales.openCount() != 0)
             state.SkipWithError("not open");
     }
-    JournalFile file(db, clock, path);
+    JournalFile file(db, clock, path, kLedger);
     file.open();
     state.counters["day_us"] =
         microseconds(timed([&] { readDays(file, clock.moment.date(), clock.moment.date()); }));

@@ -36,6 +36,7 @@ public:
     std::unique_ptr<HostConnection> anabag; ///< master connection; null or not open: state 0
     std::unique_ptr<HostConnection> bag;    ///< company connection
     std::optional<HostError> bagFailure;    ///< why it did not open
+    QString ledger; ///< names the books that `bag` is connected to, or was told to connect to
     VatTable kdvtab;
     int cevap = 0;                ///< answer of the last message box: 0 no, 1 confirmed, 2 closed
     std::array<QString, 88> sira; ///< start-up index table; read by nothing yet

@@ -201,6 +201,19 @@ void LedgerSale::setReference(Document document, const QString &reference)
     m_header.*traitsOf(document).reference = reference;
 }
 
+LedgerSale LedgerSale::quotable() const
+{
+    LedgerSale copy = *this;
+    const auto doubleQuotes = [](QString &text) { text.replace(u'\'', u"''"_s); };
+    for (SaleLine &line : copy.m_sale.lines)
+        for (QString &cell : line.cells)
+            doubleQuotes(cell);
+    for (QString Header::*text : {&Header::warehouse, &Header::priceNumber, &Header::customerCode,
+                                  &Header::customerName, &Header::cashierCode})
+        doubleQuotes(copy.m_header.*text);
+    return copy;
+}
+
 QString LedgerSale::highestReference(Document document)
 {
     const DocumentTraits &traits = traitsOf(document);

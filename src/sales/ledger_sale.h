@@ -102,6 +102,10 @@ public:
     /// "Fatura": whose counter it is.
     static QString counterName(Document document);
 
+    /// The sale with its apostrophes doubled, as a literal of a statement bears them. The posting
+    /// pastes names as they are, and a row whose name has one is refused.
+    LedgerSale quotable() const;
+
     /// The statement of a row. Throws HostError when a reference number it needs could not be
     /// drawn: with 0 in its place the rows of a document would belong to any other that lost its
     /// number.

@@ -13,6 +13,10 @@ HostLink::HostLink(Program &program, QObject *parent) : QObject(parent), m_progr
 void HostLink::ayaroku()
 {
     settings::read(m_program.files(), {u"server", u"instan"}, m_settings);
+    // Without the server's address, which may change under the same books.
+    m_program.ledger = server().sql.trimmed().toUpper();
+    if (isEmbedded(server().server))
+        m_program.ledger.append(u' ').append(kEmbeddedServer);
 }
 
 /// Null when it does not open; start-up goes on, and the connection dialog tells why.

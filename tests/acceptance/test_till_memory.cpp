@@ -194,7 +194,7 @@ TEST_F(Memory, ListsComeBackAsTheyStood)
         EXPECT_EQ(again.till.chosenCustomer(2).name, u"Bakkal"_s);
         EXPECT_EQ(again.till.payment(0), Payment::card);
         EXPECT_EQ(again.till.cashier().name, u"Ali'nin kasası"_s);
-        EXPECT_TRUE(again.notice.contains(u"SATIS1 (1 satır), SATIS3 (2 satır)"_s));
+        EXPECT_TRUE(again.notice.contains(u"SATIS1 (1 satır, 14:05), SATIS3 (2 satır, 14:05)"_s));
         EXPECT_TRUE(again.memory.park()); // the program starts anew by itself
         again.till.discard();
     }
@@ -286,6 +286,31 @@ TEST_F(Memory, ALostAnswerIsLookedUpOrAsked)
     }
 }
 
+/// A name with an apostrophe breaks the posting's statements, not those that complete it.
+TEST_F(Memory, AnIncompleteSaleIsCompletedInItsOwnLedger)
+{
+    shop.connect()->execute(
+        u"UPDATE STKKART SET STKCINSI='Ali''nin Sütü' where STKKOD='TEM.0011'"_s);
+    Counter counter(shop);
+    counter.sell({kSale.first()});
+    counter.till.post();
+    IncompleteSales &incomplete = counter.memory.incomplete();
+    EXPECT_EQ(incomplete.count(), 1);
+
+    const QString own = std::exchange(counter.program.ledger, u"BAŞKA"_s);
+    const QStringList before = ledger();
+    EXPECT_EQ(incomplete.count(), 0);
+    incomplete.complete(incomplete.all().front());
+    incomplete.completeAll();
+    EXPECT_EQ(ledger(), before);
+    EXPECT_TRUE(counter.memory.receipts().find({}).empty());
+
+    counter.program.ledger = own;
+    EXPECT_EQ(incomplete.completeAll().end, IncompleteSales::Outcome::End::whole);
+    EXPECT_EQ(incomplete.count(), 0);
+    EXPECT_EQ(ledger().filter(u"Ali'nin"_s).size(), 3); // card, movement, line of the invoice
+}
+
 TEST_F(Memory, TheBookFindsReceiptsAndAddsUpTheDay)
 {
     Counter counter(shop);
@@ -341,4 +366,13 @@ TEST_F(Memory, ATillWithoutItsJournalSellsOnAndSaysSo)
         sellsOn(u"(kasa.dbs) tutulamıyor"_s);
     }
     sellsOn(QString());
+    Counter(shop).sell({kSale.first()});
+    auto other = std::make_unique<SqliteDatabase>();
+    other->open(journal);
+    other->execute(u"PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE"_s);
+    Counter late(shop);
+    late.sell({kSale.last()});
+    other.reset();
+    late.memory.tryAgain(); // what it remembers comes back beside what was sold meanwhile
+    EXPECT_EQ(late.lines(0) + late.lines(1), QStringList({u"GID.0004 1"_s, u"TEM.0011 1"_s}));
 }

@@ -100,13 +100,14 @@ Completion::State Completion::rowState(const Record &row)
     } catch (const HostError &error) {
         if (error.connectionLost())
             throw;
-        return State::missing; // an apostrophe in its code: the row itself was refused for it too
+        return State::missing; // nothing can tell: what keeps it from being read kept it from being
+                               // written
     }
 }
 
 Completion::State Completion::search(const Record &row)
 {
-    RecordSet rows = m_writer.read(row_search::statement(m_sale, row));
+    RecordSet rows = m_writer.read(row_search::statement(m_sale.quotable(), row));
     const bool occupied = !rows.eof();
     for (; !rows.eof(); rows.moveNext())
         if (row_search::isOurs(m_sale, row, rows)) {
@@ -139,7 +140,7 @@ Completion::State Completion::figureState(const Record &figure)
         return State::missing;
     if (m_sale.addend(figure) == 0.0)
         return State::missing; // raising it by nothing does no harm
-    const auto now = LedgerSale::figureIn(figure, m_writer.read(m_sale.reading(figure)));
+    const auto now = LedgerSale::figureIn(figure, m_writer.read(m_sale.quotable().reading(figure)));
     std::optional<bool> written;
     if (mark)
         written = toldByValue(figure, *mark, now);
@@ -184,7 +185,7 @@ std::optional<bool> Completion::toldByValue(const Record &figure, const RecordMa
     if (const auto told = toldByLaterLine(figure, from))
         return told;
     const QString &own = row_search::ownMovement(m_sale, figure);
-    const RecordSet last = m_writer.read(row_search::lastMovement(m_sale, figure));
+    const RecordSet last = m_writer.read(row_search::lastMovement(m_sale.quotable(), figure));
     const bool movedSince =
         own.isEmpty() || (!last.eof() && last.number(u"TOTAL") > own.toDouble());
     if (movedSince)
@@ -291,7 +292,7 @@ void Completion::write(const Record &record)
     default:
         break;
     }
-    step(record, [&] { m_writer.write(m_sale, record); });
+    step(record, [&] { m_writer.write(m_sale.quotable(), record); });
 }
 
 void Completion::advance(Document document)

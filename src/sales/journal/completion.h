@@ -18,7 +18,8 @@ class Prompt;
 ///              from, or by what stands there now while nobody else has moved the stock or the
 ///              account since; else the user is asked
 ///   counters   by their value: at or above the next number they were advanced
-/// Numbers and references that no written record bears are drawn anew when others took them.
+/// Numbers and references that no written record bears are drawn anew when others took them. Names
+/// with an apostrophe, which no statement of a posting can carry, are written too.
 class Completion
 {
 public:

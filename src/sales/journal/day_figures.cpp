@@ -31,7 +31,7 @@ public:
     {
         m_span = u"an>='%1' AND an<'%2'"_s.arg(from.toString(Qt::ISODate),
                                                to.addDays(1).toString(Qt::ISODate));
-        const QString sold = u" FROM satis s WHERE %1 AND %2"_s.arg(m_span, journal::kSold);
+        const QString sold = u" FROM satis s WHERE %1 AND %2"_s.arg(m_span, m_file.soldHere());
         each(u"SELECT kasiyer,count(*) AS adet,sum(brut) AS brut,sum(indirim) AS indirim,sum(kdv) "
              "AS kdv,sum(genel) AS genel,sum(CASE odeme WHEN 'kart' THEN genel ELSE 0 END) AS kart,"
              "sum(durum='eksik') AS eksik"_s +
@@ -39,7 +39,8 @@ public:
              &DayReader::addSales);
         each(
             u"SELECT kasiyer,oran,sum(o.matrah) AS matrah,sum(o.kdv) AS kdv FROM satis s JOIN oran "
-            "o ON o.satis=s.no WHERE %1 AND %2 GROUP BY kasiyer,oran"_s.arg(m_span, journal::kSold),
+            "o ON o.satis=s.no WHERE %1 AND %2 GROUP BY kasiyer,oran"_s.arg(m_span,
+                                                                            m_file.soldHere()),
             &DayReader::addRate);
         each(u"SELECT kasiyer,substr(an,12,2) AS saat,count(*) AS adet,sum(genel) AS genel"_s +
                  sold + u" GROUP BY kasiyer,saat"_s,

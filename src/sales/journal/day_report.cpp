@@ -180,7 +180,7 @@ QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate
         RecordSet sales = file.read(
             u"SELECT an,fatura,genel FROM satis WHERE an>='%1' AND an<'%2' AND %3 ORDER BY no"_s
                 .arg(day.toString(Qt::ISODate), day.addDays(1).toString(Qt::ISODate),
-                     journal::kSold));
+                     file.soldHere()));
         for (; !sales.eof(); sales.moveNext()) {
             const QString number = sales.text(u"fatura");
             const qint64 total = qRound64(sales.number(u"genel"));

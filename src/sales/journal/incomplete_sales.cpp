@@ -4,7 +4,10 @@
 #include "common/program.h"
 #include "sales/journal/sale_log.h"
 
+#include <QDeadlineTimer>
+
 #include <algorithm>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +15,8 @@ namespace {
 
 using State = JournaledSale::State;
 using End = IncompleteSales::Outcome::End;
+
+constexpr std::chrono::seconds kMostAtOnce{4}; ///< the till stands still meanwhile
 
 QString stateText(const RecordMark *mark)
 {
@@ -59,10 +64,14 @@ PostingReport IncompleteSales::report(const JournaledSale &sale)
         sale.state == State::uncertain
             ? u"Bu satışın yazılıp yazılmadığı bilinmiyor; listesi duruyor."_s
             : u"Bu satışın %1 kaydı muhasebede yok."_s.arg(QString::number(report.lines.size()));
-    report.advice = sale.state == State::uncertain
-                        ? u"Liste F2 ile kaydedilirken önce muhasebeye bakılır."_s
-                        : u"\"Eksikleri tamamla\" yazılmamış olanları gönderir. Satışı yeniden "
-                          "girmeyin."_s;
+    if (sale.elsewhere)
+        report.advice = u"Bu satış %1 muhasebesine yazılıyordu; kasa yeniden ona bağlanınca "
+                        "tamamlanır."_s.arg(sale.ledger);
+    else
+        report.advice = sale.state == State::uncertain
+                            ? u"Liste F2 ile kaydedilirken önce muhasebeye bakılır."_s
+                            : u"\"Eksikleri tamamla\" yazılmamış olanları gönderir. Satışı yeniden "
+                              "girmeyin."_s;
     report.text = report.paper(sale.sale);
     return report;
 }
@@ -83,6 +92,8 @@ bool IncompleteSales::holdsBackNumbers(const JournaledSale &sale)
 
 IncompleteSales::Outcome IncompleteSales::complete(const JournaledSale &sale)
 {
+    if (sale.elsewhere)
+        return {Outcome::End::partly, report(sale).advice};
     SaleLog log(m_journal, sale.number);
     Outcome outcome;
     try {
@@ -92,6 +103,34 @@ IncompleteSales::Outcome IncompleteSales::complete(const JournaledSale &sale)
     }
     Q_EMIT changed();
     return outcome;
+}
+
+IncompleteSales::Outcome IncompleteSales::completeAll()
+{
+    const std::vector<JournaledSale> sales = m_journal.openSales();
+    const QDeadlineTimer enough(kMostAtOnce);
+    Outcome last{End::whole, u"Tamamlanacak satış yok."_s};
+    std::optional<Outcome> fault;
+    int completed = 0;
+    for (const JournaledSale &sale : sales) {
+        last = complete(sale);
+        if (last.end == End::whole || last.end == End::nothing)
+            ++completed;
+        else
+            fault = last;
+        if (last.end == End::noHost || last.end == End::postponed || enough.hasExpired())
+            break;
+    }
+    if (sales.size() < 2)
+        return last;
+    const int left = count();
+    QString text = u"%1 satış tamamlandı, %2 satış eksik."_s.arg(QString::number(completed),
+                                                                 QString::number(left));
+    if (fault)
+        text += u' ' + fault->text;
+    else if (left > 0)
+        text += u" Sürdürmek için yeniden basın."_s;
+    return {fault ? fault->end : End::whole, text};
 }
 
 IncompleteSales::Outcome IncompleteSales::outcomeOf(const JournaledSale &sale,

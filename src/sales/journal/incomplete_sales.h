@@ -16,7 +16,10 @@ public:
     IncompleteSales(Program &program, SaleJournal &journal, QObject *parent = nullptr);
 
     int count() const { return m_journal.openCount(); }
-    std::vector<JournaledSale> all() const { return m_journal.openSales(); }
+    std::vector<JournaledSale> all() const
+    {
+        return m_journal.openSales(SaleJournal::Ledgers::all);
+    }
 
     /// What is missing of a sale, in the order it is written: "Stok hareketi S1, 2. satır:
     /// gönderilmedi".
@@ -42,6 +45,10 @@ public:
         QString text;
     };
     Outcome complete(const JournaledSale &sale);
+
+    /// Completes them one after the other, the oldest first; after a few seconds the rest waits
+    /// until it is asked for again.
+    Outcome completeAll();
 
     /// Somebody completed the sale in the ledger; asks whether it is so.
     void closeByHand(qint64 number);

@@ -10,14 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kVersion = 1;
+constexpr int kVersion = 2; ///< 1 knew one ledger
 
 /// Lines of a sale are kept while its receipt may be asked for again, the sale itself until its
 /// month can be compared with that of the year before.
 constexpr int kLineDays = 100;
 constexpr int kSaleDays = 400;
-/// Of one opening: a shop that opens every day never has more, and no opening is felt.
-constexpr int kMostPruned = 5000;
+constexpr int kPruned = 200; ///< sales at once
 
 /// Tables first, then what indexes them: a batch is read whole before its first statement runs.
 const QStringList &tableStatements()
@@ -29,7 +28,7 @@ const QStringList &tableStatements()
         "INTEGER, kasiyerkod TEXT, kasiyer TEXT, brut INTEGER, indirim INTEGER, kdv INTEGER, genel "
         "INTEGER, toplamlar TEXT, nakit TEXT, paraustu TEXT, odeme TEXT, musterikod TEXT, musteri "
         "TEXT, fis TEXT, fatura TEXT, "
-        "defter TEXT, durum TEXT)"_s,
+        "defter TEXT, durum TEXT, muhasebe TEXT)"_s,
         u"CREATE TABLE IF NOT EXISTS kalem (satis INTEGER, sira INTEGER, barkod TEXT, stok TEXT, "
         "ad TEXT, kdv TEXT, birim TEXT, fiyat TEXT, miktar TEXT, tutar TEXT, indirim TEXT, net "
         "TEXT, iskonto TEXT, aranan TEXT, PRIMARY KEY (satis, sira)) WITHOUT ROWID"_s,
@@ -56,8 +55,9 @@ const QStringList &indexStatements()
 
 } // namespace
 
-JournalFile::JournalFile(LocalDatabase &db, const Clock &clock, const QString &path)
-    : m_db(db), m_clock(clock), m_path(path)
+JournalFile::JournalFile(LocalDatabase &db, const Clock &clock, const QString &path,
+                         const QString &ledger)
+    : m_db(db), m_clock(clock), m_path(path), m_ledger(ledger)
 {}
 
 JournalFile::~JournalFile()
@@ -99,7 +99,7 @@ void JournalFile::openFile()
     m_db.execute(u"PRAGMA journal_mode=WAL"_s);
     m_db.execute(u"PRAGMA synchronous=NORMAL"_s);
     makeTables();
-    prune();
+    tellAged();
 }
 
 void JournalFile::makeTables()
@@ -110,39 +110,62 @@ void JournalFile::makeTables()
                         u"Dosya programın daha yeni bir sürümünündür; dokunulmadı."_s);
     for (const QString &statement : tableStatements() + indexStatements())
         m_db.execute(statement);
-    m_db.execute(u"PRAGMA user_version=%1"_s.arg(kVersion));
+    if (version == 1.0) // what was sold until now went to the ledger that is connected
+        m_db.execute(u"ALTER TABLE satis ADD COLUMN muhasebe TEXT DEFAULT "_s + quoted(m_ledger));
+    if (version != kVersion) // nothing is written else: lists come back from a full disk too
+        m_db.execute(u"PRAGMA user_version=%1"_s.arg(kVersion));
     // A file whose pages are damaged opens; reading what the till begins with shows it.
     m_db.execute(u"SELECT max(no) FROM olay"_s);
     m_db.execute(u"SELECT max(no) FROM satis"_s);
 }
 
-/// Keys of lists that were cleared are of no use any more, sales age; incomplete ones never do.
-void JournalFile::prune()
+/// Says what goes; incomplete sales never do.
+void JournalFile::tellAged()
 {
-    const auto before = [this](int days) { return momentText(m_clock.now().addDays(-days)); };
-    m_db.execute(
-        u"DELETE FROM olay WHERE tur<>'sil' AND liste>=0 AND no<=(SELECT max(b.no) FROM olay b "
-        "WHERE b.liste=olay.liste AND b.tur='bosalt')"_s);
-    m_db.execute(
-        u"DELETE FROM olay WHERE liste<0 AND no<(SELECT max(no) FROM olay WHERE liste<0)"_s);
-    m_db.execute(u"DELETE FROM olay WHERE tur='sil' AND an<'%1'"_s.arg(before(kSaleDays)));
-    const QString aged = u"SELECT no FROM satis WHERE an<'%1' AND NOT (%2) ORDER BY no LIMIT %3"_s;
-    const auto agedBy = [&](int days) {
-        return aged.arg(before(days), journal::kOpenCondition, QString::number(kMostPruned));
-    };
-    const QString old = agedBy(kSaleDays);
-    const qsizetype count = m_db.execute(old).rowCount();
-    if (count > 0) {
-        for (const QStringView table : {u"oran", u"kalem", u"gonderi"})
-            m_db.execute(u"DELETE FROM %1 WHERE satis IN (%2)"_s.arg(table, old));
-        m_db.execute(u"DELETE FROM satis WHERE no IN (%1)"_s.arg(old));
-        m_news = u"Kasa günlüğünden %1 günden eski %2 satış silindi."_s.arg(
+    const RecordSet aged =
+        m_db.execute(u"SELECT count(*) AS adet FROM satis WHERE "_s + agedBy(kSaleDays));
+    if (const qint64 count = qRound64(aged.number(u"adet")); count > 0)
+        m_news = u"Kasa günlüğünden %1 günden eski %2 satış siliniyor."_s.arg(
             QString::number(kSaleDays), amount::whole(count));
-    }
-    // Lines are numbered with their sales: the lowest that is left is the oldest.
-    m_db.execute(u"DELETE FROM kalem WHERE satis IN (SELECT no FROM satis WHERE an<'%1' AND no>="
-                 "(SELECT min(satis) FROM kalem) AND NOT (%2) ORDER BY no LIMIT %3)"_s.arg(
-                     before(kLineDays), journal::kOpenCondition, QString::number(kMostPruned)));
+}
+
+QString JournalFile::agedBy(int days) const
+{
+    return u"an<'%1' AND NOT (%2)"_s.arg(momentText(m_clock.now().addDays(-days)),
+                                         journal::kOpenCondition);
+}
+
+bool JournalFile::prune()
+{
+    const auto numbers = [this](const QString &select) {
+        QStringList found;
+        for (RecordSet row = read(select + u" LIMIT %1"_s.arg(kPruned)); !row.eof(); row.moveNext())
+            found += QString::number(qRound64(row.number(u"no")));
+        return found.join(u',');
+    };
+    const QString sales =
+        numbers(u"SELECT no FROM satis WHERE %1 ORDER BY an"_s.arg(agedBy(kSaleDays)));
+    const QString withLines = numbers(
+        u"SELECT DISTINCT satis AS no FROM kalem WHERE satis<coalesce((SELECT no FROM satis WHERE "
+        "an>='%1' ORDER BY an LIMIT 1),9e18) AND satis NOT IN (SELECT no FROM satis WHERE %2) "
+        "ORDER "
+        "BY satis"_s.arg(momentText(m_clock.now().addDays(-kLineDays)), journal::kOpenCondition));
+    const QString deleted = numbers(u"SELECT no FROM olay WHERE tur='sil' AND an<'%1'"_s.arg(
+        momentText(m_clock.now().addDays(-kSaleDays))));
+    const QString cashiers = numbers(
+        u"SELECT no FROM olay WHERE liste<0 AND no<(SELECT max(no) FROM olay WHERE liste<0)"_s);
+    QStringList statements;
+    const auto remove = [&](QStringView table, QStringView column, const QString &aged) {
+        if (!aged.isEmpty())
+            statements += u"DELETE FROM %1 WHERE %2 IN (%3)"_s.arg(table, column, aged);
+    };
+    remove(u"olay", u"no", deleted);
+    remove(u"olay", u"no", cashiers); // the last one counts
+    remove(u"kalem", u"satis", withLines);
+    for (const QStringView table : {u"kalem", u"oran", u"gonderi"})
+        remove(table, u"satis", sales);
+    remove(u"satis", u"no", sales);
+    return !statements.isEmpty() && write(statements);
 }
 
 bool JournalFile::setAside()
@@ -226,6 +249,11 @@ QString JournalFile::insertion(QStringView table, Values values)
 QString JournalFile::quoted(QString text)
 {
     return u'\'' + text.remove(QChar(u'\0')).replace(u'\'', u"''"_s) + u'\'';
+}
+
+QString JournalFile::soldHere() const
+{
+    return u"%1 AND muhasebe=%2"_s.arg(journal::kSold, quoted(m_ledger));
 }
 
 QString JournalFile::momentText(const QDateTime &moment)

@@ -16,7 +16,9 @@
 class JournalFile
 {
 public:
-    JournalFile(LocalDatabase &db, const Clock &clock, const QString &path);
+    /// `ledger`: name of the books that the till writes to, as it is at any time. One file serves
+    /// them all and tells their sales apart.
+    JournalFile(LocalDatabase &db, const Clock &clock, const QString &path, const QString &ledger);
     ~JournalFile();
     JournalFile(const JournalFile &) = delete;
     JournalFile &operator=(const JournalFile &) = delete;
@@ -30,6 +32,10 @@ public:
 
     /// What the opening did that a user should hear of; empty: nothing.
     const QString &news() const { return m_news; }
+
+    /// Forgets some of what is too old to be kept; true when more is left. Little enough for a till
+    /// that is at work.
+    bool prune();
 
     /// Called when the file fails, or is open again.
     std::function<void()> healthChanged;
@@ -60,16 +66,23 @@ public:
     QString now() const { return momentText(m_clock.now()); }
     QDate today() const { return m_clock.now().date(); }
 
+    const QString &ledger() const { return m_ledger; }
+
+    /// Sales that stand in the connected ledger, as a condition.
+    QString soldHere() const;
+
 private:
     void openFile();
     void makeTables();
-    void prune();
+    void tellAged();
+    QString agedBy(int days) const;
     bool setAside();
     void fail(const HostError &error);
 
     LocalDatabase &m_db;
     const Clock &m_clock;
     QString m_path;
+    const QString &m_ledger;
     bool m_open = false;
     bool m_written = false; ///< since the last sync
     QString m_fault;

@@ -110,23 +110,30 @@ void ListJournal::cleared(int list, const std::vector<SaleLine> &dropped)
     QStringList statements;
     for (const SaleLine &line : dropped)
         statements += removal(list, 0, line);
-    m_file.write(statements << clearing(list));
+    m_file.write(statements + clearing(list));
 }
 
-QString ListJournal::clearing(int list) const
+/// What the list went through is of no use any more; what was deleted counts on.
+QStringList ListJournal::clearing(int list) const
 {
-    return event(journal::kCleared, list, 0, {});
+    // "+liste": by the numbers, which are few behind the last clearing, not by all of the list.
+    return {u"DELETE FROM olay WHERE no>=(SELECT coalesce(max(no),0) FROM olay WHERE liste=%1 AND "
+            "tur='%2') AND +liste=%1 AND tur<>'%3'"_s.arg(QString::number(list), journal::kCleared,
+                                                          journal::kRemoved),
+            event(journal::kCleared, list, 0, {})};
 }
 
 Sale ListJournal::left(int list) const
 {
     Sale left;
     RecordSet events = m_file.read(
-        u"SELECT tur,satir,icerik FROM olay WHERE liste=%1 AND tur<>'%2' AND no>(SELECT "
+        u"SELECT an,tur,satir,icerik FROM olay WHERE liste=%1 AND tur<>'%2' AND no>(SELECT "
         "coalesce(max(no),0) FROM olay WHERE liste=%1 AND tur='%2') ORDER BY no"_s.arg(
             QString::number(list), journal::kCleared));
-    for (; !events.eof(); events.moveNext())
+    for (; !events.eof(); events.moveNext()) {
         apply(left, events);
+        left.moment = QDateTime::fromString(events.text(u"an"), Qt::ISODateWithMs);
+    }
     return left;
 }
 

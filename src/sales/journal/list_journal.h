@@ -3,6 +3,8 @@
 #include "sales/cashier.h"
 #include "sales/sale.h"
 
+#include <QStringList>
+
 class JournalFile;
 
 /// What happened to the sale lists, change after change; the lists as they stood follow from it.
@@ -23,10 +25,11 @@ public:
     /// `dropped`: lines that go without having been sold.
     void cleared(int list, const std::vector<SaleLine> &dropped);
 
-    /// The statement of a list that goes with a sale, for the transaction that ends it.
-    QString clearing(int list) const;
+    /// The statements of a list that goes with a sale, for the transaction that ends it.
+    QStringList clearing(int list) const;
 
-    /// A list as it stood when the program ended: lines, cash, payment and customer.
+    /// A list as it stood when the program ended: lines, cash, payment, customer, and the moment of
+    /// its last change.
     Sale left(int list) const;
     Cashier lastCashier() const;
 

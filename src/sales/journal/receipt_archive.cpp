@@ -64,7 +64,7 @@ std::vector<ReceiptArchive::Entry> ReceiptArchive::find(const QString &text) con
     const QDate today = m_file.today();
     RecordSet rows = m_file.read(
         u"SELECT no,an,fis,fatura,genel,kasiyer,durum FROM satis WHERE an>='%1' AND %2%3 ORDER BY "
-        "no DESC LIMIT %4"_s.arg(today.addDays(-kDays).toString(Qt::ISODate), journal::kSold,
+        "no DESC LIMIT %4"_s.arg(today.addDays(-kDays).toString(Qt::ISODate), m_file.soldHere(),
                                  wanted.isEmpty() ? QString() : conditionFor(wanted, today),
                                  QString::number(kMost)));
     std::vector<Entry> found;

@@ -114,7 +114,7 @@ QString lineStatement(const QString &number, int place, const SaleLine &line)
 }
 
 QStringList saleStatements(const QString &number, int list, const Sale &sale,
-                           const ledger::LedgerSale &inLedger)
+                           const ledger::LedgerSale &inLedger, const QString &books)
 {
     const pricing::Totals &totals = sale.totals;
     QStringList statements = {JournalFile::insertion(
@@ -138,7 +138,8 @@ QStringList saleStatements(const QString &number, int list, const Sale &sale,
          {u"musterikod", sale.customer.code},
          {u"musteri", sale.customer.name},
          {u"defter", header_text::of(inLedger)},
-         {u"durum", journal::kUnderWay.toString()}})};
+         {u"durum", journal::kUnderWay.toString()},
+         {u"muhasebe", books}})};
     int place = 0;
     for (const SaleLine &line : sale.lines)
         statements += lineStatement(number, ++place, line);
@@ -163,8 +164,8 @@ qint64 SaleJournal::begin(int list, const Sale &sale, const ledger::LedgerSale &
         return 0;
     const qint64 number = qRound64(last.number(u"son")) + 1;
     m_lasting = false;
-    const bool written =
-        m_file.write(saleStatements(QString::number(number), list, sale, inLedger));
+    const bool written = m_file.write(
+        saleStatements(QString::number(number), list, sale, inLedger, m_file.ledger()));
     return written ? number : 0;
 }
 
@@ -235,11 +236,37 @@ void SaleJournal::setReceiptNumber(qint64 number, const QString &receipt)
                                                                QString::number(number))});
 }
 
-std::vector<JournaledSale> SaleJournal::openSales() const
+QString SaleJournal::openCondition(Ledgers ledgers) const
+{
+    QString condition = journal::kOpenCondition.toString();
+    if (ledgers == Ledgers::connected)
+        condition += u" AND muhasebe="_s + JournalFile::quoted(m_file.ledger());
+    return condition;
+}
+
+std::vector<JournaledSale> SaleJournal::openSales(Ledgers ledgers) const
+{
+    return salesWhere(openCondition(ledgers));
+}
+
+/// Asked before every posting: incomplete sales may be many, and few of them matter to it.
+std::vector<JournaledSale> SaleJournal::unnumbered() const
+{
+    QStringList counters;
+    for (const ledger::Record &counter : ledger::LedgerSale::counterRecords())
+        counters += JournalFile::quoted(counter.key());
+    return salesWhere(
+        openCondition(Ledgers::connected) +
+        u" AND (durum<>'%1' OR (SELECT count(DISTINCT kayit) FROM gonderi WHERE satis=satis.no AND "
+        "kayit IN (%2) AND gonderi.durum='%3')<%4)"_s.arg(
+            journal::kIncomplete, counters.join(u','), kSent[static_cast<std::size_t>(Sent::done)],
+            QString::number(counters.size())));
+}
+
+std::vector<JournaledSale> SaleJournal::salesWhere(const QString &condition) const
 {
     std::vector<JournaledSale> sales;
-    RecordSet rows =
-        m_file.read(u"SELECT * FROM satis WHERE %1 ORDER BY no"_s.arg(journal::kOpenCondition));
+    RecordSet rows = m_file.read(u"SELECT * FROM satis WHERE %1 ORDER BY no"_s.arg(condition));
     for (; !rows.eof(); rows.moveNext()) {
         JournaledSale &sale = sales.emplace_back(saleIn(rows));
         readLines(sale);
@@ -251,7 +278,8 @@ std::vector<JournaledSale> SaleJournal::openSales() const
 int SaleJournal::openCount() const
 {
     return static_cast<int>(
-        m_file.read(u"SELECT no FROM satis WHERE %1"_s.arg(journal::kOpenCondition)).rowCount());
+        m_file.read(u"SELECT no FROM satis WHERE "_s + openCondition(Ledgers::connected))
+            .rowCount());
 }
 
 std::optional<JournaledSale> SaleJournal::sale(qint64 number) const
@@ -272,6 +300,8 @@ JournaledSale SaleJournal::saleIn(const RecordSet &row) const
     found.list = qRound(row.number(u"liste"));
     found.state = static_cast<State>(placeOf(kStates, row.text(u"durum")));
     found.powerCut = !sameBoot(row.text(u"acilis"));
+    found.ledger = row.text(u"muhasebe");
+    found.elsewhere = found.ledger != m_file.ledger();
     found.receiptNumber = row.text(u"fis");
     header_text::read(row.text(u"defter"), found.header, found.counters);
     Sale &sale = found.sale;

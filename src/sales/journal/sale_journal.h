@@ -34,7 +34,9 @@ struct JournaledSale
     int list = 0;
     State state = State::underWay;
     bool powerCut =
-        false; ///< the machine has been started anew since: what is marked last may lack
+        false;      ///< the machine has been started anew since: what is marked last may lack
+    QString ledger; ///< the books it is written to
+    bool elsewhere = false; ///< which are not the connected ones
     Sale sale;
     QString receiptNumber;
     ledger::Header header;
@@ -70,13 +72,23 @@ public:
     void forget(qint64 number);
     void setReceiptNumber(qint64 number, const QString &receipt);
 
-    std::vector<JournaledSale> openSales() const;
-    int openCount() const;
+    enum class Ledgers
+    {
+        connected,
+        all
+    };
+    std::vector<JournaledSale> openSales(Ledgers ledgers = Ledgers::connected) const;
+    int openCount() const; ///< of the connected ledger
+
+    /// Those of the connected ledger whose counters are not all known to be advanced.
+    std::vector<JournaledSale> unnumbered() const;
     std::optional<JournaledSale> sale(qint64 number) const;
 
 private:
     void mark(qint64 number, QStringView key, QStringView state, const QString &statement,
               std::optional<double> from, const QString &words);
+    QString openCondition(Ledgers ledgers) const;
+    std::vector<JournaledSale> salesWhere(const QString &condition) const;
     JournaledSale saleIn(const RecordSet &row) const;
     void readLines(JournaledSale &sale) const;
     void readMarks(JournaledSale &sale) const;

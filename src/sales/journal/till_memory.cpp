@@ -12,19 +12,22 @@ namespace {
 using State = JournaledSale::State;
 
 constexpr int kSettle = 500;         ///< milliseconds; a power cut may take a second
+constexpr int kPrunePause = 1000;    ///< milliseconds
 constexpr qint64 kTryAgain = 5 * 60; ///< seconds: a locked file keeps the cashier waiting for two
 
 } // namespace
 
 TillMemory::TillMemory(Program &program, TillSession &till, QObject *parent)
     : QObject(parent), m_program(program), m_till(till),
-      m_file(*program.journal, program.clock, program.path(u"kasa.dbs")), m_lists(m_file),
-      m_sales(m_file), m_incomplete(program, m_sales), m_receipts(program, m_file, m_sales, till),
-      m_dayEnd(program, m_file, till)
+      m_file(*program.journal, program.clock, program.path(u"kasa.dbs"), program.ledger),
+      m_lists(m_file), m_sales(m_file), m_incomplete(program, m_sales),
+      m_receipts(program, m_file, m_sales, till), m_dayEnd(program, m_file, till)
 {
     m_settle.setInterval(kSettle);
     m_settle.setSingleShot(true);
     connect(&m_settle, &QTimer::timeout, this, [this] { m_file.sync(); });
+    m_prune.setInterval(kPrunePause);
+    connect(&m_prune, &QTimer::timeout, this, &TillMemory::prune);
     connect(&m_incomplete, &IncompleteSales::changed, this, &TillMemory::markChanged);
     connect(&m_incomplete, &IncompleteSales::foundPosted, this, &TillMemory::conclude);
     connect(&m_till, &TillSession::settingsLoaded, this, &TillMemory::open,
@@ -34,6 +37,7 @@ TillMemory::TillMemory(Program &program, TillSession &till, QObject *parent)
 TillMemory::~TillMemory()
 {
     m_file.healthChanged = nullptr;
+    tryAgain(); // else the lists of an hour ago would come back
     if (m_watching)
         m_till.setWitness(nullptr);
 }
@@ -43,30 +47,45 @@ void TillMemory::open()
 {
     m_tried = m_program.clock.now();
     m_file.open();
-    restore();
+    if (m_file.isOpen())
+        restore();
     watch();
     m_file.healthChanged = [this] { health(); };
+    m_prune.start();
     QTimer::singleShot(0, this, &TillMemory::greet); // the form shows then
+}
+
+/// Years of sales go little by little, while nobody sells.
+void TillMemory::prune()
+{
+    if (!m_till.work().busy() && !m_file.prune())
+        m_prune.stop();
 }
 
 // ---- what the end of the program left behind
 
 void TillMemory::restore()
 {
-    for (const JournaledSale &sale : m_sales.openSales())
+    m_restored = true;
+    for (const JournaledSale &sale : m_sales.openSales(SaleJournal::Ledgers::all))
         if (sale.state == State::underWay)
             judgeCutOff(sale);
+    // All before any: a watched list is written down again as it comes back.
+    const std::array<Sale, kSaleLists> lists = {m_lists.left(0), m_lists.left(1), m_lists.left(2)};
     QStringList back;
     for (int list = 0; list < kSaleLists; ++list) {
-        const Sale left = m_lists.left(list);
-        if (left.lines.empty())
+        const Sale &left = lists.at(static_cast<std::size_t>(list));
+        const int place = left.lines.empty() ? -1 : freeList(list);
+        if (place < 0)
             continue;
-        back +=
-            u"%1 (%2 satır)"_s.arg(TillSession::caption(list), QString::number(left.lines.size()));
-        m_till.restore(list, left);
-        m_given.at(static_cast<std::size_t>(list)) = given(list);
+        const bool today = left.moment.date() == m_file.today();
+        back += u"%1 (%2 satır, %3)"_s.arg(
+            TillSession::caption(place), QString::number(left.lines.size()),
+            left.moment.toString(today ? u"HH:mm"_s : u"dd.MM. HH:mm"_s));
+        m_till.restore(place, left);
+        m_given.at(static_cast<std::size_t>(place)) = given(place);
     }
-    const Cashier cashier = m_lists.lastCashier();
+    const Cashier cashier = m_watching ? m_till.cashier() : m_lists.lastCashier();
     m_lists.setCashier(cashier);
     if (!cashier.code.isEmpty() || !cashier.name.isEmpty())
         m_till.setCashier(cashier);
@@ -74,6 +93,16 @@ void TillMemory::restore()
         m_greeting += u"Açık kalan listeler geri geldi: "_s + back.join(u", "_s);
     if (!m_file.news().isEmpty())
         m_greeting += m_file.news();
+}
+
+/// Where a list comes back to: its own place, or another when a journal that was locked at first
+/// finds goods there; -1: nowhere.
+int TillMemory::freeList(int list)
+{
+    for (const int place : {list, 0, 1, 2})
+        if (m_till.list(place).isEmpty())
+            return place;
+    return -1;
 }
 
 /// A posting that the end of the program cut off. When the ledger holds some of it the list is
@@ -93,8 +122,7 @@ void TillMemory::judgeCutOff(const JournaledSale &sale)
         return;
     }
     const bool whole = IncompleteSales::missing(sale).isEmpty();
-    m_sales.end(sale.number, whole ? State::whole : State::incomplete,
-                {m_lists.clearing(sale.list)});
+    m_sales.end(sale.number, whole ? State::whole : State::incomplete, m_lists.clearing(sale.list));
     m_sales.setReceiptNumber(sale.number, m_till.drawReceiptNumber());
     m_greeting += whole ? u"%1 satışı (%2) kaydedilmişti; fişi basılmamış olabilir."_s.arg(
                               TillSession::caption(sale.list), sale.sale.totals.grand)
@@ -120,6 +148,8 @@ void TillMemory::watch()
     m_till.setWitness(this);
     for (int list = 0; list < kSaleLists; ++list)
         watchList(list);
+    // While a server is waited for no timer is served.
+    connect(&m_till.work(), &TillWork::waiting, this, [this] { m_file.sync(); });
     connect(&m_till, &TillSession::cashChanged, this, &TillMemory::cashChanged);
     connect(&m_till, &TillSession::customerChanged, this, &TillMemory::customersChanged);
     connect(&m_till, &TillSession::cashierChanged, this, [this] {
@@ -213,6 +243,11 @@ bool TillMemory::park()
 
 // ---- faults of the file
 
+QString TillMemory::fault() const
+{
+    return m_watching && !m_file.isOpen() ? m_file.fault() : QString();
+}
+
 QString TillMemory::mark() const
 {
     if (m_watching && !m_file.isOpen())
@@ -237,10 +272,21 @@ void TillMemory::reopen()
     const QDateTime now = m_program.clock.now();
     if (m_file.isOpen() || m_tried.secsTo(now) < kTryAgain)
         return;
-    m_tried = now;
+    tryAgain();
+}
+
+void TillMemory::tryAgain()
+{
+    if (m_file.isOpen() || !m_watching)
+        return;
+    m_tried = m_program.clock.now();
     m_file.open();
-    if (m_file.isOpen())
-        snapshot();
+    if (!m_file.isOpen())
+        return;
+    if (!m_restored)
+        restore();
+    snapshot();
+    QTimer::singleShot(0, this, &TillMemory::greet);
 }
 
 void TillMemory::snapshot()
@@ -262,7 +308,7 @@ bool TillMemory::mayBegin(int list)
 {
     reopen();
     m_list = list;
-    for (const JournaledSale &sale : m_sales.openSales()) {
+    for (const JournaledSale &sale : m_sales.unnumbered()) {
         if (!IncompleteSales::holdsBackNumbers(sale))
             continue;
         const bool full = !m_till.list(list).isEmpty();
@@ -336,7 +382,7 @@ void TillMemory::ended(const PostingResult &result)
     if (m_log) {
         if (result.posted())
             m_sales.end(m_number, result.missing() == 0 ? State::whole : State::incomplete,
-                        {m_lists.clearing(m_list)});
+                        m_lists.clearing(m_list));
         else if (result.uncertain > 0)
             m_sales.end(m_number, State::uncertain);
         else

@@ -26,6 +26,12 @@ public:
     ReceiptArchive &receipts() { return m_receipts; }
     DayEnd &dayEnd() { return m_dayEnd; }
 
+    /// Why nothing is remembered; empty: all is well.
+    QString fault() const;
+
+    /// Opens a file that failed once more, before its time has come.
+    void tryAgain();
+
     /// What the mark on the till's screen says; empty: all is well.
     QString mark() const;
 
@@ -48,7 +54,9 @@ Q_SIGNALS:
 
 private:
     void open();
+    void prune();
     void restore();
+    int freeList(int list);
     void judgeCutOff(const JournaledSale &sale);
     void greet();
     void watch();
@@ -71,13 +79,15 @@ private:
     IncompleteSales m_incomplete;
     ReceiptArchive m_receipts;
     DayEnd m_dayEnd;
-    QTimer m_settle;                      ///< brings the journal to the disk
+    QTimer m_settle; ///< brings the journal to the disk
+    QTimer m_prune;
     std::array<Sale, kSaleLists> m_given; ///< cash, payment and customer, as they are written down
     std::optional<SaleLog> m_log;         ///< of the posting under way
     qint64 m_number = 0;                  ///< of the last sale
     int m_list = 0;                       ///< of the posting under way
     int m_sold = -1;                      ///< list that is about to be cleared because it was sold
     bool m_watching = false;
+    bool m_restored = false; ///< what the end of the program left has come back
     bool m_parked = false;
     QStringList m_greeting;
     QDateTime m_tried; ///< when the file was opened last
