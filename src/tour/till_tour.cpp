@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTabWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +24,7 @@ void Tour::quickSale()
 {
     step(u"Satış ekranı"_s, [this] {
         m_ledger = LedgerRows(m_program.company());
+        guardDeleting(true);
         m_rooms.showSales();
         window(kTill)->setWindowState(Qt::WindowNoState);
         window(kTill)->resize(kTourScreen);
@@ -33,6 +33,7 @@ void Tour::quickSale()
     correctLines();
     fillSecondList();
     postBoth();
+    atTheCounter();
     postIncompletely();
     showTillBook();
 }
@@ -72,6 +73,7 @@ void Tour::correctLines()
         picture(u"mesaj"_s, u"mesaj-satir-sil"_s);
         press(control(u"mesaj"_s, u"button2"_s), Qt::Key_Return);
     });
+    givePermission();
 }
 
 /// Answers the window that asks for a quantity and leaves its picture in `file`.
@@ -141,28 +143,6 @@ void Tour::postIncompletely()
     stepIn(u"PostingReportBox"_s, u"Eksik kalan satışın raporu"_s, [this] {
         picture(u"PostingReportBox"_s, u"PostingReportBox"_s);
         click(u"PostingReportBox"_s, u"closeButton"_s);
-    });
-}
-
-void Tour::showTillBook()
-{
-    step(u"F1: kasanın eksik satışları"_s, [this] {
-        picture(kTill, u"stfatura-eksik"_s);
-        saleKey(Qt::Key_F1);
-    });
-    const auto page = [this](int number, const QString &file) {
-        stepIn(u"TillBook"_s, u"Kasa sayfası"_s, [this, number, file] {
-            auto *pages = qobject_cast<QTabWidget *>(control(u"TillBook"_s, u"pages"_s));
-            pages->setCurrentIndex(number);
-            picture(u"TillBook"_s, file);
-        });
-    };
-    page(2, u"kasa-eksik"_s);
-    page(1, u"kasa-gun-sonu"_s);
-    page(0, u"kasa-fisler"_s);
-    step(u"Satış ekranı kapanır"_s, [this] {
-        window(u"TillBook"_s)->close();
-        window(kTill)->close();
     });
 }
 

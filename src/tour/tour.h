@@ -77,6 +77,10 @@ private:
     void postBoth();
     void postIncompletely();
     void showTillBook();
+    void guardDeleting(bool on);
+    void givePermission();
+    void atTheCounter();
+    void find(const QString &what, const QString &text, int row, const QString &file);
     void scan(const QString &code);
     void saleKey(int key);
     void writeLedger();

@@ -74,7 +74,10 @@ void FinderForm::showRow()
     const int row = m_ui->l1->currentIndex().row();
     const bool there = row >= 0 && row < m_finder.rowCount();
     m_ui->ekle->setEnabled(there);
-    m_ui->price->setText(there ? m_finder.large(row) : QString());
+    // An account may have a long name.
+    const QString large = there ? m_finder.large(row) : QString();
+    m_ui->price->setText(
+        m_ui->price->fontMetrics().elidedText(large, Qt::ElideRight, m_ui->l1->width()));
 }
 
 /// The box keeps the keyboard: arrows walk through the list below, Enter searches a new text and

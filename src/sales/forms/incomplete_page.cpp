@@ -52,8 +52,8 @@ const JournaledSale *IncompletePage::chosen() const
 void IncompletePage::showChosen()
 {
     const JournaledSale *sale = chosen();
-    for (QPushButton *button :
-         {m_ui->completeButton, m_ui->byHandButton, m_ui->printButton, m_ui->saveButton})
+    m_ui->completeButton->setEnabled(m_sales.count() > 0);
+    for (QPushButton *button : {m_ui->byHandButton, m_ui->printButton, m_ui->saveButton})
         button->setEnabled(sale != nullptr);
     m_ui->records->clear();
     if (!sale) {
@@ -69,11 +69,8 @@ void IncompletePage::showChosen()
 
 void IncompletePage::complete()
 {
-    const JournaledSale *sale = chosen();
-    if (!sale)
-        return;
     const QPointer<IncompletePage> there(this); // the till may be closed behind a question
-    const IncompleteSales::Outcome outcome = m_sales.complete(JournaledSale(*sale));
+    const IncompleteSales::Outcome outcome = m_sales.completeAll();
     if (!there)
         return;
     load();

@@ -1,6 +1,6 @@
 #include "sales/forms/notice_label.h"
 
-#include <algorithm>
+#include "sales/forms/growing_type.h"
 
 namespace {
 
@@ -9,10 +9,8 @@ const QColor kWarningColour(0x9A, 0x4B, 0x00);
 const QColor kUsualColour(0x0B, 0x6E, 0x6E);
 
 constexpr qsizetype kMostCharacters = 160; // not a whole code of 500 characters
-constexpr double kLargePoints = 17;
+constexpr double kLargePoints = 20;
 constexpr double kSmallPoints = 12;
-constexpr double kUsualWidth = 1366; ///< pixels of the window; larger screens are read from afar
-constexpr double kMostGrowth = 2.0;
 
 const QColor &colourOf(Notice kind)
 {
@@ -31,6 +29,7 @@ const QColor &colourOf(Notice kind)
 
 void NoticeLabel::tell(const QString &text, Notice kind)
 {
+    m_fits = true;
     setFont(fitting(text));
     setText(text.size() > kMostCharacters ? text.first(kMostCharacters) + u'…' : text);
     setAutoFillBackground(!text.isEmpty());
@@ -42,11 +41,17 @@ QFont NoticeLabel::fitting(const QString &text) const
 {
     const int room = contentsRect().width() - 2 * margin();
     QFont type = font();
-    type.setPointSizeF(kLargePoints *
-                       std::clamp(window()->width() / kUsualWidth, 1.0, kMostGrowth));
+    type.setPointSizeF(kLargePoints * typeGrowth(*window()));
     while (type.pointSizeF() > kSmallPoints && QFontMetrics(type).horizontalAdvance(text) > room)
         type.setPointSizeF(type.pointSizeF() - 1.0);
     return type;
+}
+
+void NoticeLabel::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    if (m_fits)
+        setFont(fitting(text()));
 }
 
 void NoticeLabel::showMode(const QString &text, bool usual)

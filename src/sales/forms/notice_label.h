@@ -18,7 +18,12 @@ public:
     /// Which box Enter feeds: the ground changes with it.
     void showMode(const QString &text, bool usual);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     QFont fitting(const QString &text) const;
     void paintGround(const QColor &colour);
+
+    bool m_fits = false; ///< the type is what fits
 };

@@ -11,15 +11,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Type of the totals panel in points, on a page of the usual size; it grows and shrinks with the
-// page, so that the total is read from two metres on every screen.
+// Type of the totals panel in points, on a panel of the usual size; it grows and shrinks with it.
+constexpr double kCaptionPoints = 13;
 constexpr double kFigurePoints = 17;
 constexpr double kCashPoints = 24;
-constexpr double kLargePoints = 36;
-constexpr QSizeF kUsualPage(1350, 580);
+constexpr QSizeF kUsualPanel(420, 580); ///< pixels
 constexpr double kLeastGrowth = 0.72;
 constexpr double kMostGrowth = 2.2;
-constexpr int kPanelWidth = 420; ///< pixels, at the usual size
+constexpr double kPanelShare = 0.31; ///< of the page's width; the list wants the rest for its names
+constexpr int kLeastPanel = 290;     ///< pixels
+
+/// The total is read from two metres on every screen: as large as this stands in the panel, and no
+/// taller than this part of it.
+const QString kUsualTotal = u"88.888,88"_s;
+constexpr double kTotalHeight = 0.115;
 
 void setPoints(QWidget &widget, double points)
 {
@@ -64,7 +69,9 @@ SalePage::SalePage(TillSession &session, int number, QWidget *parent)
     onClick(m_ui->exact, [this] { m_session.payExactly(); });
     onClick(m_ui->card, [this] { m_session.togglePayment(); });
     for (QPushButton *note : {m_ui->note50, m_ui->note100, m_ui->note200})
-        onClick(note, [this, lira = note->text().toInt()] { m_session.addBanknote(lira); });
+        onClick(note, [this, lira = note->text().section(u'\n', 0, 0).toInt()] {
+            m_session.addBanknote(lira);
+        });
     connect(m_ui->l, &QTableView::clicked, this, [this](const QModelIndex &index) {
         m_session.selectRow(m_number, index.row());
         Q_EMIT clicked();
@@ -122,14 +129,31 @@ void SalePage::setColumnWidths(const QList<int> &widths)
 void SalePage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    const double room = std::min(width() / kUsualPage.width(), height() / kUsualPage.height());
+    const int panel = std::max(qRound(width() * kPanelShare), kLeastPanel);
+    m_ui->totalsFrame->setFixedWidth(panel);
+    const double room = std::min(panel / kUsualPanel.width(), height() / kUsualPanel.height());
     const double growth = std::clamp(room, kLeastGrowth, kMostGrowth);
-    m_ui->totalsFrame->setMaximumWidth(qRound(kPanelWidth * std::max(growth, 1.0)));
+    for (QLabel *caption : {m_ui->grandLabel, m_ui->cashLabel, m_ui->changeLabel})
+        setPoints(*caption, kCaptionPoints * std::max(growth, 0.9));
     for (QLabel *figure : {m_ui->sttop, m_ui->indtop, m_ui->kdvtop})
         setPoints(*figure, kFigurePoints * growth);
     setPoints(*m_ui->nkit, kCashPoints * growth);
-    setPoints(*m_ui->gentop, kLargePoints * growth);
-    setPoints(*m_ui->prust, kLargePoints * growth);
+    fitTotals();
+}
+
+void SalePage::fitTotals()
+{
+    const QMargins margins = m_ui->totalsColumn->contentsMargins();
+    const int room = m_ui->totalsFrame->maximumWidth() - margins.left() - margins.right() - 4;
+    for (QLabel *total : {m_ui->gentop, m_ui->prust}) {
+        QFont font = total->font();
+        font.setPixelSize(100);
+        const QFontMetrics metrics(font);
+        const int text = std::max(metrics.horizontalAdvance(total->text()),
+                                  metrics.horizontalAdvance(kUsualTotal));
+        font.setPixelSize(std::min(qRound(height() * kTotalHeight), 100 * room / text));
+        total->setFont(font);
+    }
 }
 
 void SalePage::showTotals()
@@ -139,6 +163,7 @@ void SalePage::showTotals()
     m_ui->indtop->setText(totals.discount);
     m_ui->kdvtop->setText(totals.vat);
     m_ui->gentop->setText(totals.grand);
+    fitTotals();
 }
 
 void SalePage::showCash()
@@ -154,6 +179,7 @@ void SalePage::showCash()
     const QString &posted = m_session.postedTotal(m_number);
     m_ui->changeLabel->setText(posted.isEmpty() ? u"PARA ÜSTÜ"_s
                                                 : u"PARA ÜSTÜ   (satış %1)"_s.arg(posted));
+    fitTotals();
 }
 
 void SalePage::showCurrentRow(int row)

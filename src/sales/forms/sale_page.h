@@ -44,6 +44,7 @@ protected:
 
 private:
     void nameControls(const QString &suffix);
+    void fitTotals();
     void showTotals();
     void showCash();
     void showCurrentRow(int row);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QWidget>
 
 #include <chrono>
@@ -31,6 +32,13 @@ bool isInBoxOver(const QWidget &window, const QWidget &widget)
            (!box->parentWidget() || box->parentWidget()->window() == &window);
 }
 
+/// No scanner types one.
+bool isPassword(const QWidget &widget)
+{
+    const auto *box = qobject_cast<const QLineEdit *>(&widget);
+    return box && box->echoMode() == QLineEdit::Password;
+}
+
 } // namespace
 
 ScanKeeper::ScanKeeper(QWidget &window, std::function<bool()> atWork)
@@ -55,7 +63,8 @@ bool ScanKeeper::eventFilter(QObject *watched, QEvent *event)
         if (!target || !m_atWork())
             return false;
         const auto &key = static_cast<const QKeyEvent &>(*event);
-        const bool ofBox = isInBoxOver(m_window, *target) && keepsOfBox(key);
+        const bool ofBox =
+            isInBoxOver(m_window, *target) && !isPassword(*target) && keepsOfBox(key);
         if (!ofBox && target->window() != &m_window)
             return false;
         if (m_pause.isActive())

@@ -1,6 +1,7 @@
 #include "sales/forms/stfatura.h"
 
 #include "sales/forms/customer_display.h"
+#include "sales/forms/growing_type.h"
 #include "sales/forms/permission_box.h"
 #include "sales/forms/sale_page.h"
 #include "sales/forms/scan_keeper.h"
@@ -28,6 +29,10 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
 {
     m_ui->setupUi(this);
     m_commands = commands();
+    new GrowingType(*this, {m_ui->title, m_ui->mark, m_ui->bookButton, m_ui->listKeys, m_ui->tb1,
+                            m_ui->mode, m_ui->srvadi, m_ui->button1, m_ui->button2, m_ui->button3,
+                            m_ui->button4, m_ui->button5, m_ui->button6, m_ui->button7,
+                            m_ui->button8, m_ui->button9, m_ui->button10});
     setWindowState(Qt::WindowMaximized);
     m_ui->notice->setMargin(8);
     m_ui->srvadi->installEventFilter(this);
@@ -264,7 +269,7 @@ void stfatura::showCustomer()
     m_ui->statusbar->showCustomer(customer);
     const bool usual = customer.code == m_session.settings().stok.carikod;
     m_ui->customer->setVisible(!usual);
-    m_ui->customer->setText(customer.code + u"  "_s + customer.name);
+    m_ui->customer->tell(customer.name, Notice::warning); // its code stands below
 }
 
 void stfatura::showMode()

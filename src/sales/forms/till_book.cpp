@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 TillBook::TillBook(TillMemory &memory, TillSession &till, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::TillBook>()),
+    : QDialog(parent), m_ui(std::make_unique<Ui::TillBook>()), m_memory(memory),
       m_receipts(new ReceiptsPage(memory.receipts(), this)),
       m_day(new DayPage(memory.dayEnd(), this)),
       m_incomplete(new IncompletePage(memory.incomplete(), till, this))
@@ -25,6 +25,13 @@ TillBook::~TillBook() = default;
 
 void TillBook::open(bool incomplete)
 {
+    m_memory.tryAgain();
+    const QString fault = m_memory.fault();
+    m_ui->fault->setVisible(!fault.isEmpty());
+    m_ui->fault->tell(u"Kasa günlüğü (kasa.dbs) okunamıyor: %1 Fişler, gün sonu ve eksik satışlar "
+                      "bilinmiyor."_s.arg(fault),
+                      Notice::fault);
+    m_ui->pages->setEnabled(fault.isEmpty());
     m_receipts->load();
     m_day->load();
     m_incomplete->load();

@@ -29,6 +29,7 @@ public:
 
 private:
     std::unique_ptr<Ui::TillBook> m_ui;
+    TillMemory &m_memory;
     ReceiptsPage *m_receipts;
     DayPage *m_day;
     IncompletePage *m_incomplete;
