@@ -1,6 +1,7 @@
 #include "paper/command_painter.h"
 
 #include "paper/millimetres.h"
+#include "paper/screen_ink.h"
 #include "paper/turned_text.h"
 
 #include <QPainter>
@@ -10,8 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-CommandPainter::CommandPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures)
-    : m_painter(painter), m_fonts(fonts), m_pictures(pictures)
+CommandPainter::CommandPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures,
+                               ScreenInk *screen)
+    : m_painter(painter), m_fonts(fonts), m_pictures(pictures), m_screen(screen), m_digits(fonts)
 {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -48,7 +50,11 @@ void CommandPainter::draw(const PictureCommand &picture, QPointF origin)
     if (box.isEmpty())
         return;
     const QImage &image = m_pictures.find(picture.file, box.size());
-    if (!image.isNull())
+    if (image.isNull())
+        return;
+    if (m_screen != nullptr)
+        m_screen->drawPicture(m_painter, box, image);
+    else
         m_painter.drawImage(box, image);
 }
 
@@ -58,41 +64,41 @@ void CommandPainter::draw(const BarsCommand &bars, QPointF origin)
     if (!geometry)
         return;
 
-    const DigitStyle &style = digits(bars, *geometry);
+    const DigitStyle &style =
+        (m_screen != nullptr ? m_screen->digits() : m_digits).find(bars, *geometry);
     const int bottom = barsBottom(*geometry, style);
     const int guards = std::min(bottom + kGuardDepth * geometry->module, geometry->bottom);
     const auto rectangles = barRectangles(bars.symbol, *geometry, bottom, guards);
-    m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(QColor(bars.colour));
-    m_painter.drawRects(rectangles.data(), static_cast<int>(rectangles.size()));
+    if (m_screen != nullptr) {
+        m_screen->drawBars(m_painter, rectangles, bars.colour);
+    } else {
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(QColor(bars.colour));
+        m_painter.drawRects(rectangles.data(), static_cast<int>(rectangles.size()));
+    }
     if (style.height > 0)
         drawDigits(bars, *geometry, style, bottom + geometry->module + style.height);
-}
-
-const DigitStyle &CommandPainter::digits(const BarsCommand &bars, const BarsGeometry &geometry)
-{
-    const int height = geometry.bottom - geometry.top;
-    for (const KnownDigits &known : m_digits)
-        if (known.source == bars.font && known.symbology == bars.symbol.name &&
-            known.module == geometry.module && known.height == height)
-            return known.style;
-    const QFont wanted = m_fonts.find(bars.font).font();
-    return m_digits
-        .emplace_back(KnownDigits{bars.font, bars.symbol.name, geometry.module, height,
-                                  digitStyle(bars.symbol, geometry, wanted)})
-        .style;
 }
 
 void CommandPainter::drawDigits(const BarsCommand &bars, const BarsGeometry &geometry,
                                 const DigitStyle &style, int baseline)
 {
-    m_painter.setFont(style.font);
     m_painter.setPen(QColor(bars.colour));
     for (const DigitGroup &group : bars.symbol.groups) {
         const double width = static_cast<double>(group.digits.size()) * style.advance;
         const double left = geometry.x(group.left) + (group.width * geometry.module - width) / 2;
-        m_painter.drawText(QPointF(std::round(left), baseline), group.digits);
+        write(QPointF(std::round(left), baseline), style.font, group.digits);
     }
+}
+
+void CommandPainter::write(QPointF baseline, const QFont &font, const QString &text)
+{
+    if (m_screen != nullptr) {
+        m_screen->drawText(m_painter, baseline, font, text);
+        return;
+    }
+    m_painter.setFont(font);
+    m_painter.drawText(baseline, text);
 }
 
 void CommandPainter::draw(const TextCommand &text, QPointF origin)
@@ -105,7 +111,9 @@ void CommandPainter::draw(const TextCommand &text, QPointF origin)
     const QPointF dot(std::round(at.x() + text.nudge), std::round(at.y()));
 
     m_painter.setPen(QColor(text.colour));
-    drawTurnedText(m_painter, dot, text.angle, font, text.text);
+    paintTurned(m_painter, dot, text.angle, [&](QPointF start) {
+        write(start + QPointF(0, font.ascent()), font.font(), text.text);
+    });
 }
 
 void CommandPainter::draw(const LineCommand &line, QPointF origin)

@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMostPixels = 40'000'000; ///< of a picture file; more is no label picture
+constexpr int kMostDecoded = 320;          ///< megabytes: as many pixels of eight bytes
 constexpr qint64 kMostBytes = 64LL << 20;  ///< of a picture file
 constexpr qint64 kMostHeld = 256LL << 20;  ///< bytes of all pictures of a run together
 
@@ -41,6 +42,8 @@ QImage PictureStore::read(const QString &file, QSize dots) const
     if (!isBareName(file) || !info.isFile() || info.size() > kMostBytes)
         return {};
 
+    // Qt refuses pictures above 128 MB on its own; a photograph of a telephone is larger.
+    QImageReader::setAllocationLimit(kMostDecoded);
     // The content decides the format: pictures are renamed by hand more often than one thinks.
     QImageReader reader(info.filePath());
     reader.setDecideFormatFromContent(true);

@@ -28,18 +28,26 @@ std::optional<QPoint> startCorner(double angle)
     return -turned(QRectF(0, 0, 1, 1), angle).topLeft().toPoint();
 }
 
-void drawTurnedText(QPainter &painter, QPointF dot, double angle, const DeviceFont &font,
-                    const QString &text)
+void paintTurned(QPainter &painter, QPointF dot, double angle,
+                 const std::function<void(QPointF)> &paint)
 {
-    painter.setFont(font.font());
     if (angle == 0) {
-        painter.drawText(dot + QPointF(0, font.ascent()), text);
+        paint(dot);
         return;
     }
     const QTransform base = painter.worldTransform();
     painter.setWorldTransform(QTransform::fromTranslate(dot.x(), dot.y()).rotate(-angle) * base);
-    painter.drawText(QPointF(0, font.ascent()), text);
+    paint({});
     painter.setWorldTransform(base);
+}
+
+void drawTurnedText(QPainter &painter, QPointF dot, double angle, const DeviceFont &font,
+                    const QString &text)
+{
+    painter.setFont(font.font());
+    paintTurned(painter, dot, angle, [&](QPointF corner) {
+        painter.drawText(corner + QPointF(0, font.ascent()), text);
+    });
 }
 
 TurnedBox turnedBox(double angle, const DeviceFont &font, const QString &text)

@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QSize>
 
+#include <functional>
 #include <optional>
 
 QT_BEGIN_NAMESPACE
@@ -23,6 +24,10 @@ QRectF turned(const QRectF &line, double angle);
 /// starts upper left, at 90 degrees lower left, upside-down lower right, at 270 upper right. Other
 /// angles fill no box and have no corner.
 std::optional<QPoint> startCorner(double angle);
+
+/// Calls `paint` with the place of `dot` on a painter that is turned counter-clockwise about it.
+void paintTurned(QPainter &painter, QPointF dot, double angle,
+                 const std::function<void(QPointF)> &paint);
 
 /// Draws one line of text in the painter's pen. `dot` is the upper left corner of the line before
 /// it is turned about that point, counter-clockwise by `angle` degrees.

@@ -1,6 +1,7 @@
 #include "fakes/fixed_measure.h"
 #include "paper/command_painter.h"
 #include "paper/millimetres.h"
+#include "paper/screen_ink.h"
 #include "paper/text_block.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
@@ -40,14 +41,16 @@ BarSymbol symbol()
 }
 
 QImage painted(const std::vector<DrawCommand> &commands, const DeviceFonts &fonts, QSize size,
-               double zoom = 1)
+               double zoom = 1, ScreenInk *screen = nullptr)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(Qt::white);
     PictureStore pictures({});
     QPainter painter(&image);
     painter.scale(zoom, zoom);
-    CommandPainter(painter, fonts, pictures).paint(commands);
+    CommandPainter ink(painter, fonts, pictures, screen);
+    painter.setRenderHint(QPainter::Antialiasing, zoom < 1);
+    ink.paint(commands);
     return image;
 }
 
@@ -125,4 +128,37 @@ TEST(TextBlock, ALongNameKeepsItsEndAndItsType)
     const TextBlock narrow{
         .box = {0, 0, 15, 5}, .font = {u"Sans"_s, 10}, .text = u"KDV'li 5"_s, .shrink = true};
     EXPECT_EQ(placeText(narrow, FixedMeasure()).lines.at(0).font.size, 9.375); // no smaller
+}
+
+// A window keeps texts, bars and pictures ready to paint; it shows what any painter would.
+TEST(DrawCommands, AScreenShowsWhatPaperHas)
+{
+    const DeviceFonts fonts({600, 600});
+    const PaperFont font{u"DejaVu Sans"_s, 9};
+    const BarSymbol symbol{u"çubuk"_s,        {}, 12, 3, 3, 0, 0, {{0, 1, true}, {3, 2}, {8, 3}},
+                           {{u"42"_s, 0, 12}}};
+    const struct
+    {
+        DrawCommand command;
+        int most; ///< grey levels by which a dot may differ; soft edges meet within one
+    } cases[] = {{{TextCommand{{2, 2}, 0, font, 0, u"Çay 1 kg"_s}, {}}, 0},
+                 {{TextCommand{{4, 20}, 90, font, 0xFF205080, u"Çay 1 kg"_s}, {}}, 0},
+                 {{BarsCommand{{2.13, 3.07, 14, 9}, symbol, font, 0xFF400000}, {}}, 70}};
+    for (const auto &[command, most] : cases)
+        for (const double zoom : {0.137, 0.21, 0.9}) {
+            ScreenInk screen(fonts);
+            QImage plain = painted({command}, fonts, {300, 300}, zoom);
+            painted({command}, fonts, {300, 300}, zoom, &screen);
+            const QImage again = painted({command}, fonts, {300, 300}, zoom, &screen);
+            double ink = 0;
+            double shown = 0;
+            for (int y = 0; y < plain.height(); ++y)
+                for (int x = 0; x < plain.width(); ++x) {
+                    EXPECT_NEAR(qGray(again.pixel(x, y)), qGray(plain.pixel(x, y)), most);
+                    ink += 255 - qGray(plain.pixel(x, y));
+                    shown += 255 - qGray(again.pixel(x, y));
+                }
+            EXPECT_GT(ink, 0);
+            EXPECT_NEAR(shown / ink, 1, most > 0 ? 0.06 : 0) << zoom;
+        }
 }

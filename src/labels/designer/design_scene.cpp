@@ -24,11 +24,27 @@ QRectF around(const QRectF &a, const QRectF &b)
             QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
 }
 
+/// Whether two rectangles have a place in common; thin and empty ones can, too.
+bool meet(const QRectF &a, const QRectF &b)
+{
+    return a.left() <= b.right() && a.right() >= b.left() && a.top() <= b.bottom() &&
+           a.bottom() >= b.top();
+}
+
+/// The element with its corner on the zero point.
+template <typename Element>
+Element atZero(Element element)
+{
+    element.box.left = element.box.top = 0;
+    return element;
+}
+
 } // namespace
 
 DesignScene::DesignScene(const QString &pictures)
     : m_folder(pictures), m_fonts(std::make_unique<DeviceFonts>(QSizeF(kUsualDpi, kUsualDpi))),
-      m_pictures(std::make_unique<PictureStore>(pictures))
+      m_pictures(std::make_unique<PictureStore>(pictures)),
+      m_ink(std::make_unique<ScreenInk>(*m_fonts))
 {}
 
 void DesignScene::setDevice(QSizeF dpi)
@@ -36,6 +52,7 @@ void DesignScene::setDevice(QSizeF dpi)
     if (dpi.isEmpty() || dpi == m_fonts->dpi())
         return;
     m_fonts = std::make_unique<DeviceFonts>(dpi);
+    m_ink = std::make_unique<ScreenInk>(*m_fonts);
     m_stale = true;
 }
 
@@ -62,42 +79,48 @@ QRectF DesignScene::update(std::vector<Element> LabelLayout::*list, const LabelL
     const std::vector<Element> &now = layout.*list;
     std::vector<Element> &former = m_shown.*list;
     QRectF place;
-    std::vector<std::size_t> changed;
-    for (std::size_t i = 0; i < now.size(); ++i)
-        if (all || i >= former.size() || !(now[i] == former[i]))
-            changed.push_back(i);
     for (std::size_t i = now.size(); i < items.size(); ++i)
-        place = around(place, items[i].bounds);
-    items.resize(now.size());
-    for (const std::size_t i : changed)
-        place = around(place, items[i].bounds);
-    build(list, layout, changed, items);
-    for (const std::size_t i : changed) {
-        place = around(place, items[i].bounds);
-        if (i < former.size())
-            former[i] = now[i];
+        place = around(place, items[i].place());
+    former.resize(now.size());
+    std::vector<std::size_t> moved;
+    std::vector<std::size_t> changed;
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const bool fresh = all || i >= items.size();
+        if (!fresh && now[i] == former[i])
+            continue;
+        moved.push_back(i);
+        if (i < items.size())
+            place = around(place, items[i].place());
+        if (fresh || !(atZero(now[i]) == atZero(former[i])))
+            changed.push_back(i);
+        former[i] = now[i];
     }
-    if (former.size() != now.size())
-        former = now;
+    items.resize(now.size());
+    build(list, changed, items);
+    for (const std::size_t i : moved) {
+        items[i].at = rectangle(now[i].box).topLeft();
+        place = around(place, items[i].place());
+    }
     return place;
 }
 
 template <typename Element>
-void DesignScene::build(std::vector<Element> LabelLayout::*list, const LabelLayout &layout,
+void DesignScene::build(std::vector<Element> LabelLayout::*list,
                         const std::vector<std::size_t> &changed, Items &items)
 {
     if (changed.empty())
         return;
     LabelLayout part;
     for (const std::size_t i : changed) {
-        (part.*list).push_back((layout.*list)[i]);
-        items[i] = {{}, rectangle((layout.*list)[i].box), false};
+        (part.*list).push_back(atZero((m_shown.*list)[i]));
+        items[i] = {{}, rectangle((part.*list).back().box), {}, false};
     }
     BuiltLabel built = buildLabel(part, m_row, *m_fonts);
     for (DrawCommand &command : built.commands) {
-        const std::size_t index = changed[static_cast<std::size_t>(command.element.index)];
-        command.element.index = static_cast<int>(index);
-        Item &item = items[index];
+        if (const auto *const picture = std::get_if<PictureCommand>(&command.shape))
+            if (!canShow(*picture))
+                continue;
+        Item &item = items[changed[static_cast<std::size_t>(command.element.index)]];
         item.bounds = around(item.bounds, boundingBox(command, *m_fonts));
         item.commands.push_back(std::move(command));
     }
@@ -105,10 +128,18 @@ void DesignScene::build(std::vector<Element> LabelLayout::*list, const LabelLayo
         items[changed[text]].overflows = true;
 }
 
+bool DesignScene::canShow(const PictureCommand &picture)
+{
+    const QPointF corner(picture.box.width(), picture.box.height());
+    const QPoint dots = onPaper(corner) ? toDots(corner, m_fonts->dpi()).toPoint() : QPoint();
+    return dots.x() > 0 && dots.y() > 0 &&
+           !m_pictures->find(picture.file, {dots.x(), dots.y()}).isNull();
+}
+
 void DesignScene::paint(QPainter &painter, const CanvasView &view, const QRectF &exposed)
 {
     painter.save();
-    CommandPainter ink(painter, *m_fonts, *m_pictures);
+    CommandPainter ink(painter, *m_fonts, *m_pictures, m_ink.get());
     // Bars thinner than a pixel are shown as grey, not left out.
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(view.origin());
@@ -116,10 +147,8 @@ void DesignScene::paint(QPainter &painter, const CanvasView &view, const QRectF 
                   view.scale() * kMmPerInch / m_fonts->dpi().height());
     for (const Items *items : {&m_pictureItems, &m_barcodeItems, &m_textItems})
         for (const Item &item : *items)
-            if (!item.commands.empty() && item.bounds.left() <= exposed.right() &&
-                item.bounds.right() >= exposed.left() && item.bounds.top() <= exposed.bottom() &&
-                item.bounds.bottom() >= exposed.top())
-                ink.paint(item.commands);
+            if (!item.commands.empty() && meet(item.place(), exposed))
+                ink.paint(item.commands, item.at);
     painter.restore();
 }
 
@@ -145,13 +174,4 @@ bool DesignScene::hasInk(LabelRef ref) const
 {
     const Items &items = itemsOf(ref.kind);
     return ref.index < items.size() && !items[ref.index].commands.empty();
-}
-
-std::vector<DrawCommand> DesignScene::commands() const
-{
-    std::vector<DrawCommand> all;
-    for (const Items *items : {&m_pictureItems, &m_barcodeItems, &m_textItems})
-        for (const Item &item : *items)
-            all.insert(all.end(), item.commands.begin(), item.commands.end());
-    return all;
 }

@@ -6,8 +6,8 @@
 #include "paper/device_font.h"
 #include "paper/draw_commands.h"
 #include "paper/picture_store.h"
+#include "paper/screen_ink.h"
 
-#include <array>
 #include <memory>
 
 QT_BEGIN_NAMESPACE
@@ -16,7 +16,7 @@ QT_END_NAMESPACE
 
 /// The draw commands of the label on the canvas, those of the print engine for the layout's
 /// printer: lines break, texts are cut and bars snap as on its paper. Only what changed of the
-/// layout is built anew.
+/// layout is built anew; what was only moved draws the same elsewhere.
 class DesignScene
 {
 public:
@@ -40,19 +40,20 @@ public:
     /// Whether a text has more to say than its box holds.
     bool overflows(LabelRef text) const;
 
-    /// False for what would leave no trace on paper: no picture, no number, no text.
+    /// False for what would leave no trace on paper: no picture that can be read, no number,
+    /// no text.
     bool hasInk(LabelRef ref) const;
 
-    /// All commands in painting order, for comparing.
-    std::vector<DrawCommand> commands() const;
-
 private:
-    /// What one element draws.
+    /// What one element draws, in mm from its own corner.
     struct Item
     {
         std::vector<DrawCommand> commands;
-        QRectF bounds; ///< mm
+        QRectF bounds;
+        QPointF at; ///< of the element on the label, mm
         bool overflows = false;
+
+        QRectF place() const { return bounds.translated(at); }
     };
     using Items = std::vector<Item>;
 
@@ -60,15 +61,17 @@ private:
     QRectF update(std::vector<Element> LabelLayout::*list, const LabelLayout &layout, Items &items,
                   bool all);
     template <typename Element>
-    void build(std::vector<Element> LabelLayout::*list, const LabelLayout &layout,
-               const std::vector<std::size_t> &changed, Items &items);
+    void build(std::vector<Element> LabelLayout::*list, const std::vector<std::size_t> &changed,
+               Items &items);
 
+    bool canShow(const PictureCommand &picture);
     const Items &itemsOf(ElementKind kind) const;
 
     QString m_folder;
     std::unique_ptr<DeviceFonts> m_fonts;
     std::unique_ptr<PictureStore> m_pictures;
-    LabelLayout m_shown; ///< its elements only
+    std::unique_ptr<ScreenInk> m_ink; ///< of m_fonts
+    LabelLayout m_shown;              ///< its elements only
     LabelRow m_row;
     bool m_stale = true; ///< everything is to be built anew
     Items m_pictureItems;

@@ -3,6 +3,7 @@
 #include "common/amount.h"
 
 #include <QPainter>
+#include <QPixmap>
 
 #include <cmath>
 
@@ -192,15 +193,19 @@ void paintHandles(QPainter &painter, const QRectF &frame)
 void paintSelection(QPainter &painter, const OverlayLook &look)
 {
     const LabelLayout &layout = look.editor.layout();
-    painter.setBrush(Qt::NoBrush);
+    QList<QLineF> sides; // thousands of lines cost less than as many rectangles
     for (const LabelRef ref : look.editor.selection()) {
         const QRectF box = onPixels(look.view.toPixels(rectangle(boxOf(layout, ref))));
-        painter.setPen(line(look.active ? kAccent : kPale));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(box);
-        if (look.editor.design().locked.contains(ref))
-            paintLock(painter, box.topLeft());
+        sides << QLineF(box.topLeft(), box.topRight()) << QLineF(box.topRight(), box.bottomRight())
+              << QLineF(box.bottomRight(), box.bottomLeft())
+              << QLineF(box.bottomLeft(), box.topLeft());
     }
+    painter.setPen(line(look.active ? kAccent : kPale));
+    painter.drawLines(sides);
+    for (const LabelRef ref : look.editor.design().locked)
+        if (look.editor.selection().contains(ref))
+            paintLock(painter,
+                      onPixel(look.view.toPixels(rectangle(boxOf(layout, ref)).topLeft())));
     const RefSet free = look.editor.changeable();
     if (free.isEmpty())
         return;
@@ -246,25 +251,38 @@ void paintDragged(QPainter &painter, const OverlayLook &look)
         paintNumbers(painter, look, edits::bounds(look.editor.layout(), look.editor.changeable()));
 }
 
-void paintNotices(QPainter &painter, const OverlayLook &look)
+/// The mark of an element with something to say.
+QPixmap warningBadge(qreal ratio)
 {
+    const double side = 2 * kBadge + 2; // its rim, too
+    QPixmap badge((QSizeF(side, side) * ratio).toSize());
+    badge.setDevicePixelRatio(ratio);
+    badge.fill(Qt::transparent);
+    QPainter painter(&badge);
     painter.setRenderHint(QPainter::Antialiasing);
     QFont font = painter.font();
     font.setBold(true);
     font.setPixelSize(11);
     painter.setFont(font);
-    for (const DesignNotice &notice : look.notices) {
-        const LabelRef ref = notice.ref;
-        if (notice.light || !hasElement(look.editor.layout(), ref))
+    const QRectF circle(1, 1, 2 * kBadge, 2 * kBadge);
+    painter.setPen(QPen(Qt::white, 1.5));
+    painter.setBrush(QColor::fromRgba(kWarning));
+    painter.drawEllipse(circle);
+    painter.drawText(circle, Qt::AlignCenter, u"!"_s);
+    return badge;
+}
+
+void paintNotices(QPainter &painter, const OverlayLook &look)
+{
+    if (look.marked.isEmpty())
+        return;
+    const QPixmap badge = warningBadge(painter.device()->devicePixelRatioF());
+    const QPointF middle(kBadge + 1, kBadge + 1);
+    for (const LabelRef ref : look.marked) {
+        if (!hasElement(look.editor.layout(), ref))
             continue;
         const QRectF box = look.view.toPixels(rectangle(boxOf(look.editor.layout(), ref)));
-        const QPointF at = box.topRight();
-        const QRectF badge(at.x() - kBadge, at.y() - kBadge, 2 * kBadge, 2 * kBadge);
-        painter.setPen(QPen(Qt::white, 1.5));
-        painter.setBrush(QColor::fromRgba(kWarning));
-        painter.drawEllipse(badge);
-        painter.setPen(Qt::white);
-        painter.drawText(badge, Qt::AlignCenter, u"!"_s);
+        painter.drawPixmap((box.topRight() - middle).toPoint(), badge);
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "labels/designer/canvas_view.h"
-#include "labels/designer/design_checks.h"
 #include "labels/designer/design_editor.h"
 #include "labels/designer/design_scene.h"
 #include "labels/designer/label_size.h"
@@ -30,8 +29,8 @@ struct OverlayLook
     const CanvasView &view;
     const DesignEditor &editor;
     const DesignScene &scene;
-    const std::vector<DesignNotice> &notices;
-    bool active = false; ///< the canvas has the keyboard
+    const RefSet &marked; ///< elements that print other than one thinks
+    bool active = false;  ///< the canvas has the keyboard
 };
 
 /// Frames of elements without ink, guides, the selection with its handles, what is being dragged,

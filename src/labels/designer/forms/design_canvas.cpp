@@ -56,6 +56,9 @@ DesignCanvas::DesignCanvas(DesignEditor &editor, const QString &pictures, QWidge
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     setFrameShape(QFrame::NoFrame);
+    // A fitted page follows the room that is left to it: bars that come and go would chase it.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     connect(&editor, &DesignEditor::designChanged, this, &DesignCanvas::rebuild);
     connect(&editor, &DesignEditor::selectionChanged, viewport(), qOverload<>(&QWidget::update));
     connect(&editor, &DesignEditor::overlayChanged, viewport(), qOverload<>(&QWidget::update));
@@ -81,6 +84,10 @@ void DesignCanvas::setRow(const LabelRow &row)
 void DesignCanvas::setNotices(const std::vector<DesignNotice> &notices)
 {
     m_notices = notices;
+    m_marked.clear();
+    for (const DesignNotice &notice : notices)
+        if (!notice.light)
+            m_marked.insert(notice.ref);
     viewport()->update();
 }
 
@@ -233,14 +240,22 @@ void DesignCanvas::mouseMoveEvent(QMouseEvent *event)
     Q_EMIT pointerMoved(at.mm);
 }
 
-/// What is dragged out of the window takes the page along, faster the farther out.
+/// What is dragged out of the window takes the page along, faster the farther out, as far as there
+/// is something of the sheet.
 void DesignCanvas::scrollWhileDragging()
 {
+    const QRectF all =
+        m_view.toPixels(content()).adjusted(-kScrollRoom, -kScrollRoom, kScrollRoom, kScrollRoom);
     const auto beyond = [](double at, double room) {
         return std::clamp(at < 0 ? at : std::max(at - room, 0.0), -kScrollMost, kScrollMost);
     };
-    const QPointF out(beyond(m_dragged.at.x(), viewport()->width()),
-                      beyond(m_dragged.at.y(), viewport()->height()));
+    const auto left = [](double by, double low, double high) {
+        return std::clamp(by, std::min(low, 0.0), std::max(high, 0.0));
+    };
+    const QPointF out(left(beyond(m_dragged.at.x(), viewport()->width()), all.left(),
+                           all.right() - viewport()->width()),
+                      left(beyond(m_dragged.at.y(), viewport()->height()), all.top(),
+                           all.bottom() - viewport()->height()));
     if (out.isNull()) {
         m_scrollTimer.stop();
         return;
@@ -411,7 +426,7 @@ void DesignCanvas::paintEvent(QPaintEvent *event)
         event->rect(), m_base,
         QRectF(QPointF(event->rect().topLeft()) * ratio, QSizeF(event->rect().size()) * ratio)
             .toRect());
-    paintOverlay(painter, {m_view, m_editor, m_scene, m_notices, hasFocus()});
+    paintOverlay(painter, {m_view, m_editor, m_scene, m_marked, hasFocus()});
 }
 
 void DesignCanvas::fillBase(const QRegion &exposed)

@@ -80,6 +80,7 @@ private:
     QMarginsF m_unprintable;
     LabelRow m_row;
     std::vector<DesignNotice> m_notices;
+    RefSet m_marked;      ///< elements with a notice that weighs
     QPixmap m_base;       ///< sheet and ink as they lie on the page now
     QRegion m_staleBase;  ///< of m_base, in pixels
     bool m_fitted = true; ///< the zoom follows the window until the user chooses one
