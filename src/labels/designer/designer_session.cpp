@@ -16,7 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kLookAfter = 150;    ///< milliseconds
+constexpr int kLookAfter = 150; ///< milliseconds
+constexpr qint64 kLookFor = 8;  ///< milliseconds at a time, half of a screen's picture
+constexpr std::size_t kMostSheets = 16;
 constexpr int kCopyEvery = 20'000; ///< milliseconds: what a crash may cost
 const QString kShippedSheets = u":/dukkan/ayar/kagitlar.csv"_s;
 const QString kPickFile = u"Ayar Dosyası Seciniz..."_s;
@@ -48,16 +50,18 @@ Design newDesign()
 DesignerSession::DesignerSession(Program &program, QObject *parent)
     : QObject(parent), m_program(program),
       m_files(program.keys, program.clock, program.directory()),
-      m_pictures(program.prompt, program.directory()), m_samples(program, program.clock)
+      m_pictures(program.prompt, program.directory()), m_samples(program, program.clock),
+      m_checks(m_pictures.path())
 {
     connect(&m_editor, &DesignEditor::statusChanged, this, &DesignerSession::statusChanged);
     connect(&m_copyTimer, &QTimer::timeout, this, &DesignerSession::keepCopy);
     m_copyTimer.start(kCopyEvery);
     m_lookTimer.setSingleShot(true);
     m_lookTimer.setInterval(kLookAfter);
-    connect(&m_lookTimer, &QTimer::timeout, this, &DesignerSession::look);
-    connect(&m_editor, &DesignEditor::designChanged, &m_lookTimer, qOverload<>(&QTimer::start));
-    connect(this, &DesignerSession::rowChanged, &m_lookTimer, qOverload<>(&QTimer::start));
+    connect(&m_lookTimer, &QTimer::timeout, this, &DesignerSession::startLooking);
+    connect(&m_lookOn, &QTimer::timeout, this, &DesignerSession::look);
+    connect(&m_editor, &DesignEditor::designChanged, this, &DesignerSession::lookSoon);
+    connect(this, &DesignerSession::rowChanged, this, &DesignerSession::lookSoon);
     load(newDesign(), {});
 }
 
@@ -71,6 +75,7 @@ void DesignerSession::load(const Design &design, const QString &fileName, bool s
     m_fileName = fileName;
     m_firstPlace = 1;
     m_copied = design;
+    m_checks.forgetPictures();
     m_editor.load(design, saved);
     Q_EMIT titleChanged();
     Q_EMIT opened();
@@ -127,11 +132,13 @@ bool DesignerSession::refusedName(const QString &name)
 bool DesignerSession::kaydet(const QString &name, bool makeDefault)
 {
     const QString file = layoutFileName(name);
-    if (refusedName(name) ||
-        (m_files.exists(file) &&
-         !m_program.ask(u"Aynı İsimde Ayar Mevcut.Yinede Değiştirilmesini İstiyormusunuz..."_s)))
+    if (refusedName(name))
         return false;
-    if (!finishSaving(file))
+    const bool there = m_files.exists(file);
+    if (there &&
+        !m_program.ask(u"Aynı İsimde Ayar Mevcut.Yinede Değiştirilmesini İstiyormusunuz..."_s))
+        return false;
+    if (!finishSaving(file, there))
         return false;
     if (makeDefault && !setDefaultLayout(m_program.keys, m_program.directory(), file))
         m_program.warn(u"Tasarım kaydedildi, ama varsayılan yapılamadı."_s);
@@ -152,18 +159,21 @@ bool DesignerSession::saveAs(const QString &name)
                                            u"İstiyormusunuz..."_s))
         return false;
     const bool made = !there && m_files.create(file);
-    const bool saved = finishSaving(file);
+    const bool saved = finishSaving(file, there);
     if (made && !saved)
         m_files.remove(file);
     return saved;
 }
 
-/// Writes the file; what waited for it goes on.
-bool DesignerSession::finishSaving(const QString &file)
+/// Writes the file; what waited for it goes on. `there`: a file of that name was there before.
+bool DesignerSession::finishSaving(const QString &file, bool there)
 {
     if (!m_files.save(file, m_editor.design())) {
-        m_program.warn(u"Tasarım kaydedilemedi: klasöre yazma izni yok ya da disk dolu.\nEski "
-                       u"dosya olduğu gibi duruyor:\n%1"_s.arg(file));
+        const QString state =
+            there ? u"Eski dosya olduğu gibi duruyor"_s : u"Dosya oluşturulmadı"_s;
+        m_program.warn(
+            u"Tasarım kaydedilemedi: klasöre yazma izni yok ya da disk dolu.\n%1:\n%2"_s.arg(state,
+                                                                                             file));
         return false;
     }
     m_fileName = file;
@@ -256,29 +266,38 @@ QList<PrinterPaper> DesignerSession::papers(const QString &printer) const
     return m_program.printers.papers(printer);
 }
 
-/// Asks the printer by opening a document that is never finished. A printer that is away or does
-/// not answer is taken for the usual one.
-const PrinterSheet &DesignerSession::sheetOf(const LabelLayout &layout)
+PrinterSheet DesignerSession::sheetOf(const LabelLayout &layout)
 {
     const PrinterSetup setup = printerSetup(layout, u"Tasarım"_s);
-    if (layout.printer == m_sheetPrinter && setup == m_sheetSetup)
-        return m_sheet;
-    m_sheetPrinter = layout.printer;
-    m_sheetSetup = setup;
-    m_sheet = {};
-    m_sheet.calibration =
-        PrintMemory(m_program.keys, m_program.directory()).calibration(layout.printer);
+    const auto known = std::find_if(m_sheets.begin(), m_sheets.end(), [&](const KnownSheet &one) {
+        return one.printer == layout.printer && one.setup == setup;
+    });
+    if (known != m_sheets.end())
+        return known->sheet;
+    if (m_sheets.size() == kMostSheets)
+        m_sheets.erase(m_sheets.begin());
+    const PrinterSheet sheet = ask(layout.printer, setup);
+    m_sheets.push_back({layout.printer, setup, sheet});
+    return sheet;
+}
+
+/// Asks the printer by opening a document that is never finished. A printer that is away or does
+/// not answer is taken for the usual one.
+PrinterSheet DesignerSession::ask(const QString &printer, const PrinterSetup &setup)
+{
+    PrinterSheet sheet;
+    sheet.calibration = PrintMemory(m_program.keys, m_program.directory()).calibration(printer);
     try {
-        const auto document = m_program.printers.open(layout.printer, setup);
+        const auto document = m_program.printers.open(printer, setup);
         if (!document)
-            return m_sheet;
+            return sheet;
         const QPagedPaintDevice &device = document->device();
-        m_sheet.dpi = resolution(device);
-        m_sheet.unprintable = device.pageLayout().margins(QPageLayout::Millimeter);
+        sheet.dpi = resolution(device);
+        sheet.unprintable = device.pageLayout().margins(QPageLayout::Millimeter);
     } catch (const PrintError &) {
-        Q_EMIT statusChanged(u"%1 yazıcısı yanıt vermiyor."_s.arg(layout.printer));
+        Q_EMIT statusChanged(u"%1 yazıcısı yanıt vermiyor."_s.arg(printer));
     }
-    return m_sheet;
+    return sheet;
 }
 
 QString DesignerSession::calibrationText(const LabelLayout &layout)
@@ -292,27 +311,44 @@ QString DesignerSession::calibrationText(const LabelLayout &layout)
 
 void DesignerSession::printerWasSet()
 {
-    m_sheetPrinter.clear(); // ask anew
-    Q_EMIT printerChanged(sheetOf(m_editor.layout()));
+    forgetPrinters();
+    m_sheet = sheetOf(m_editor.layout());
+    Q_EMIT printerChanged(m_sheet);
+    lookSoon();
+}
+
+/// What was looked at of a design that has changed meanwhile is worth nothing.
+void DesignerSession::lookSoon()
+{
+    m_lookOn.stop();
     m_lookTimer.start();
 }
 
-void DesignerSession::look()
+void DesignerSession::startLooking()
 {
     m_program.handle([this] { // a text was bound to something that was not read yet
         if (m_samples.readFor(m_editor.layout()))
             Q_EMIT rowChanged();
     });
-    const PrinterSheet before = m_sheet;
-    const PrinterSheet &sheet = sheetOf(m_editor.layout());
+    const PrinterSheet sheet = sheetOf(m_editor.layout());
+    const PrinterSheet before = std::exchange(m_sheet, sheet);
     if (sheet.dpi != before.dpi || sheet.unprintable != before.unprintable)
         Q_EMIT printerChanged(sheet);
     const QRectF page(QPointF(), makePrintJob(m_editor.layout(), {}).paper);
-    m_notices = m_checks.look(m_editor.design(), row(),
-                              {.dpi = sheet.dpi,
-                               .area = page.marginsRemoved(sheet.unprintable).size(),
-                               .pictures = m_pictures.path(),
-                               .calibration = sheet.calibration});
+    m_checks.begin(m_editor.design(), row(),
+                   {.dpi = sheet.dpi,
+                    .area = page.marginsRemoved(sheet.unprintable).size(),
+                    .pictures = m_pictures.path(),
+                    .calibration = sheet.calibration});
+    m_lookOn.start(0);
+}
+
+void DesignerSession::look()
+{
+    if (m_checks.goOn(kLookFor))
+        return;
+    m_lookOn.stop();
+    m_notices = m_checks.take();
     Q_EMIT noticesChanged();
 }
 

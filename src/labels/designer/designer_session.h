@@ -55,7 +55,10 @@ public:
     /// The machine's printers and what they can do.
     QStringList printers() const { return m_program.printers.names(); }
     QList<PrinterPaper> papers(const QString &printer) const;
-    const PrinterSheet &sheetOf(const LabelLayout &layout);
+    /// A printer is asked once for each of its papers and qualities.
+    PrinterSheet sheetOf(const LabelLayout &layout);
+    /// Printers are asked anew: one may have been switched on.
+    void forgetPrinters() { m_sheets.clear(); }
     /// How a printer is made to hit the paper, in words.
     QString calibrationText(const LabelLayout &layout);
     /// The printer was calibrated anew.
@@ -99,10 +102,21 @@ Q_SIGNALS:
     void statusChanged(const QString &text);
 
 private:
-    void load(const Design &design, const QString &fileName, bool saved = true);
-    bool refusedName(const QString &name);
-    bool finishSaving(const QString &fileName);
+    /// What a printer has said.
+    struct KnownSheet
+    {
+        QString printer;
+        PrinterSetup setup;
+        PrinterSheet sheet;
+    };
 
+    void load(const Design &design, const QString &fileName, bool saved = true);
+    PrinterSheet ask(const QString &printer, const PrinterSetup &setup);
+    bool refusedName(const QString &name);
+    bool finishSaving(const QString &file, bool there);
+
+    void lookSoon();
+    void startLooking();
     double printerDpi() { return sheetOf(m_editor.layout()).dpi.width(); }
     void look();
 
@@ -119,9 +133,9 @@ private:
     DesignChecks m_checks;
     std::vector<DesignNotice> m_notices;
     QTimer m_lookTimer; ///< looking through a large design waits for a pause of the hands
-    QString m_sheetPrinter;
-    PrinterSetup m_sheetSetup; ///< of m_sheet
-    PrinterSheet m_sheet;
+    QTimer m_lookOn;    ///< and goes on between what the hands do
+    std::vector<KnownSheet> m_sheets;
+    PrinterSheet m_sheet; ///< of the open layout, as it was told last
 };
 
 /// Whether unsaved work of a program that ended unexpectedly waits in the folder.

@@ -6,11 +6,13 @@
 #include "labels/print/scannability.h"
 #include "paper/millimetres.h"
 
+#include <QElapsedTimer>
 #include <QSet>
 #include <QStringList>
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -41,21 +43,34 @@ QString elementName(const PrintJob &job, ElementRef element)
     return {};
 }
 
-/// Looks through the rows of a job in printing order.
+} // namespace
+
+/// Looks through the rows of a job in printing order, a step at a time.
 class ProblemFinder
 {
 public:
-    ProblemFinder(const PrintJob &job, const PrintSurface &surface)
-        : m_job(job), m_surface(surface), m_fonts(surface.dpi), m_pictures(surface.pictures),
-          m_builder(job, m_fonts), m_room(labelRoom(job)), m_farthest(farthestPlace())
+    ProblemFinder(PrintJob job, const PrintSurface &surface, PictureStore &pictures)
+        : m_job(std::move(job)), m_surface(surface), m_fonts(surface.dpi), m_pictures(pictures),
+          m_builder(m_job, m_fonts), m_room(labelRoom(m_job)), m_farthest(farthestPlace())
     {}
 
-    std::vector<PrintProblem> find()
+    /// Looks at the layout, the next row, or the next command of a row; false at the end.
+    bool step()
     {
-        lookAtLayout();
-        for (const LabelRow &row : m_job.rows)
-            if (row.count > 0)
-                lookAtRow(row);
+        if (m_label && m_command < m_label->commands.size()) {
+            lookAtCommand(m_command++);
+            return true;
+        }
+        if (m_next == 0)
+            lookAtLayout();
+        if (m_next == m_job.rows.size())
+            return false;
+        beginRow(m_job.rows[m_next++]);
+        return true;
+    }
+
+    std::vector<PrintProblem> take()
+    {
         for (const auto &[element, beyond] : m_beyond)
             addBeyond({element.first, element.second}, beyond);
         m_ofLayout.insert(m_ofLayout.end(), m_ofRows.begin(), m_ofRows.end());
@@ -118,9 +133,15 @@ private:
         }
     }
 
-    void lookAtRow(const LabelRow &row)
+    void beginRow(const LabelRow &row)
     {
-        const BuiltLabel label = m_builder.label(row);
+        m_label.reset();
+        if (row.count < 1)
+            return;
+        m_row = &row;
+        m_command = 0;
+        m_label = m_builder.label(row);
+        m_covers.emplace(*m_label, m_job, m_fonts, m_pictures);
         if (!m_job.barcodes.empty()) {
             const QString fault = numberFault(row.barcode, m_symbology);
             m_symbology = ean::bySize(row.barcode, m_symbology);
@@ -131,16 +152,15 @@ private:
             rowProblem(row, {}, u"fiyatı yok"_s);
         else if (m_hasPrice && amount::parse(row.price) == 0.0)
             rowProblem(row, {}, u"fiyatı sıfır"_s);
-        for (const std::size_t text : label.overflowing) {
+        for (const std::size_t text : m_label->overflowing) {
             const ElementRef element = elementRef(ElementKind::text, text);
             rowProblem(row, element, elementName(m_job, element) + u" kutusuna sığmıyor"_s);
         }
-        for (const DrawCommand &command : label.commands)
-            lookAtCommand(row, label, command);
     }
 
-    void lookAtCommand(const LabelRow &row, const BuiltLabel &label, const DrawCommand &command)
+    void lookAtCommand(std::size_t number)
     {
+        const DrawCommand &command = m_label->commands[number];
         if (const auto *const bars = std::get_if<BarsCommand>(&command.shape)) {
             const QString key = bars->symbol.name + QString::number(command.element.index);
             if (!m_judged.contains(key)) { // alike for all numbers of a symbology
@@ -148,15 +168,15 @@ private:
                 for (const ScanFault &fault : barFaults(*bars, m_room, m_fonts))
                     layoutProblem(command.element, barcodeText(command.element, fault.text));
             }
-            if (const auto cover = coverFault(label, command, m_job, m_fonts, m_pictures)) {
+            if (const auto cover = m_covers->fault(number)) {
                 const QString text = barcodeText(command.element, cover->text);
                 if (cover->fromRowTexts)
-                    rowProblem(row, command.element, text);
+                    rowProblem(*m_row, command.element, text);
                 else
                     layoutProblem(command.element, text);
             }
         }
-        lookAtPlace(command);
+        lookAtPlace(command, m_covers->place(number));
     }
 
     QString barcodeText(ElementRef element, const QString &fault) const
@@ -165,9 +185,8 @@ private:
     }
 
     /// Whether what a command draws is on the label, and where the printer can reach.
-    void lookAtPlace(const DrawCommand &command)
+    void lookAtPlace(const DrawCommand &command, const QRectF &ink)
     {
-        const QRectF ink = boundingBox(command, m_fonts);
         if (!onPaper(ink.topLeft()) || !onPaper(ink.bottomRight()))
             return;
         const QRectF label =
@@ -216,13 +235,18 @@ private:
                                        elementName(m_job, element), edges.join(u", "_s)));
     }
 
-    const PrintJob &m_job;
-    const PrintSurface &m_surface;
+    PrintJob m_job;
+    PrintSurface m_surface;
     DeviceFonts m_fonts;
-    PictureStore m_pictures;
+    PictureStore &m_pictures;
     LabelBuilder m_builder;
     QSizeF m_room;
     QPointF m_farthest;
+    std::size_t m_next = 0;              ///< row
+    const LabelRow *m_row = nullptr;     ///< that is being looked at
+    std::optional<BuiltLabel> m_label;   ///< of m_row
+    std::optional<CoverSearch> m_covers; ///< of m_label
+    std::size_t m_command = 0;           ///< of m_label, the next
     ean::Symbology m_symbology = ean::Symbology::ean13;
     bool m_hasPrice = false;
     QSet<QString> m_known;
@@ -232,11 +256,34 @@ private:
     std::vector<PrintProblem> m_ofRows;
 };
 
-} // namespace
-
 std::vector<PrintProblem> findPrintProblems(const PrintJob &job, const PrintSurface &surface)
 {
-    return ProblemFinder(job, surface).find();
+    PictureStore pictures(surface.pictures);
+    ProblemFinder finder(job, surface, pictures);
+    while (finder.step()) {
+    }
+    return finder.take();
+}
+
+ProblemSearch::ProblemSearch(PrintJob job, const PrintSurface &surface, PictureStore &pictures)
+    : m_finder(std::make_unique<ProblemFinder>(std::move(job), surface, pictures))
+{}
+
+ProblemSearch::~ProblemSearch() = default;
+
+bool ProblemSearch::goOn(qint64 milliseconds)
+{
+    QElapsedTimer since;
+    since.start();
+    while (m_finder->step())
+        if (since.hasExpired(milliseconds))
+            return true;
+    return false;
+}
+
+std::vector<PrintProblem> ProblemSearch::take()
+{
+    return m_finder->take();
 }
 
 QString layoutProblemKey(const std::vector<PrintProblem> &problems)

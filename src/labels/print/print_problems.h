@@ -5,6 +5,11 @@
 
 #include <QAbstractTableModel>
 
+#include <memory>
+
+class PictureStore;
+class ProblemFinder;
+
 /// Something that would be printed other than the user thinks.
 struct PrintProblem
 {
@@ -31,6 +36,26 @@ struct PrintSurface
 /// without a price, texts that do not fit or are bound to an unknown field, missing pictures,
 /// elements outside the label or beyond the printer's reach.
 std::vector<PrintProblem> findPrintProblems(const PrintJob &job, const PrintSurface &surface);
+
+/// The same in slices, for a window that must not stand still meanwhile.
+class ProblemSearch
+{
+public:
+    /// `pictures`: kept by reference, so that a search made again and again reads each picture
+    /// once.
+    ProblemSearch(PrintJob job, const PrintSurface &surface, PictureStore &pictures);
+    ~ProblemSearch();
+    Q_DISABLE_COPY_MOVE(ProblemSearch)
+
+    /// Works for so many milliseconds; false when everything was looked at.
+    bool goOn(qint64 milliseconds);
+
+    /// What was found, once.
+    std::vector<PrintProblem> take();
+
+private:
+    std::unique_ptr<ProblemFinder> m_finder;
+};
 
 /// The problems of the layout as one line that stays the same while they do; "" without any.
 QString layoutProblemKey(const std::vector<PrintProblem> &problems);

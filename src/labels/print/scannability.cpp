@@ -74,25 +74,16 @@ bool isBound(ElementRef element, const PrintJob &job)
            !job.texts[static_cast<std::size_t>(element.index)].field.isEmpty();
 }
 
-/// Whether commands leave ink in a zone (dots) on which bars of that red could not be told apart.
-bool darkens(const std::vector<DrawCommand> &commands, const QRect &zone, int red,
-             const DeviceFonts &fonts, PictureStore &pictures)
+/// The colour of a command's ink; nothing for pictures, which have many.
+struct Ink
 {
-    QImage image(zone.size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
+    std::optional<QRgb> operator()(const PictureCommand &) const { return {}; }
+    template <typename Command>
+    std::optional<QRgb> operator()(const Command &command) const
     {
-        QPainter painter(&image);
-        painter.translate(-zone.topLeft());
-        CommandPainter(painter, fonts, pictures).paint(commands);
+        return command.colour;
     }
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        if (std::any_of(line, line + image.width(),
-                        [red](QRgb dot) { return qRed(dot) < red + kLeastContrast; }))
-            return true;
-    }
-    return false;
-}
+};
 
 } // namespace
 
@@ -142,37 +133,102 @@ std::vector<ScanFault> barFaults(const BarsCommand &bars, QSizeF label, const De
     return faults;
 }
 
-std::optional<ScanFault> coverFault(const BuiltLabel &label, const DrawCommand &bars,
-                                    const PrintJob &job, const DeviceFonts &fonts,
-                                    PictureStore &pictures)
+CoverSearch::CoverSearch(const BuiltLabel &label, const PrintJob &job, const DeviceFonts &fonts,
+                         PictureStore &pictures)
+    : m_label(label), m_job(job), m_fonts(fonts), m_pictures(pictures)
 {
-    const auto &command = std::get<BarsCommand>(bars.shape);
-    std::vector<DrawCommand> others;
-    for (const DrawCommand &other : label.commands)
-        if (other.element != bars.element && boundingBox(other, fonts).intersects(command.box))
-            others.push_back(other);
-    const auto symbol = others.empty() ? std::nullopt : drawn(command, fonts);
-    if (!symbol ||
-        !darkens(others, zone(command.symbol, *symbol), qRed(command.colour), fonts, pictures))
+    m_places.reserve(label.commands.size());
+    for (const DrawCommand &command : label.commands)
+        m_places.push_back(boundingBox(command, fonts));
+}
+
+std::optional<ScanFault> CoverSearch::fault(std::size_t bars)
+{
+    const DrawCommand &command = m_label.commands[bars];
+    const auto &shape = std::get<BarsCommand>(command.shape);
+    std::vector<std::size_t> others;
+    for (std::size_t i = 0; i < m_places.size(); ++i)
+        if (m_places[i].intersects(shape.box) && m_label.commands[i].element != command.element)
+            others.push_back(i);
+    const auto symbol = others.empty() ? std::nullopt : drawn(shape, m_fonts);
+    if (!symbol || !covered(zone(shape.symbol, *symbol), qRed(shape.colour), others))
         return {};
-    const bool fromRow = std::all_of(others.cbegin(), others.cend(), [&](const DrawCommand &other) {
-        return isBound(other.element, job);
+    const bool fromRow = std::all_of(others.cbegin(), others.cend(), [&](std::size_t other) {
+        return isBound(m_label.commands[other].element, m_job);
     });
     return ScanFault{ScanFault::covered,
                      u"barkodun ya da boşluk payının üstüne başka öğe geliyor"_s, fromRow};
+}
+
+/// Whether others leave ink in a zone (dots) on which bars of that red could not be told apart.
+bool CoverSearch::covered(const QRect &zone, int red, const std::vector<std::size_t> &others)
+{
+    std::vector<DrawCommand> pictures; // a light one may lie over a dark one
+    for (const std::size_t other : others)
+        if (std::holds_alternative<PictureCommand>(m_label.commands[other].shape))
+            pictures.push_back(m_label.commands[other]);
+        else if (darkens(other, zone, red))
+            return true;
+    return !pictures.empty() && showsDark(pictures, zone, red);
+}
+
+bool CoverSearch::darkens(std::size_t other, const QRect &zone, int red)
+{
+    const DrawCommand &command = m_label.commands[other];
+    if (qRed(*std::visit(Ink(), command.shape)) >= red + kLeastContrast)
+        return false;
+    if (const auto *const bars = std::get_if<BarsCommand>(&command.shape)) {
+        const auto symbol = drawn(*bars, m_fonts);
+        if (!symbol)
+            return false;
+        const auto dark =
+            barRectangles(bars->symbol, symbol->geometry, symbol->bottom, symbol->geometry.bottom);
+        if (std::any_of(dark.begin(), dark.end(),
+                        [&](const QRect &bar) { return bar.intersects(zone); }))
+            return true;
+    }
+    // Slanted letters stand out of their line.
+    const QRectF &place = m_places[other];
+    const QRectF reach(toDots(place.topLeft(), m_fonts.dpi()),
+                       toDots(place.bottomRight(), m_fonts.dpi()));
+    const double beyond = reach.height();
+    const QRectF part = reach.adjusted(-beyond, -beyond, beyond, beyond) & QRectF(zone);
+    return showsDark({command}, part.toAlignedRect(), red);
+}
+
+/// Whether commands leave such ink on a part of the label (dots).
+bool CoverSearch::showsDark(const std::vector<DrawCommand> &commands, const QRect &part, int red)
+{
+    if (part.isEmpty())
+        return false;
+    QImage image(part.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        painter.translate(-part.topLeft());
+        CommandPainter(painter, m_fonts, m_pictures).paint(commands);
+    }
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        if (std::any_of(line, line + image.width(),
+                        [red](QRgb dot) { return qRed(dot) < red + kLeastContrast; }))
+            return true;
+    }
+    return false;
 }
 
 std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
                                                const DeviceFonts &fonts, PictureStore &pictures)
 {
     std::vector<std::vector<ScanFault>> all(job.barcodes.size());
-    for (const DrawCommand &command : label.commands) {
-        const auto *const bars = std::get_if<BarsCommand>(&command.shape);
+    CoverSearch search(label, job, fonts, pictures);
+    for (std::size_t i = 0; i < label.commands.size(); ++i) {
+        const auto *const bars = std::get_if<BarsCommand>(&label.commands[i].shape);
         if (bars == nullptr)
             continue;
-        auto &faults = all[static_cast<std::size_t>(command.element.index)];
+        auto &faults = all[static_cast<std::size_t>(label.commands[i].element.index)];
         faults = barFaults(*bars, labelRoom(job), fonts);
-        if (auto cover = coverFault(label, command, job, fonts, pictures))
+        if (auto cover = search.fault(i))
             faults.push_back(std::move(*cover));
     }
     return all;

@@ -39,10 +39,31 @@ QString numberFault(QStringView number, ean::Symbology inForce);
 /// device alone.
 std::vector<ScanFault> barFaults(const BarsCommand &bars, QSizeF label, const DeviceFonts &fonts);
 
-/// The fault of a barcode that others of the label's commands are drawn over or beneath.
-std::optional<ScanFault> coverFault(const BuiltLabel &label, const DrawCommand &bars,
-                                    const PrintJob &job, const DeviceFonts &fonts,
-                                    PictureStore &pictures);
+/// Finds what else of a label is printed on its barcodes.
+class CoverSearch
+{
+public:
+    /// All are kept by reference.
+    CoverSearch(const BuiltLabel &label, const PrintJob &job, const DeviceFonts &fonts,
+                PictureStore &pictures);
+
+    /// Around what the label's command of that number draws (mm).
+    const QRectF &place(std::size_t command) const { return m_places[command]; }
+
+    /// The fault of the barcode that the command of that number draws.
+    std::optional<ScanFault> fault(std::size_t bars);
+
+private:
+    bool covered(const QRect &zone, int red, const std::vector<std::size_t> &others);
+    bool darkens(std::size_t other, const QRect &zone, int red);
+    bool showsDark(const std::vector<DrawCommand> &commands, const QRect &part, int red);
+
+    const BuiltLabel &m_label;
+    const PrintJob &m_job;
+    const DeviceFonts &m_fonts;
+    PictureStore &m_pictures;
+    std::vector<QRectF> m_places; ///< of m_label's commands
+};
 
 /// All faults of the barcodes of one built label, by the number of the barcode in the layout.
 std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,

@@ -1,6 +1,8 @@
 #include "fakes/fake_ports.h"
 #include "labels/designer/design_checks.h"
+#include "labels/designer/design_scene.h"
 #include "labels/designer/designs.h"
+#include "labels/designer/geometry.h"
 #include "labels/designer/readable_bars.h"
 #include "labels/designer/sheet_preview.h"
 #include "labels/print/print_desk.h"
@@ -120,6 +122,38 @@ TEST(DesignOutput, ThePreviewIsThePrintedPageDotByDot)
     }
 }
 
+// What was only moved is not built anew; it must look as if it had been.
+TEST(DesignOutput, AMovedElementLooksAsIfItHadAlwaysStoodThere)
+{
+    LabelLayout layout = textsAt({{2, 2, 20, 6}, {30, 2, 5, 25}}).layout;
+    layout.texts[1].angle = 90;
+    layout.texts[0].alignment = u"3"_s;
+    layout.barcodes = {barsAt({2, 12, 38, 15})};
+    const LabelRow row = PrintDesk::row(u"Ayran 1 L"_s, 1);
+    const auto picture = [](DesignScene &scene) {
+        QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        scene.paint(painter, CanvasView(), {-1000, -1000, 3000, 3000});
+        return image;
+    };
+    DesignScene scene({});
+    scene.show(layout, row);
+    const QRectF before = scene.show(layout, row);
+    EXPECT_TRUE(before.isNull());
+    for (const LabelRef ref : RefSet::all(layout)) {
+        LabelBox &box = boxOf(layout, ref);
+        const QRectF former = rectangle(box);
+        box.left += 7.3F;
+        box.top += 3.1F;
+        const QRectF changed = scene.show(layout, row);
+        EXPECT_TRUE(changed.contains(former) && changed.contains(rectangle(box)));
+        DesignScene fresh({});
+        fresh.show(layout, row);
+        EXPECT_TRUE(picture(scene) == picture(fresh));
+    }
+}
+
 TEST(DesignOutput, AnyBoxCanBeMadeReadable)
 {
     const QSizeF label(66, 36);
@@ -185,7 +219,11 @@ TEST(DesignOutput, WhatWouldComeOutWrongIsSaidOfItsElement)
         Design changed = design;
         LabelRow shown = row;
         c.change(changed, shown);
-        const auto notices = DesignChecks().look(changed, shown, {{300, 300}, {150, 90}, {}, {}});
+        DesignChecks checks({});
+        checks.begin(changed, shown, {{300, 300}, {150, 90}, {}, {}});
+        while (checks.goOn(0)) {
+        }
+        const auto notices = checks.take();
         const auto said = [&](const DesignNotice &notice) {
             return notice.ref == c.ref && notice.text.startsWith(c.start);
         };

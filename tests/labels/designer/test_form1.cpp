@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
@@ -182,6 +183,40 @@ TEST_F(Form1Test, TheWheelKeepsWhatIsUnderTheMouse)
     EXPECT_NEAR(canvas->view().toPixels(mm).y(), before.y(), 0.01);
     key(Qt::Key_F5);
     EXPECT_EQ(child<QLabel>(u"yakinlik"_s)->text(), u"%100"_s);
+}
+
+TEST_F(Form1Test, AFittedPageComesToRestInAnyWindow)
+{
+    int moves = 0;
+    QObject::connect(canvas, &DesignCanvas::viewChanged, &form, [&] { ++moves; });
+    for (int height = 500; height < 760; height += 13) {
+        form.resize(900 + height / 2, height);
+        canvas->zoomFit();
+        QTest::qWait(5);
+    }
+    EXPECT_LT(moves, 150);
+}
+
+TEST_F(Form1Test, APrinterIsNotAskedAtEachKeyOfASize)
+{
+    session.newLayout();
+    key(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_NE(dialog(), nullptr);
+    const std::size_t asked = machine.printers.documents.size();
+    auto *width = dialog()->findChild<QLineEdit *>(u"en"_s);
+    width->setFocus();
+    width->selectAll();
+    type(u"220"_s);
+    EXPECT_EQ(machine.printers.documents.size(), asked);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(machine.printers.documents.size(), asked + 1);
+
+    machine.printers.list.clear(); // unplugged
+    width->setFocus();
+    type(u"5"_s);
+    key(Qt::Key_Return);
+    EXPECT_EQ(session.editor().layout().paperWidth, u"2205"_s);
+    EXPECT_EQ(session.editor().layout().printer, u"PDF"_s);
 }
 
 TEST_F(Form1Test, ClosingAsksAboutUnsavedWork)

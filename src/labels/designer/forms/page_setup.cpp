@@ -102,8 +102,11 @@ void PageSetup::chooseSheet(int index)
     showValues();
 }
 
+/// The size of the paper is told to the printer when it stands, not at each key.
 void PageSetup::connectBoxes()
 {
+    for (const QLineEdit *size : {m_ui->en, m_ui->boy})
+        connect(size, &QLineEdit::editingFinished, this, &PageSetup::askPrinter);
     for (const TextBox &text : textBoxes())
         connect(text.box, &QLineEdit::textEdited, this, [this, text](const QString &typed) {
             m_design.layout.*text.value = typed.trimmed();
@@ -117,13 +120,14 @@ void PageSetup::connectChoices()
 {
     connect(m_ui->yazici, &QComboBox::activated, this, [this] {
         m_design.layout.printer = m_ui->yazici->currentData().toString();
+        m_session.forgetPrinters();
         fillPapers();
-        showSheet();
+        askPrinter();
     });
     connect(m_ui->kagit, &QComboBox::activated, this, &PageSetup::choosePaper);
     connect(m_ui->kalite, &QComboBox::activated, this, [this] {
         m_design.layout.quality = QString::number(m_ui->kalite->currentData().toInt());
-        showSheet();
+        askPrinter();
     });
     connect(m_ui->dikey, &QRadioButton::clicked, this, [this] { turnPaper(kPortrait); });
     connect(m_ui->yatay, &QRadioButton::clicked, this, [this] { turnPaper(kLandscape); });
@@ -131,7 +135,7 @@ void PageSetup::connectChoices()
     connect(m_ui->olc, &QPushButton::clicked, this, &PageSetup::measure);
     connect(m_ui->ayar, &QPushButton::clicked, this,
             [this] { Q_EMIT calibrationWanted(m_design.layout); });
-    connect(&m_session, &DesignerSession::printerChanged, this, &PageSetup::showSheet);
+    connect(&m_session, &DesignerSession::printerChanged, this, &PageSetup::askPrinter);
     connect(m_ui->yer, &QSpinBox::valueChanged, this, &PageSetup::showSheet);
     connect(m_ui->resim, &SheetPicture::placeChosen, m_ui->yer,
             [this](qint64 place) { m_ui->yer->setValue(static_cast<int>(place)); });
@@ -185,18 +189,23 @@ void PageSetup::showValues()
     const bool portrait = m_design.layout.orientation == kPortrait;
     m_ui->dikey->setChecked(portrait);
     m_ui->yatay->setChecked(!portrait);
+    askPrinter();
+}
+
+void PageSetup::askPrinter()
+{
+    m_unprintable = m_session.sheetOf(m_design.layout).unprintable;
+    // One that is away stands in the list with a remark.
+    m_ui->ayar->setEnabled(m_ui->yazici->currentText() == m_ui->yazici->currentData().toString());
+    m_ui->ayar->setToolTip(m_session.calibrationText(m_design.layout));
     showSheet();
 }
 
 void PageSetup::showSheet()
 {
-    m_unprintable = m_session.sheetOf(m_design.layout).unprintable;
     const SheetAround sheet = sheetAround(m_design, m_unprintable);
     m_ui->yer->setMaximum(static_cast<int>(sheet.cells.size()));
     m_ui->resim->show(sheet, m_ui->yer->value());
-    // One that is away stands in the list with a remark.
-    m_ui->ayar->setEnabled(m_ui->yazici->currentText() == m_ui->yazici->currentData().toString());
-    m_ui->ayar->setToolTip(m_session.calibrationText(m_design.layout));
     m_ui->sorun->setText(pageProblem(m_design));
 }
 

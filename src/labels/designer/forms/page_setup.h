@@ -45,6 +45,7 @@ private:
     void connectBoxes();
     void connectChoices();
     void showValues();
+    void askPrinter();
     void showSheet();
     void turnPaper(const QString &orientation);
     void choosePaper(int index);
