@@ -31,8 +31,8 @@ constexpr CommandInfo kCommands[] = {
     {erase, Menu::edit, u"sil", u"&Sil", u"Del"},
     {selectAll, Menu::edit, u"tumunu_sec", u"&Tümünü Seç", u"Ctrl+A", false, kDivider},
     {selectNone, Menu::edit, u"secimi_birak", u"Seçimi &Bırak", u"Ctrl+Shift+A"},
-    {selectNext, Menu::edit, u"sonraki_oge", u"S&onraki Öge", u"Tab"},
-    {selectPrevious, Menu::edit, u"onceki_oge", u"Ö&nceki Öge", u"Shift+Tab"},
+    {selectNext, Menu::edit, u"sonraki_oge", u"So&nraki Öge", u"Tab"},
+    {selectPrevious, Menu::edit, u"onceki_oge", u"&Önceki Öge", u"Shift+Tab"},
 
     {pointer, Menu::insert, u"sec", u"&Seç", u"S", kCheckable},
     {addText, Menu::insert, u"metin", u"&Metin", u"M", kCheckable, kDivider},
@@ -41,10 +41,10 @@ constexpr CommandInfo kCommands[] = {
     {addSymbol, Menu::insert, u"simge", u"S&imge", u"G", kCheckable},
 
     {properties, Menu::element, u"ozellikler", u"Ö&zellikler…", u"Return; Enter; F2"},
-    {turnLeft, Menu::element, u"sola_dondur", u"S&ola Döndür", u"Ctrl+R", false, kDivider},
-    {turnRight, Menu::element, u"saga_dondur", u"S&ağa Döndür", u"Ctrl+Shift+R"},
-    {lock, Menu::element, u"kilitle", u"&Kilitle", u"Ctrl+L", kCheckable, kDivider},
-    {unlockAll, Menu::element, u"kilitleri_ac", u"Tüm Ki&litleri Aç", u"Ctrl+Shift+L"},
+    {turnLeft, Menu::element, u"sola_dondur", u"So&la Döndür", u"Ctrl+R", false, kDivider},
+    {turnRight, Menu::element, u"saga_dondur", u"Sa&ğa Döndür", u"Ctrl+Shift+R"},
+    {lock, Menu::element, u"kilitle", u"K&ilitle", u"Ctrl+L", kCheckable, kDivider},
+    {unlockAll, Menu::element, u"kilitleri_ac", u"Tüm Kilitleri A&ç", u"Ctrl+Shift+L"},
 
     {alignLeft, Menu::align, u"sola_hizala", u"&Sola", u"Alt+Left"},
     {alignCentreX, Menu::align, u"yatay_ortala", u"&Yatay Ortaya", u"Alt+Home"},
@@ -57,14 +57,14 @@ constexpr CommandInfo kCommands[] = {
     {centreOnLabelY, Menu::align, u"etikette_dikey", u"E&tikette Dikey Ortala", u"Ctrl+End"},
     {distributeX, Menu::align, u"yatay_dagit", u"Yatay Da&ğıt", u"Alt+Shift+Right", false,
      kDivider},
-    {distributeY, Menu::align, u"dikey_dagit", u"Dikey Dağı&t", u"Alt+Shift+Down"},
+    {distributeY, Menu::align, u"dikey_dagit", u"Di&key Dağıt", u"Alt+Shift+Down"},
     {sameWidth, Menu::align, u"ayni_en", u"Aynı E&n", u"Ctrl+Shift+E", false, kDivider},
     {sameHeight, Menu::align, u"ayni_boy", u"Aynı &Boy", u"Ctrl+Shift+B"},
 
     {front, Menu::order, u"en_one", u"En Ö&ne", u"Ctrl+PgUp"},
-    {forward, Menu::order, u"one", u"Ö&ne", u"PgUp"},
+    {forward, Menu::order, u"one", u"&Öne", u"PgUp"},
     {backward, Menu::order, u"arkaya", u"A&rkaya", u"PgDown"},
-    {back, Menu::order, u"en_arkaya", u"En &Arkaya", u"Ctrl+PgDown"},
+    {back, Menu::order, u"en_arkaya", u"En Arka&ya", u"Ctrl+PgDown"},
 
     {zoomIn, Menu::view, u"yaklas", u"&Yaklaş", u"Ctrl++; Ctrl+="},
     {zoomOut, Menu::view, u"uzaklas", u"&Uzaklaş", u"Ctrl+-"},
@@ -127,15 +127,15 @@ QString captionOf(CommandMenu menu)
     case Menu::insert:
         return u"E&kle"_s;
     case Menu::element:
-        return u"Ö&ge"_s;
+        return u"&Öge"_s;
     case Menu::align:
-        return u"&Hizala"_s;
+        return u"Hiza&la"_s;
     case Menu::order:
-        return u"Sı&ra"_s;
+        return u"&Sıra"_s;
     case Menu::view:
         return u"&Görünüm"_s;
     case Menu::sample:
-        return u"Örne&k Veri"_s;
+        return u"Örnek &Veri"_s;
     default:
         return u"&Yardım"_s;
     }

@@ -43,7 +43,7 @@ PropertyPanel::PropertyPanel(DesignerSession &session, QWidget *parent)
       m_geometry(new GeometryPage(session.editor())), m_text(new TextPage(session)),
       m_barcode(new BarcodePage(session)),
       m_picture(new PicturePage(session.editor(), session.pictures())), m_notice(new QLabel),
-      m_fix(new QPushButton(u"&Okunur boya getir"_s))
+      m_fix(new QPushButton(u"Okunur boya ge&tir"_s))
 {
     auto *column = new QVBoxLayout(this);
     column->setSpacing(8);
