@@ -16,7 +16,7 @@ if [ -z "${TEZGAH_MONKEY:-}" ]; then
     cmake --build --preset dev --target test_monkey
 fi
 log=$PWD/build/monkey-$seed.log
-if ! LSAN_OPTIONS=suppressions=tests/support/lsan.supp:print_suppressions=0 \
+if ! ASAN_OPTIONS=handle_abort=1 LSAN_OPTIONS=suppressions=tests/support/lsan.supp:print_suppressions=0 \
     "$monkey" --seconds "$(awk "BEGIN { print int($minutes * 60) }")" --seed "$seed" --log "$log"; then
     echo "seed $seed; the last steps:"
     tail -n 40 "$log"

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <pthread.h>
 #include <thread>
@@ -55,14 +56,20 @@ private:
         }
     }
 
-    /// How long the first thread has waited for a processor, as Linux counts it.
+    /// How long the threads have waited for a processor, as Linux counts it: the first one may
+    /// wait for another that waits.
     static std::chrono::nanoseconds starved()
     {
-        std::ifstream file("/proc/self/schedstat");
-        long long ran = 0;
-        long long waited = 0;
-        file >> ran >> waited;
-        return std::chrono::nanoseconds(waited);
+        long long all = 0;
+        std::error_code gone; // threads come and go
+        for (const auto &thread : std::filesystem::directory_iterator("/proc/self/task", gone)) {
+            std::ifstream file(thread.path() / "schedstat");
+            long long ran = 0;
+            long long waited = 0;
+            file >> ran >> waited;
+            all += waited;
+        }
+        return std::chrono::nanoseconds(all);
     }
 
     inline static std::atomic<std::chrono::steady_clock::time_point> s_beat;

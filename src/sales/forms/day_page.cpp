@@ -3,6 +3,7 @@
 #include "sales/journal/kurus.h"
 #include "ui_day_page.h"
 
+#include <QCalendarWidget>
 #include <QFileDialog>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +24,8 @@ DayPage::DayPage(DayEnd &day, QWidget *parent)
         const QDate today = m_day.today();
         showDays(QDate(today.year(), today.month(), 1), today);
     });
+    for (const QDateEdit *date : {m_ui->from, m_ui->to}) // dates are typed in the box itself
+        date->calendarWidget()->setDateEditEnabled(false);
     connect(m_ui->from, &QDateEdit::dateChanged, this, &DayPage::readDays);
     connect(m_ui->to, &QDateEdit::dateChanged, this, &DayPage::readDays);
     connect(m_ui->counted, &QLineEdit::textChanged, this, &DayPage::showCounted);
