@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// One message box of the program, ready to show.
 struct Message
 {
@@ -26,11 +28,22 @@ public:
     virtual ~Prompt() = default;
 
     /// The program's own message box.
-    virtual Answer show(const Message &message) = 0;
+    Answer show(const Message &message)
+    {
+        if (beforeBox)
+            beforeBox();
+        return open(message);
+    }
+
+    /// Called before that box opens; may be empty.
+    std::function<void()> beforeBox;
 
     /// The system's plain box with the title "Dikkat" and one button, used by the print commands.
     virtual void warn(const QString &text, bool critical) = 0;
 
     /// The system's plain box with "Evet" and "Hayır".
     virtual bool confirm(const QString &text) = 0;
+
+private:
+    virtual Answer open(const Message &message) = 0;
 };

@@ -2,7 +2,6 @@
 
 #include "common/host_queries.h"
 #include "common/program.h"
-#include "sales/host_fault.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,16 +18,12 @@ CashierChoice::CashierChoice(Program &program, bool byCode, QObject *parent)
 void CashierChoice::load()
 {
     m_entries.clear();
-    try {
-        RecordSet rows = m_program.company().execute(host_queries::allOf(u"PERSONEL"));
-        for (; !rows.eof(); rows.moveNext()) {
-            QString tag;
-            for (const QString &part : {rows.text(u"PERKOD"), rows.text(u"PEROZKOD"), QString()})
-                tag.append(kSeparator).append(part);
-            m_entries.push_back({rows.text(u"PERADSOYAD"), tag});
-        }
-    } catch (const HostError &error) {
-        tellHostFault(m_program, error);
+    RecordSet rows = m_program.company().execute(host_queries::allOf(u"PERSONEL"));
+    for (; !rows.eof(); rows.moveNext()) {
+        QString tag;
+        for (const QString &part : {rows.text(u"PERKOD"), rows.text(u"PEROZKOD"), QString()})
+            tag.append(kSeparator).append(part);
+        m_entries.push_back({rows.text(u"PERADSOYAD"), tag});
     }
 }
 

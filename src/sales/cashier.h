@@ -25,7 +25,7 @@ class CashierChoice final : public QObject
 public:
     CashierChoice(Program &program, bool byCode, QObject *parent = nullptr);
 
-    /// Reads the personnel. A host that cannot be read is told; the list is then empty.
+    /// Reads the personnel. Throws HostError; the list is then empty.
     void load();
 
     bool byCode() const { return m_byCode; }

@@ -208,9 +208,16 @@ void TillSession::setCashier(const Cashier &cashier)
     Q_EMIT cashierChanged();
 }
 
-std::unique_ptr<CashierChoice> TillSession::cashierChoice() const
+std::unique_ptr<CashierChoice> TillSession::cashierChoice()
 {
-    return std::make_unique<CashierChoice>(m_program, m_settings.per.per);
+    auto choice = std::make_unique<CashierChoice>(m_program, m_settings.per.per);
+    const TillWork::Step step(m_work, [] { return u"kasiyerler"_s; });
+    try {
+        choice->load();
+    } catch (const HostError &error) {
+        m_work.later([this, error] { tellHostFault(m_program, error); });
+    }
+    return choice;
 }
 
 std::unique_ptr<Finder> TillSession::itemFinder() const
@@ -229,7 +236,7 @@ void TillSession::search(Finder &finder, const QString &text)
     try {
         finder.search(text);
     } catch (const HostError &error) {
-        tellHostFault(m_program, error);
+        m_work.later([this, error] { tellHostFault(m_program, error); });
     }
 }
 

@@ -70,8 +70,9 @@ public:
     void printReport(const PostingReport &report);
     void saveReport(const PostingReport &report, const QString &path);
 
-    /// What the cashier dialog works with; connect its chosen() to setCashier().
-    std::unique_ptr<CashierChoice> cashierChoice() const;
+    /// What the cashier dialog works with, read; a fault of the host is told. Connect its chosen()
+    /// to setCashier().
+    std::unique_ptr<CashierChoice> cashierChoice();
 
     /// What the windows that find stocks and customers work with; none may outlive the till.
     std::unique_ptr<Finder> itemFinder() const;

@@ -133,17 +133,6 @@ public:
 class ScriptedPrompt final : public Prompt
 {
 public:
-    Answer show(const Message &message) override
-    {
-        shown.push_back(message);
-        if (onShow)
-            onShow();
-        if (answers.empty())
-            return Answer::no;
-        const Answer next = answers.front();
-        answers.erase(answers.begin());
-        return next;
-    }
     void warn(const QString &text, bool) override { warned += text; }
     bool confirm(const QString &text) override
     {
@@ -157,6 +146,19 @@ public:
     QStringList warned;
     QStringList asked;
     bool confirmWith = false;
+
+private:
+    Answer open(const Message &message) override
+    {
+        shown.push_back(message);
+        if (onShow)
+            onShow();
+        if (answers.empty())
+            return Answer::no;
+        const Answer next = answers.front();
+        answers.erase(answers.begin());
+        return next;
+    }
 };
 
 /// A whole machine of fakes and a program on it.

@@ -41,7 +41,7 @@ QList<QAction *> menuEntries()
 
 // ---- message boxes
 
-Answer WatchedPrompt::show(const Message &message)
+Answer WatchedPrompt::open(const Message &message)
 {
     m_log.line(u"      box: %1"_s.arg(message.text));
     const Answer answer = m_boxes.show(message);

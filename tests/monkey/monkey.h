@@ -42,11 +42,11 @@ public:
         : m_goods(goods), m_log(log), m_run(run)
     {}
 
-    Answer show(const Message &message) override;
     void warn(const QString &text, bool critical) override;
     bool confirm(const QString &text) override;
 
 private:
+    Answer open(const Message &message) override;
     void note(const QString &text, const QString &answer);
 
     WindowPrompt m_boxes;

@@ -52,26 +52,42 @@ struct TillForm : testing::Test
     }
 
     /// What the user does in the dialog that opens next.
-    static void inDialog(const std::function<void()> &keys)
+    void inDialog(const std::function<void()> &keys)
     {
         focused(); // the window has the keyboard before the dialog takes it
-        QTimer::singleShot(0, [keys] {
-            EXPECT_TRUE(QTest::qWaitFor([] {
-                const QWidget *dialog = QApplication::activeModalWidget();
-                return dialog && QApplication::focusWidget() &&
-                       QApplication::focusWidget()->window() == dialog;
-            }));
+        dialogAwaited = true;
+        auto *look = new QTimer(&form);
+        look->callOnTimeout([this, look, keys] {
+            const QWidget *dialog = QApplication::activeModalWidget();
+            if (!dialog || !QApplication::focusWidget() ||
+                QApplication::focusWidget()->window() != dialog)
+                return;
+            look->stop();
             keys();
             if (auto *left = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
                 ADD_FAILURE() << "dialog still open: " << left->objectName().toStdString();
                 left->reject();
             }
+            dialogAwaited = false;
         });
+        look->start(1);
+    }
+    /// The same, opened by `opener`.
+    void inDialogOf(Qt::Key opener, const std::function<void()> &keys)
+    {
+        inDialog(keys);
+        key(opener);
+        awaitItsEnd();
+    }
+    void awaitItsEnd()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogAwaited && !session.work().busy(); }));
     }
 
     TillShop shop;
     TillSession session{shop.program};
     stfatura form{session};
+    bool dialogAwaited = false;
 };
 
 } // namespace
@@ -85,14 +101,12 @@ TEST_F(TillForm, AWholeSaleIsDoneByKeys)
     EXPECT_EQ(entry().text(), QString());
     EXPECT_EQ(control<QTableView>(u"l1"_s).currentIndex().row(), 0);
     key(Qt::Key_Down);
-    inDialog([] {
+    inDialogOf(Qt::Key_F3, [] {
         type(u"2a,-,5"_s); // letters, signs and the second comma are dropped
         key(Qt::Key_Return);
     });
-    key(Qt::Key_F3);
     EXPECT_EQ(label(u"gentop1"_s), u"70,00"_s);
-    inDialog([] { key(Qt::Key_Escape); });
-    key(Qt::Key_F4);
+    inDialogOf(Qt::Key_F4, [] { key(Qt::Key_Escape); });
     EXPECT_EQ(label(u"gentop1"_s), u"70,00"_s);
 
     shop.prompt.answers = {Answer::yes};
@@ -147,20 +161,20 @@ TEST_F(TillForm, TheEntryBoxGetsTheFocusBack)
     EXPECT_EQ(focused(), &entry());
     inDialog([] { scan(u"1"_s); });
     QTest::mouseClick(&control<QPushButton>(u"button2"_s), Qt::LeftButton);
+    awaitItsEnd();
     EXPECT_EQ(focused(), &entry());
 }
 
 TEST_F(TillForm, AScanIntoTheQuantityDialogIsRefused)
 {
     scan(u"869001"_s);
-    inDialog([] {
+    inDialogOf(Qt::Key_F3, [] {
         scan(u"8690123456789"_s);
         auto *dialog = QApplication::activeModalWidget();
         ASSERT_NE(dialog, nullptr);
         EXPECT_FALSE(dialog->findChild<QLabel *>(u"fault"_s)->text().isEmpty());
         key(Qt::Key_Escape);
     });
-    key(Qt::Key_F3);
     EXPECT_EQ(session.list(0).line(0)[SaleColumn::quantity], u"1"_s);
 }
 
@@ -182,7 +196,9 @@ void typeAhead(QWidget &window, const QString &text)
         qt_handleKeyEvent(window.windowHandle(), QEvent::KeyRelease, key, Qt::NoModifier, letter);
     };
     for (const QChar c : text)
-        c == u'\r' ? send(Qt::Key_Return, u"\r"_s) : send(QTest::asciiToKey(c.toLatin1()), c);
+        c == u'\r'  ? send(Qt::Key_Return, u"\r"_s)
+        : c == u'F' ? send(Qt::Key_F3, {}) // its key
+                    : send(QTest::asciiToKey(c.toLatin1()), c);
 }
 
 /// The server is away for a while: a scan waits for it, others follow, a box comes up.
@@ -236,6 +252,19 @@ TEST_F(FrozenTill, WhatWasTypedMeanwhileIsEnteredBehindTheBox)
     EXPECT_EQ(entry().text(), QString());
 }
 
+TEST_F(FrozenTill, WhatWasTypedForADialogGoesIntoIt)
+{
+    shop.host.failOn = [this, looked = false](const QString &) mutable -> std::optional<int> {
+        if (!std::exchange(looked, true))
+            typeAhead(form, u"F5\r869002\rF,5\r"_s); // the quantity of each
+        return {};
+    };
+    scan(u"869001"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return label(u"gentop1"_s) == u"61,00"; }))
+        << label(u"gentop1"_s).toStdString();
+    EXPECT_EQ(codes(0), QStringList({u"869001"_s, u"869002"_s}));
+}
+
 TEST_F(FrozenTill, WhatCannotBeEnteredIsShown)
 {
     freeze(2, [this] {
@@ -255,9 +284,15 @@ TEST_F(FrozenTill, KeysGoWhereTheyWereTyped)
     scan(u"869001"_s);
     shop.host.answers.remove(u"select * from EVRAKNO where EVRNOMODUL='1'AND EVRSIRANO='2'"_s);
     atBox = [] { scan(u"869002"_s); };
-    key(Qt::Key_F2); // asks about a missing counter in the middle of the posting
-    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 1; }));
-    EXPECT_EQ(codes(0), QStringList{u"869002"_s});
+    shop.host.failOn = [this](const QString &statement) -> std::optional<int> {
+        if (statement.contains(u"EVRNOMODUL='2'"_s))
+            typeAhead(form, u"869003\r"_s);
+        return {};
+    };
+    key(Qt::Key_F2); // tells of a missing counter in the middle of the posting
+    EXPECT_TRUE(QTest::qWaitFor([this] { return session.list(0).size() == 2; }));
+    EXPECT_EQ(codes(0), QStringList({u"869003"_s, u"869002"_s}));
+    shop.host.failOn = nullptr;
     EXPECT_EQ(shop.sent(u"INSERT INTO FATHAR"_s).size(), 1);
 
     // A dialog of another room over the open till keeps its keys.
@@ -269,7 +304,7 @@ TEST_F(FrozenTill, KeysGoWhereTheyWereTyped)
         settings.accept();
     });
     settings.exec();
-    EXPECT_EQ(session.list(0).size(), 1);
+    EXPECT_EQ(session.list(0).size(), 2);
 }
 
 /// Seen while the thread of the window waits: nothing is drawn later by the event loop.
@@ -346,24 +381,21 @@ TEST_F(TillForm, ColumnsNeverCutAFigure)
 
 TEST_F(TillForm, TheCashierIsChosenFromTheListOrByCode)
 {
-    inDialog([] {
+    inDialogOf(Qt::Key_F10, [] {
         key(Qt::Key_Down);
         key(Qt::Key_Return);
     });
-    key(Qt::Key_F10);
     EXPECT_EQ(label(u"panel4"_s), u"Ali"_s);
 
     shop.db.setRow(u"per"_s, {{u"per"_s, u"1"_s}});
     session.load();
-    inDialog([] {
+    inDialogOf(Qt::Key_F10, [] {
         scan(u"0000"_s); // refused, the box is empty again
         scan(u"1907"_s);
     });
-    key(Qt::Key_F10);
     EXPECT_EQ(label(u"panel4"_s), u"Ayşe"_s);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
-    inDialog([] { key(Qt::Key_Escape); });
-    key(Qt::Key_F10);
+    inDialogOf(Qt::Key_F10, [] { key(Qt::Key_Escape); });
     EXPECT_EQ(label(u"panel4"_s), u"Ayşe"_s);
 }
 

@@ -32,7 +32,6 @@ PER::PER(CashierChoice &choice, QWidget *parent)
     m_ui->f1->setVisible(!choice.byCode());
     m_ui->f2->setVisible(choice.byCode());
 
-    choice.load();
     m_ui->l1->addItems(choice.names());
     m_ui->l1->setCurrentRow(0);
     if (choice.byCode())

@@ -15,6 +15,7 @@ miktr::miktr(const QString &item, const QString &caption, const QString &quantit
     m_ui->Text1->setValidator(new AmountValidator(this));
     m_ui->Text1->setText(quantity);
     m_ui->Text1->selectAll();
+    m_ui->Text1->setFocus(); // keys may come before the window is active
     QPalette red = m_ui->fault->palette();
     red.setColor(QPalette::WindowText, QColor(0xB0, 0x10, 0x10));
     m_ui->fault->setPalette(red);

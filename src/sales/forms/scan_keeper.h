@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -17,6 +18,8 @@ struct HeldKey
     int key = 0;
     Qt::KeyboardModifiers modifiers;
     QString text;
+
+    void press(QWidget &window) const; ///< in whatever box of it has the focus
 };
 
 /// Keeps the keys that reach a window while a box of its own is to open or stands over it: without
@@ -37,7 +40,12 @@ public Q_SLOTS:
     /// A box is to open: takes in what was typed before it could be seen. The toolkit drops keys
     /// for a window beneath a modal box.
     void awaitQuiet();
-    void deliver(); ///< the work is done
+    void deliver();      ///< the work is done
+    void giveToDialog(); ///< that was asked for and has opened now
+
+    /// The same as awaitQuiet(), for a box that opens in the middle of a call: its event loop
+    /// begins a moment before it is seen, and nothing can be used meanwhile.
+    void takeIn();
 
 Q_SIGNALS:
     void quiet(); ///< no key has come for a moment
@@ -45,10 +53,13 @@ Q_SIGNALS:
 
 private:
     bool keepsOfBox(const QKeyEvent &event) const;
+    bool isHeldBack(const QWidget &target) const;
 
     QWidget &m_window;
     std::function<bool()> m_atWork;
     std::vector<HeldKey> m_keys;
+    QPointer<QWidget> m_dialog; ///< takes them before the window does
+    bool m_takesIn = false;
     QTimer m_pause;    ///< runs out when no key has come for a moment
     QTimer m_patience; ///< with somebody who leans on a key
 };

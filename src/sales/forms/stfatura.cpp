@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
 #include <QTableView>
 
 #include <algorithm>
@@ -57,6 +58,7 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
 stfatura::~stfatura()
 {
     m_session.permission = nullptr;
+    m_session.work().settle = nullptr;
 }
 
 QToolButton *stfatura::menuButton() const
@@ -83,7 +85,7 @@ std::vector<stfatura::Command> stfatura::commands()
     const auto list = [this](int number) { return [=, this] { m_session.selectList(number); }; };
     const auto book = [this] {
         if (m_ui->bookButton->isVisible())
-            Q_EMIT bookWanted(m_ui->mark->isVisible());
+            openBook(m_ui->mark->isVisible());
     };
     std::vector<Command> all = {
         {Qt::Key_Escape, nullptr, [this] { m_ui->srvadi->clear(); }},
@@ -126,8 +128,8 @@ void stfatura::connectButtons()
     for (const Command &each : m_commands)
         if (each.button)
             connect(each.button, &QPushButton::clicked, this, [this, &each] { run(each); });
-    connect(m_ui->bookButton, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(false); });
-    connect(m_ui->mark, &QPushButton::clicked, this, [this] { Q_EMIT bookWanted(true); });
+    connect(m_ui->bookButton, &QPushButton::clicked, this, [this] { openBook(false); });
+    connect(m_ui->mark, &QPushButton::clicked, this, [this] { openBook(true); });
     connect(m_ui->closeButton, &QToolButton::clicked, this, &QWidget::close);
 }
 
@@ -171,9 +173,22 @@ void stfatura::connectWork()
     connect(&work, &TillWork::boxWaits, keeper, &ScanKeeper::awaitQuiet);
     connect(keeper, &ScanKeeper::quiet, &work, &TillWork::openBoxes);
     connect(&work, &TillWork::done, keeper, &ScanKeeper::deliver, Qt::QueuedConnection);
+    connect(&work, &TillWork::dialogOpens, keeper, &ScanKeeper::giveToDialog, Qt::QueuedConnection);
+    connect(&work, &TillWork::dialogClosed, this, &stfatura::focusEntry);
+    work.settle = [keeper] { keeper->takeIn(); };
+    QMetaObject::invokeMethod( // those that waited when an earlier till went
+        &work, &TillWork::openBoxes, Qt::QueuedConnection);
     connect(keeper, &ScanKeeper::kept, this, [this](const std::vector<HeldKey> &keys) {
         focusEntry();
         enterKept(m_session, *m_ui->srvadi, keys);
+    });
+}
+
+void stfatura::openBook(bool incomplete)
+{
+    m_session.work().later([form = QPointer(this), incomplete] {
+        if (form)
+            Q_EMIT form->bookWanted(incomplete);
     });
 }
 

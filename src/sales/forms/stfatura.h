@@ -67,6 +67,7 @@ private:
     void connectButtons();
     void connectSession();
     void connectWork();
+    void openBook(bool incomplete);
 
     bool formKey(const QKeyEvent &event);
     bool enterPressed(QObject *box);

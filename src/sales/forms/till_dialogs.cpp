@@ -7,10 +7,9 @@
 #include "sales/forms/scan_keeper.h"
 #include "sales/till_session.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -22,32 +21,27 @@ bool isEnter(int key)
 }
 
 /// Keys that may be pressed late. Posting and deleting want to be pressed by somebody who has read
-/// the box; a dialog that opens late would take keys meant for the till.
+/// the box.
 bool mayComeLate(const HeldKey &held)
 {
     switch (held.key) {
     case Qt::Key_Backspace:
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
+    case Qt::Key_F3:
+    case Qt::Key_F4:
     case Qt::Key_F5:
     case Qt::Key_F6:
     case Qt::Key_F7:
     case Qt::Key_F8:
     case Qt::Key_F9:
+    case Qt::Key_F10:
+    case Qt::Key_F11:
     case Qt::Key_Up:
     case Qt::Key_Down:
         return true;
     default:
         return isEnter(held.key) || !held.text.isEmpty();
-    }
-}
-
-void press(QWidget &window, const HeldKey &held)
-{
-    QWidget *target = window.focusWidget() ? window.focusWidget() : &window;
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, held.key, held.modifiers, held.text);
-        QApplication::sendEvent(target, &event);
     }
 }
 
@@ -67,51 +61,69 @@ QStringList named(const std::vector<HeldKey> &keys)
     return names;
 }
 
+/// Opens a dialog when the keys behind the one that asked for it have come.
+void openSoon(TillSession &session, QWidget *till, std::function<void()> open)
+{
+    session.work().dialog([till = QPointer(till), open = std::move(open)] {
+        if (till)
+            open();
+    });
+}
+
 } // namespace
 
 void askQuantity(TillSession &session, bool adding, QWidget *till)
 {
-    const SaleLine *line = session.currentLine();
-    if (!line)
-        return;
-    miktr dialog((*line)[SaleColumn::name], adding ? u"&Eklenecek miktar:"_s : u"&Yeni miktar:"_s,
-                 adding ? u"1"_s : (*line)[SaleColumn::quantity],
-                 [&session, adding](const QString &typed) {
-                     return adding ? session.miktarekle(typed) : session.miktargir(typed);
-                 },
-                 till);
-    dialog.exec();
+    openSoon(session, till, [&session, adding, till] {
+        const SaleLine *line = session.currentLine();
+        if (!line)
+            return;
+        miktr dialog((*line)[SaleColumn::name],
+                     adding ? u"&Eklenecek miktar:"_s : u"&Yeni miktar:"_s,
+                     adding ? u"1"_s : (*line)[SaleColumn::quantity],
+                     [&session, adding](const QString &typed) {
+                         return adding ? session.miktarekle(typed) : session.miktargir(typed);
+                     },
+                     till);
+        dialog.exec();
+    });
 }
 
 void chooseCashier(TillSession &session, QWidget *till)
 {
-    const auto choice = session.cashierChoice();
-    QObject::connect(choice.get(), &CashierChoice::chosen, &session, &TillSession::setCashier);
-    PER dialog(*choice, till);
-    dialog.exec();
+    const std::shared_ptr<CashierChoice> choice = session.cashierChoice();
+    openSoon(session, till, [&session, choice, till] {
+        QObject::connect(choice.get(), &CashierChoice::chosen, &session, &TillSession::setCashier);
+        PER dialog(*choice, till);
+        dialog.exec();
+    });
 }
 
 void findItem(TillSession &session, QWidget *till)
 {
-    const auto finder = session.itemFinder();
-    FinderForm dialog(
-        *finder,
-        {u"Ürün Bul ve Fiyat Gör"_s, u"Adı, kodu ya da &barkodu"_s, u"&Satışa ekle (Enter)"_s},
-        [&](const QString &text) { session.search(*finder, text); }, till);
-    dialog.exec();
-    if (dialog.taken() >= 0)
-        session.enterStock(finder->code(dialog.taken()));
+    openSoon(session, till, [&session, till] {
+        const auto finder = session.itemFinder();
+        FinderForm dialog(
+            *finder,
+            {u"Ürün Bul ve Fiyat Gör"_s, u"Adı, kodu ya da &barkodu"_s, u"&Satışa ekle (Enter)"_s},
+            [&](const QString &text) { session.search(*finder, text); }, till);
+        dialog.exec();
+        if (dialog.taken() >= 0)
+            session.enterStock(finder->code(dialog.taken()));
+    });
 }
 
 void findCustomer(TillSession &session, QWidget *till)
 {
-    const auto finder = session.customerFinder();
-    FinderForm dialog(
-        *finder, {u"Satışın Müşterisi"_s, u"Unvanı ya da &kodu"_s, u"&Satışa yaz (Enter)"_s},
-        [&](const QString &text) { session.search(*finder, text); }, till);
-    dialog.exec();
-    if (dialog.taken() >= 0)
-        session.setCustomer({finder->code(dialog.taken()), finder->name(dialog.taken())});
+    openSoon(session, till, [&session, till] {
+        const auto finder = session.customerFinder();
+        FinderForm dialog(
+            *finder, {u"Satışın Müşterisi"_s, u"Unvanı ya da &kodu"_s, u"&Satışa yaz (Enter)"_s},
+            [&](const QString &text) { session.search(*finder, text); }, till);
+        dialog.exec();
+        if (dialog.taken() >= 0)
+            session.setCustomer({finder->code(dialog.taken()), finder->name(dialog.taken())});
+    });
 }
 
 void showReport(TillSession &session, const PostingReport &report, QWidget *till)
@@ -132,7 +144,7 @@ void enterKept(TillSession &session, QLineEdit &entry, const std::vector<HeldKey
         if (lost || !mayComeLate(held))
             left.push_back(held);
         else
-            press(*entry.window(), held);
+            held.press(*entry.window());
         lost |= refused();
     }
     QStringList names = named(left);

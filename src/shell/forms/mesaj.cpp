@@ -63,7 +63,7 @@ void mesaj::finish(Answer answer)
 
 // The boxes below stand over the active window, which stays as long as they do.
 
-Answer WindowPrompt::show(const Message &message)
+Answer WindowPrompt::open(const Message &message)
 {
     return mesaj(message, QApplication::activeWindow()).ask();
 }

@@ -34,7 +34,9 @@ private:
 class WindowPrompt final : public Prompt
 {
 public:
-    Answer show(const Message &message) override;
     void warn(const QString &text, bool critical) override;
     bool confirm(const QString &text) override;
+
+private:
+    Answer open(const Message &message) override;
 };
