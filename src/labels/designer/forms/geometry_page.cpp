@@ -22,7 +22,7 @@ struct Side
 GeometryPage::GeometryPage(DesignEditor &editor, QWidget *parent)
     : QWidget(parent), m_editor(editor), m_ui(std::make_unique<Ui::GeometryPage>())
 {
-    m_ui->setupUi(this);
+    m_ui->setupUi(this); // no letter of another page stands there, which is seen beneath it
     for (LengthBox *size : {m_ui->across, m_ui->down})
         size->setRange(kSmallestSide, kLargest);
     connectBoxes();

@@ -7,6 +7,7 @@ MeasureDialog::MeasureDialog(const MeasuredSheet &sheet, QSizeF paper, QWidget *
 {
     m_ui->setupUi(this);
     show(sheet);
+    m_ui->left->setFocus();
     connect(m_ui->take, &QPushButton::clicked, this, &MeasureDialog::take);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
