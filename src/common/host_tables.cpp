@@ -198,15 +198,6 @@ QStringList databaseScript(Database database, const QString &name, const QString
     return lines;
 }
 
-QString accountScript(const QString &master, const QString &company, const QString &user)
-{
-    const QString login = u"CREATE LOGIN %1 WITH PASSWORD = 'GucluBirParola1', "
-                          "DEFAULT_LANGUAGE = [Türkçe];"_s.arg(quotedName(user));
-    const QStringList parts = {login, databaseScript(Database::master, master, user).join(u'\n'),
-                               databaseScript(Database::company, company, user).join(u'\n')};
-    return parts.join(u"\n\n"_s) + u'\n';
-}
-
 QString quotedName(QString name)
 {
     return u'[' + name.replace(u']', u"]]"_s) + u']';

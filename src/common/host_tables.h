@@ -71,9 +71,6 @@ QStringList grantStatements(const std::vector<TableRight> &rights, const QString
 /// The statements that let a login into a database and grant it every right there, by who needs it.
 QStringList databaseScript(Database database, const QString &name, const QString &user);
 
-/// The script that makes a login for the program and lets it into both databases.
-QString accountScript(const QString &master, const QString &company, const QString &user);
-
 /// A name between brackets, as statements take any.
 QString quotedName(QString name);
 

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using host_tables::Database;
 using host_tables::Right;
 
 namespace {
@@ -95,7 +96,11 @@ TEST(HostTables, TheGuideListsTheRights)
     const qsizetype from = guide.indexOf(u"CREATE LOGIN"_s);
     const qsizetype to = guide.indexOf(u"```"_s, from);
     ASSERT_TRUE(from >= 0 && to > from);
-    const QString script = host_tables::accountScript(u"ANA"_s, u"SIRKET"_s, u"tezgah"_s);
+    const QStringList parts = {
+        u"CREATE LOGIN [tezgah] WITH PASSWORD = 'GucluBirParola1', DEFAULT_LANGUAGE = [Türkçe];"_s,
+        host_tables::databaseScript(Database::master, u"ANA"_s, u"tezgah"_s).join(u'\n'),
+        host_tables::databaseScript(Database::company, u"SIRKET"_s, u"tezgah"_s).join(u'\n')};
+    const QString script = parts.join(u"\n\n"_s) + u'\n';
     if (qEnvironmentVariableIntValue("TEZGAH_REWRITE_GOLDEN") == 1) {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));

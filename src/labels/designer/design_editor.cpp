@@ -101,18 +101,11 @@ void DesignEditor::markSaved()
 void DesignEditor::applySettings()
 {
     m_pointer.set({.label = labelSize(),
-                   .snapping = {.grid = m_snap && m_grid ? m_gridStep : 0,
+                   .snapping = {.grid = m_snap && m_grid ? kGridStep : 0,
                                 .elements = m_snap,
                                 .guides = m_snap,
                                 .label = m_snap},
                    .guidesShown = m_guides});
-}
-
-void DesignEditor::setGridStep(double mm)
-{
-    m_gridStep = mm;
-    applySettings();
-    Q_EMIT pageChanged();
 }
 
 void DesignEditor::changed(const QString &what, int merge)

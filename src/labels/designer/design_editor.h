@@ -6,6 +6,9 @@
 
 #include <QObject>
 
+/// Between the lines of the grid (mm).
+inline constexpr double kGridStep = 1;
+
 /// What the user does to the design that is open: the commands of the menus, the mouse on the
 /// canvas, the values of the panel. Knows no files.
 class DesignEditor final : public QObject
@@ -48,9 +51,6 @@ public:
     void escape();
     /// Puts an element of the current tool onto the middle of the label.
     void placeByKey();
-
-    double gridStep() const { return m_gridStep; } ///< mm
-    void setGridStep(double mm);
 
     /// The elements of the selection that may be changed.
     RefSet changeable() const { return edits::unlocked(design(), selection()); }
@@ -104,7 +104,6 @@ private:
     Document m_document;
     CanvasPointer m_pointer{m_document};
     QString m_editing;
-    double m_gridStep = 1;
     bool m_grid = false;
     bool m_snap = true;
     bool m_guides = true;

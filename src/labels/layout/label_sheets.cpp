@@ -4,7 +4,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -38,15 +37,6 @@ bool isPossible(const LabelSheet &sheet)
     return right <= sheet.paper.width() + kOvershoot && bottom <= sheet.paper.height() + kOvershoot;
 }
 
-/// Labels that go on a length of paper, by its first label and the step.
-int countOn(double length, double first, double label, double step)
-{
-    if (label <= 0 || step <= 0 || first + label > length + kOvershoot)
-        return 0;
-    const double more = std::floor((length + kOvershoot - first - label) / step);
-    return static_cast<int>(std::min<double>(more + 1, kMostLabels));
-}
-
 } // namespace
 
 std::vector<LabelSheet> readSheets(const QByteArray &text)
@@ -72,26 +62,6 @@ std::vector<LabelSheet> readSheets(const QByteArray &text)
 QString sheetFile(const QString &directory)
 {
     return layoutFolder(directory) + u"/kagitlar.csv"_s;
-}
-
-std::optional<LabelSheet> measuredSheet(const MeasuredPaper &measured)
-{
-    LabelSheet sheet{{},
-                     measured.paper,
-                     measured.across,
-                     measured.down,
-                     measured.label,
-                     measured.margin,
-                     QPointF(measured.label.width(), measured.label.height()) + measured.gap};
-    if (sheet.across == 0)
-        sheet.across =
-            countOn(sheet.paper.width(), sheet.first.x(), sheet.label.width(), sheet.step.x());
-    if (sheet.down == 0)
-        sheet.down =
-            countOn(sheet.paper.height(), sheet.first.y(), sheet.label.height(), sheet.step.y());
-    if (!isPossible(sheet))
-        return {};
-    return sheet;
 }
 
 void useSheet(LabelLayout *layout, const LabelSheet &sheet, QPointF reach)

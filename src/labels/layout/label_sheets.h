@@ -5,8 +5,6 @@
 #include <QPointF>
 #include <QSizeF>
 
-#include <optional>
-
 /// A sheet or roll of labels as it is sold. Millimetres.
 struct LabelSheet
 {
@@ -28,20 +26,6 @@ std::vector<LabelSheet> readSheets(const QByteArray &text);
 
 /// Where the list lies; a shop adds lines of its own. `directory`: the working folder.
 QString sheetFile(const QString &directory);
-
-/// What one reads off a sheet with a ruler (mm).
-struct MeasuredPaper
-{
-    QSizeF paper;
-    QPointF margin; ///< left and top, from the paper's edge to the first label
-    QSizeF label;
-    QPointF gap;    ///< between two labels, across and down
-    int across = 0; ///< 0: as many as go on the paper
-    int down = 0;
-};
-
-/// The sheet with those measures; nothing when no label goes on the paper.
-std::optional<LabelSheet> measuredSheet(const MeasuredPaper &measured);
 
 /// Puts a sheet's paper and six label values into a layout. `reach`: what the printer cannot print
 /// on left and above (mm): labels count from where it begins to print.

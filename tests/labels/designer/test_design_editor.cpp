@@ -133,9 +133,8 @@ TEST_F(DesignEditorTest, SnappingShowsItsLineAndControlSuspendsIt)
     EXPECT_EQ(box(0).top, 19.7F);
     editor.release({{15, 21.7}, kReach, false, true});
     editor.run(Command::grid);
-    editor.setGridStep(5);
-    drag({15, 22}, {17.5, 22});
-    EXPECT_EQ(box(0).left, 15); // the grid's next line
+    drag({15, 22}, {17.6, 22});
+    EXPECT_EQ(box(0).left, 13); // the grid's next line
 }
 
 TEST_F(DesignEditorTest, ToolsDrawAtTheirSizeOrAtAClick)

@@ -1,6 +1,7 @@
 #include "labels/layout/label_sheets.h"
-#include "support/cases.h"
+#include "support/files.h"
 #include "support/print_qt.h"
+#include "support/test_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -36,23 +37,4 @@ TEST(SheetList, LinesThatMakeNoSheetArePassedOver)
                          "kısa;satır")
                   .size(),
               1U);
-}
-
-TEST(SheetList, MeasuredPaperBecomesASheet)
-{
-    for (const Case &c : cases(u"measured_sheets"_s)) {
-        const auto at = [&](int field) { return static_cast<int>(c.number(field)); };
-        const MeasuredPaper paper{{c.number(0), c.number(1)},
-                                  {c.number(2), c.number(3)},
-                                  {c.number(4), c.number(5)},
-                                  {c.number(6), c.number(7)},
-                                  at(8),
-                                  at(9)};
-        const auto sheet = measuredSheet(paper);
-        EXPECT_EQ(sheet ? sheet->across : 0, at(10)) << c;
-        EXPECT_EQ(sheet ? sheet->down : 0, at(11)) << c;
-        if (sheet) {
-            EXPECT_NEAR(sheet->step.x(), paper.label.width() + paper.gap.x(), 1e-9) << c;
-        }
-    }
 }

@@ -47,7 +47,7 @@ QPen line(QRgb colour, Qt::PenStyle style = Qt::SolidLine)
 
 void paintGrid(QPainter &painter, const SheetLook &look, const QRectF &label)
 {
-    const double step = shownGridStep(look.editor.gridStep(), look.view.scale());
+    const double step = shownGridStep(kGridStep, look.view.scale());
     if (step <= 0 || !look.editor.isChecked(Command::grid))
         return;
     painter.setPen(line(kGrid));
