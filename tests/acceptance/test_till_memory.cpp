@@ -99,7 +99,7 @@ struct Counter
         return all;
     }
 
-    SqliteDatabase file;
+    SqliteDatabase file{std::chrono::milliseconds(200)};
     Program program;
     TillSession till;
     TillMemory memory;
@@ -213,25 +213,24 @@ TEST_F(Memory, ListsComeBackAsTheyStood)
 TEST_F(Memory, APostingThatWasCutOffIsCompletedBeforeTheNext)
 {
     const QStringList expected = undisturbed();
-    for (int at = 1; at <= statements; at += 6) {
-        for (const bool done : {false, true}) {
-            SCOPED_TRACE(QString::number(at).toStdString() + (done ? " done" : ""));
-            startAnew();
-            {
-                Counter counter(shop);
-                counter.sell(kSale);
-                counter.dieAt(at, done);
-                EXPECT_THROW(counter.till.post(), Killed);
-            }
-            Counter again(shop);
-            if (!again.till.list(0).isEmpty())
-                again.till.post();
-            again.sell({kSale.first()});
-            again.till.post();
-            EXPECT_EQ(again.till.postedTotal(0), u"186,39"_s);
-            EXPECT_EQ(again.memory.incomplete().count(), 0);
-            EXPECT_EQ(ledger(), expected);
+    for (int at = 1; at <= statements; at += 5) {
+        const bool done = at % 2 == 0; // before the statement, or behind it
+        SCOPED_TRACE(QString::number(at).toStdString() + (done ? " done" : ""));
+        startAnew();
+        {
+            Counter counter(shop);
+            counter.sell(kSale);
+            counter.dieAt(at, done);
+            EXPECT_THROW(counter.till.post(), Killed);
         }
+        Counter again(shop);
+        if (!again.till.list(0).isEmpty())
+            again.till.post();
+        again.sell({kSale.first()});
+        again.till.post();
+        EXPECT_EQ(again.till.postedTotal(0), u"186,39"_s);
+        EXPECT_EQ(again.memory.incomplete().count(), 0);
+        EXPECT_EQ(ledger(), expected);
     }
     EXPECT_TRUE(shop.prompt.shown.empty());
 }
