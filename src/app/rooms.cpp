@@ -261,7 +261,7 @@ void Rooms::showLastWindow()
 void Rooms::endWhenNothingShows()
 {
     for (const QWidget *window : QApplication::topLevelWidgets())
-        if (window->isVisible())
+        if (window->isVisible() && window->testAttribute(Qt::WA_QuitOnClose)) // unlike a tray icon
             return;
     if (!m_tray)
         leave();

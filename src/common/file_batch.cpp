@@ -48,8 +48,12 @@ FileBatch::FileBatch(const QString &directory, QStringView last)
     : m_directory(directory), m_last(last.toString())
 {
     finish(directory, last);
+    if (!QDir(directory).exists())
+        fail(u"%1 klasörüne ulaşılamıyor; başka bir bilgisayardaysa ağa bakın."_s.arg(
+            shown(directory)));
     if (!QDir().mkdir(undecided(directory)))
-        fail(u"%1 klasörüne yazma izni yok."_s.arg(shown(directory)));
+        fail(u"%1 klasörüne yazılamıyor; yazma iznine ve diskte yer olduğuna bakın."_s.arg(
+            shown(directory)));
 }
 
 FileBatch::~FileBatch()

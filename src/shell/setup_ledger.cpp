@@ -15,8 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Two connections' worth: the six lists are read on one.
-constexpr std::chrono::seconds kPatience{12};
+/// Of a server that answers, but slowly: each statement has its own time-out. The window lives
+/// meanwhile.
+constexpr std::chrono::seconds kPatience{30};
 
 /// The accounting system's own tables tell its databases from others, as far as the login may see
 /// them.
@@ -38,13 +39,27 @@ OpenDatabases databasesOf(HostTools &tools, const DiagnosisTarget &target)
             databasesWith(*server, u"STKKART"_s)};
 }
 
-std::vector<HostCode> codesOf(HostConnection &company, const CodeQuestion &question)
+/// A server reads a long list in pieces: fifty thousand customers at once outlast the time-out of a
+/// statement where it is slow.
+std::vector<HostCode> codesOf(HostConnection &company, const CodeQuestion &question, bool inPieces)
 {
+    constexpr int piece = 5000;
+    const QString select = inPieces ? u"select top %1 "_s.arg(piece) : u"select "_s;
     std::vector<HostCode> codes;
-    RecordSet rows = company.execute(u"select " % question.key % u',' % question.display %
-                                     u" from " % question.table % u" order by " % question.key);
-    for (; !rows.eof(); rows.moveNext())
-        codes.push_back({rows.text(question.key).trimmed(), rows.text(question.display).trimmed()});
+    QString from;
+    for (int read = piece; read == piece;) {
+        RecordSet rows =
+            company.execute(select % question.key % u',' % question.display % u" from " %
+                            question.table % from % u" order by " % question.key);
+        QString last;
+        for (read = 0; !rows.eof(); rows.moveNext(), ++read) {
+            last = rows.text(question.key);
+            codes.push_back({last.trimmed(), rows.text(question.display).trimmed()});
+        }
+        if (!inPieces)
+            break;
+        from = u" where " % question.key % u">'" % last.replace(u'\'', u"''"_s) % u'\'';
+    }
     return codes;
 }
 
@@ -58,7 +73,7 @@ HostLists listsOf(HostTools &tools, const DiagnosisTarget &target)
         if (lists.codes.contains(table) || lists.closed.contains(table))
             continue;
         try {
-            lists.codes.insert(table, codesOf(*company, question));
+            lists.codes.insert(table, codesOf(*company, question, !target.isEmbedded()));
         } catch (const HostError &error) {
             if (error.connectionLost())
                 throw;

@@ -107,7 +107,7 @@ void SetupSession::choose(int row)
     const HostCode code = row < 0 ? HostCode() : m_choices.at(row);
     m_answers.settings.stok.*question->code = code.code;
     m_answers.settings.stok.*question->name = code.name;
-    Q_EMIT refused({});
+    tellLedger();
 }
 
 void SetupSession::search(const QString &text)
@@ -184,9 +184,11 @@ void SetupSession::takeFolder(const QString &path)
 
 void SetupSession::next()
 {
-    const QString why = refusal();
-    Q_EMIT refused(why);
-    if (!why.isEmpty() || !mayLeave())
+    if (const QString why = refusal(); !why.isEmpty()) {
+        Q_EMIT refused(why);
+        return;
+    }
+    if (!mayLeave())
         return;
     if (step() == SetupStep::summary)
         finish();
@@ -224,6 +226,7 @@ void SetupSession::enter()
         m_diagnosis.start(now);
     } else if (codeQuestion(step()) && m_codesOf != company) {
         m_codesOf = company;
+        m_lackingAccepted = false;
         m_ledger.readCodes(now);
     } else if (step() == SetupStep::labelPrinter && m_answers.layout.isEmpty()) {
         m_answers.layout = m_printing.defaultLayout(layoutsFrom());
@@ -281,7 +284,7 @@ QString SetupSession::listFault(const CodeQuestion &question) const
 QString SetupSession::databasesFault() const
 {
     if (!m_ledger.fault().isEmpty())
-        return m_ledger.fault() + u"\nAdları yazabilirsiniz."_s;
+        return m_ledger.fault() + u"\nAdları yazabilirsiniz; sonraki adım nedenine bakar."_s;
     return m_ledger.databases().names.isEmpty()
                ? u"Sunucu bu kullanıcıya açık bir veritabanı göstermiyor. Adlarını yazın: sonraki "
                  "adım bağlantıya bakar ve eksik hakları veren satırları gösterir."_s
@@ -375,8 +378,20 @@ bool SetupSession::mayLeave()
                m_program.ask(u"Parola boş kalırsa ayarları bilgisayarın başına geçen herkes "
                              "değiştirebilir.\n\nBoş kalsın mı?"_s);
     default:
-        return true;
+        return !codeQuestion(step()) || mayLackCodes();
     }
+}
+
+/// Without its lists a till cannot be finished, but a server that is away today may be there when
+/// the set-up is opened again. Once is enough.
+bool SetupSession::mayLackCodes()
+{
+    if (m_ledger.fault().isEmpty() || m_lackingAccepted)
+        return true;
+    m_lackingAccepted = m_program.ask(
+        u"Listeler okunamadığı için kodlar seçilemiyor; seçilmeden satış yapılamaz. Yeniden oku "
+        "ile bir daha denenebilir.\n\nSeçmeden sürdürülsün mü?"_s);
+    return m_lackingAccepted;
 }
 
 bool SetupSession::mayAbandon()

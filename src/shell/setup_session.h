@@ -93,6 +93,7 @@ private:
     void go(int by);
     void enter();
     bool mayLeave();
+    bool mayLackCodes();
     QString refusal() const;
     QString codeRefusal(const CodeQuestion &question) const;
     void showChoices();
@@ -113,6 +114,7 @@ private:
     SetupLedger m_ledger;
     Diagnosis m_diagnosis;
     CodeChoices m_choices;
-    QString m_codesOf;     ///< the connection whose lists were read
-    QString m_databasesOf; ///< the server whose databases were read
+    QString m_codesOf;              ///< the connection whose lists were read
+    bool m_lackingAccepted = false; ///< codes that could not be read, by the user
+    QString m_databasesOf;          ///< the server whose databases were read
 };

@@ -311,6 +311,10 @@ TEST(SetupLedgerTest, ReadsWhatMayBeReadAndTellsTheRest)
     ThreadProbe probe;
     probe.tools.answer(u"from DEPO"_s, rowsOf({u"DEPKOD"_s, u"DEPADI"_s}, {{u"01 "_s, u"İÇ"_s}}));
     probe.tools.fail(u"from CARKART"_s, refused(Cause::right, u"229"_s));
+    const std::vector<RecordSet::Row> piece(5000, {u"A'"_s, u"İLK"_s});
+    probe.tools.answer(u"from STKFISTIP order"_s, rowsOf({u"STKFTNO"_s, u"STKFTKOD"_s}, piece));
+    probe.tools.answer(u"STKFTNO>'A''' order"_s,
+                       rowsOf({u"STKFTNO"_s, u"STKFTKOD"_s}, {{u"B"_s, u"SON"_s}}));
     SetupLedger ledger(probe);
     const auto read = [&](void (SetupLedger::*what)(const DiagnosisTarget &)) {
         (ledger.*what)(kTarget);
@@ -323,6 +327,7 @@ TEST(SetupLedgerTest, ReadsWhatMayBeReadAndTellsTheRest)
     EXPECT_EQ(ledger.databases().names, (QStringList{u"ANA"_s, u"SIRKET26"_s}));
     read(&SetupLedger::readCodes);
     EXPECT_EQ(ledger.lists().codes.value(u"DEPO"_s), (std::vector<HostCode>{{u"01"_s, u"İÇ"_s}}));
+    EXPECT_EQ(ledger.lists().codes.value(u"STKFISTIP"_s).size(), 5001U) << "read in pieces";
     EXPECT_EQ(ledger.lists().closed, QStringList(u"CARKART"_s));
     EXPECT_EQ(ledger.fault(), QString());
 

@@ -49,6 +49,14 @@ TEST(MessageForm, ButtonsEscapeAndCloseBoxGiveTheirAnswers)
               Answer::closed);
 }
 
+/// On a small screen too, where a window opens no wider than two thirds of it.
+TEST(MessageForm, ALongMessageIsWhole)
+{
+    mesaj box(Message{u"kod seçilmeden satış yapılamaz; "_s.repeated(9), u"ONAY"_s, 3, 2});
+    box.show();
+    EXPECT_TRUE(box.rect().contains(box.findChild<QLabel *>(u"Label1"_s)->geometry()));
+}
+
 TEST(MessageForm, ShowsThePictureAndTheButtonsAsked)
 {
     const QStringList pictures = {u""_s, u"i3"_s, u"i2"_s, u"i1"_s, u""_s};

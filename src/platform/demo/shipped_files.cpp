@@ -20,7 +20,8 @@ void copyShippedFiles(const QString &directory)
         QDir().mkpath(QFileInfo(path).path());
         if (!QFile::copy(source, path))
             throw std::runtime_error(
-                u"%1 klasörüne dosya yazılamıyor."_s.arg(QDir::toNativeSeparators(directory))
+                u"%1 klasörüne yazılamıyor; yazma iznine ve diskte yer olduğuna bakın."_s
+                    .arg(QDir::toNativeSeparators(directory))
                     .toStdString());
         // Copies of resources are born read-only, but the shop edits its layouts.
         QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteOwner);

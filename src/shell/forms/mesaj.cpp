@@ -39,14 +39,16 @@ mesaj::mesaj(const Message &message, QWidget *parent)
 
 mesaj::~mesaj() = default;
 
-/// A label that breaks its lines asks for the height of a wider one; nothing may be cut off.
+/// A label that breaks its lines asks for the height of a wider one; nothing may be cut off. The
+/// box has no size of its own: only so does it keep room for its label where the screen is small.
 void mesaj::makeRoomForText()
 {
     QLabel *label = m_ui->Label1;
     constexpr int tall = 10'000; // pixels
+    constexpr QSize least(260, 48);
     const QRect text = label->fontMetrics().boundingRect(QRect(0, 0, label->maximumWidth(), tall),
                                                          Qt::TextWordWrap, label->text());
-    label->setMinimumSize(text.size() + QSize(2, 2));
+    label->setMinimumSize((text.size() + QSize(2, 2)).expandedTo(least));
 }
 
 Answer mesaj::ask()

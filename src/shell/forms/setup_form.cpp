@@ -68,7 +68,10 @@ void SetupForm::connectAnswers()
     connect(m_ui->layoutList, &QComboBox::currentTextChanged, this, &SetupForm::takePrinter);
     connect(m_ui->test, &QPushButton::clicked, &m_session, &SetupSession::printTest);
     connect(m_ui->browse, &QPushButton::clicked, this, &SetupForm::browse);
-    connect(m_ui->readAgain, &QPushButton::clicked, &m_session, &SetupSession::readAgain);
+    connect(m_ui->readAgain, &QPushButton::clicked, this, [this] {
+        m_session.readAgain();
+        focusPage();
+    });
     connect(m_ui->next, &QPushButton::clicked, this, &SetupForm::goOn);
     connect(m_ui->back, &QPushButton::clicked, &m_session, &SetupSession::back);
     connect(m_ui->cancel, &QPushButton::clicked, this, &QDialog::reject);
