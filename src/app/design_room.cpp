@@ -94,6 +94,7 @@ void DesignRoom::chooseToOpen()
                           [this](const QString &name) { return m_session->ac(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    fitToScreen(*m_dialog);
     m_dialog->open();
 }
 
@@ -103,5 +104,6 @@ void DesignRoom::chooseToSave()
                           [this](const QString &name) { return m_session->saveAs(name); }};
     m_dialog = new yazfrm(m_print, task, {.rows = {m_session->row()}}, m_form);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    fitToScreen(*m_dialog);
     m_dialog->open();
 }

@@ -9,6 +9,10 @@
 
 #include <functional>
 
+/// Keeps a window over those of other programs, or no longer. One that is as wanted is left alone:
+/// a change would show it anew.
+void keepOnTop(QWidget &window, bool on);
+
 /// How the forms of all rooms are made and brought up. Each is made on first use and unloaded when
 /// it is closed.
 class Forms
@@ -25,8 +29,12 @@ public:
     {
         // A form that was closed while it still worked lives on unseen until it is done; it is not
         // shown again.
-        if (form && form->isVisible())
+        if (form && form->isVisible()) {
+            // One that was there before the till would stay beneath it and take the keys unseen.
+            if (m_tillOnTop())
+                keepOnTop(*form, true);
             return;
+        }
         const bool onTop = m_tillOnTop();
         form = make();
         form->setAttribute(Qt::WA_DeleteOnClose);

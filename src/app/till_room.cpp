@@ -2,26 +2,10 @@
 
 #include "app/forms.h"
 #include "common/program.h"
-#include "platform/machine/window_style.h"
 #include "sales/forms/receipt_designer.h"
 #include "sales/forms/stfatura.h"
 #include "sales/forms/till_book.h"
 #include "sales/receipt_editor.h"
-#include "shell/cls_style.h"
-
-namespace {
-
-/// Keeps a window over those of other programs, or no longer. One that is as wanted is left alone:
-/// a change would show it anew.
-void keepOnTop(QWidget &window, bool on)
-{
-    const auto words = windowStyleOf(window);
-    clsStyle style(*words);
-    if (style.TopMost() != on)
-        style.setTopMost(on);
-}
-
-} // namespace
 
 TillRoom::TillRoom(Program &program, const Forms &forms)
     : m_program(program), m_forms(forms), m_till(program)

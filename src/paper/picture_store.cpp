@@ -1,5 +1,6 @@
 #include "paper/picture_store.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -24,6 +25,16 @@ bool isBareName(const QString &file)
 
 } // namespace
 
+bool isCutOff(const QString &path)
+{
+    constexpr qint64 tail = 64LL << 10; // cameras write notes of their own behind the picture
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.read(2) != "\xFF\xD8")
+        return false;
+    file.seek(std::max<qint64>(file.size() - tail, 0));
+    return !file.readAll().contains("\xFF\xD9");
+}
+
 const QImage &PictureStore::find(const QString &file, QSize dots)
 {
     const auto key = std::pair(file, std::pair(dots.width(), dots.height()));
@@ -39,7 +50,8 @@ const QImage &PictureStore::find(const QString &file, QSize dots)
 QImage PictureStore::read(const QString &file, QSize dots) const
 {
     const QFileInfo info(m_folder + u'/' + file);
-    if (!isBareName(file) || !info.isFile() || info.size() > kMostBytes)
+    if (!isBareName(file) || !info.isFile() || info.size() > kMostBytes ||
+        isCutOff(info.filePath()))
         return {};
 
     // Qt refuses pictures above 128 MB on its own; a photograph of a telephone is larger.

@@ -7,6 +7,10 @@
 #include <map>
 #include <utility>
 
+/// Whether a JPEG file ends before its picture does, as after a broken copy: what is missing would
+/// be read as grey.
+bool isCutOff(const QString &path);
+
 /// The pictures of one run, each read once. They are bare file names inside one folder; names that
 /// lead out of it, and files that are missing, damaged or far too large, give an empty picture.
 class PictureStore

@@ -133,6 +133,8 @@ TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
     EXPECT_TRUE(onTop(till));
     rooms.showAbout();
     EXPECT_TRUE(onTop(open<kakknd>().first())) << "the till would hide it";
+    rooms.showStockList();
+    EXPECT_TRUE(onTop(open<stkkart>().first())) << "and one that was there before, too";
 
     rooms.showLogin();
     enter(open<login>().first(), u"lgpass"_s, {});

@@ -49,6 +49,12 @@ TEST_F(PictureStoreTest, DamagedAndHostileFilesShowNothing)
 {
     const QByteArray png = readFile(path(u"pic/logo.png"_s));
     writeFile(path(u"pic/cut.png"_s), png.first(20));
+    QImage photograph(64, 64, QImage::Format_RGB32);
+    photograph.fill(Qt::green);
+    ASSERT_TRUE(photograph.save(path(u"pic/whole.jpg"_s)));
+    EXPECT_FALSE(store.find(u"whole.jpg"_s, {50, 50}).isNull());
+    const QByteArray jpeg = readFile(path(u"pic/whole.jpg"_s));
+    writeFile(path(u"pic/half.jpg"_s), jpeg.first(jpeg.size() - 20));
     writeFile(path(u"pic/text.png"_s), "this is no picture");
     writeFile(path(u"pic/empty.png"_s), "");
     writeFile(path(u"pic/huge.ppm"_s), "P6 2000000000 2000000000 255\n");
@@ -58,7 +64,7 @@ TEST_F(PictureStoreTest, DamagedAndHostileFilesShowNothing)
                          30) +
                   QByteArray(24, '\0'));
     writeFile(path(u"pic/wide.pbm"_s), "P4 10000 5000\n" + QByteArray(10'000 / 8 * 5000, '\0'));
-    for (const QString &name : {u"cut.png"_s, u"text.png"_s, u"empty.png"_s, u"huge.ppm"_s,
-                                u"large.bmp"_s, u"wide.pbm"_s})
+    for (const QString &name : {u"cut.png"_s, u"half.jpg"_s, u"text.png"_s, u"empty.png"_s,
+                                u"huge.ppm"_s, u"large.bmp"_s, u"wide.pbm"_s})
         EXPECT_TRUE(store.find(name, {50, 50}).isNull()) << name.toStdString();
 }

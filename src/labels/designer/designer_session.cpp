@@ -243,7 +243,7 @@ PrintJob DesignerSession::printJob() const
 
 qint64 DesignerSession::places() const
 {
-    return std::max<qint64>(makePrintJob(m_editor.layout(), {}).grid.places(), 1);
+    return std::max<qint64>(makeSheet(m_editor.layout()).grid.places(), 1);
 }
 
 void DesignerSession::setFirstPlace(qint64 place)
@@ -294,6 +294,7 @@ PrinterSheet DesignerSession::ask(const QString &printer, const PrinterSetup &se
         const QPagedPaintDevice &device = document->device();
         sheet.dpi = resolution(device);
         sheet.unprintable = device.pageLayout().margins(QPageLayout::Millimeter);
+        sheet.answered = true;
     } catch (const PrintError &) {
         Q_EMIT statusChanged(u"%1 yazıcısı yanıt vermiyor."_s.arg(printer));
     }
@@ -334,7 +335,7 @@ void DesignerSession::startLooking()
     const PrinterSheet before = std::exchange(m_sheet, sheet);
     if (sheet.dpi != before.dpi || sheet.unprintable != before.unprintable)
         Q_EMIT printerChanged(sheet);
-    const QRectF page(QPointF(), makePrintJob(m_editor.layout(), {}).paper);
+    const QRectF page(QPointF(), makeSheet(m_editor.layout()).paper);
     m_checks.begin(m_editor.design(), row(),
                    {.dpi = sheet.dpi,
                     .area = page.marginsRemoved(sheet.unprintable).size(),

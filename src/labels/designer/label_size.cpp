@@ -21,7 +21,7 @@ double usable(double length, double otherwise)
 
 QSizeF sizeOfLabel(const Design &design)
 {
-    const PrintJob job = makePrintJob(design.layout, {});
+    const PrintJob job = makeSheet(design.layout);
     const QSizeF cell = labelRoom(job);
     const QSizeF &measured = design.label;
     return {usable(measured.width(), usable(cell.width(), kUnknown.width())),
@@ -30,7 +30,7 @@ QSizeF sizeOfLabel(const Design &design)
 
 SheetAround sheetAround(const Design &design, const QMarginsF &unprintable)
 {
-    const PrintJob job = makePrintJob(design.layout, {});
+    const PrintJob job = makeSheet(design.layout);
     const QSizeF label = sizeOfLabel(design);
     SheetAround sheet;
     const auto [left, top] =

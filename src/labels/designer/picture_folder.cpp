@@ -3,6 +3,7 @@
 #include "common/amount.h"
 #include "common/turkish.h"
 #include "labels/layout/label_layout.h"
+#include "paper/picture_store.h"
 
 #include <QDir>
 #include <QFile>
@@ -30,7 +31,7 @@ PictureFacts factsOf(const QString &path)
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     const QSize size = reader.size();
-    if (!reader.canRead() || !size.isValid())
+    if (!reader.canRead() || !size.isValid() || isCutOff(path))
         return {{}, u"Dosya bozuk ya da resim değil."_s};
     const qint64 pixels = size.width() * qint64(size.height());
     if (pixels > kMostPixels)

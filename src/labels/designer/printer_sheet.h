@@ -11,4 +11,5 @@ struct PrinterSheet
     QSizeF dpi{600, 600};  ///< dots per inch, across and down
     QMarginsF unprintable; ///< mm at the edges
     Calibration calibration;
+    bool answered = false; ///< else the printer is away and taken for the usual one
 };

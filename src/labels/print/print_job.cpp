@@ -38,7 +38,7 @@ qint64 PrintJob::placeAfter() const
     return (first - 1 + labelCount()) % places + 1;
 }
 
-PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows)
+PrintJob makeSheet(const LabelLayout &layout)
 {
     PrintJob job;
     job.grid = {.left = layoutLength(layout.left),
@@ -48,6 +48,12 @@ PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows)
                 .across = layoutLength(layout.across),
                 .down = layoutLength(layout.down)};
     job.paper = paperSize(layout);
+    return job;
+}
+
+PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows)
+{
+    PrintJob job = makeSheet(layout);
     job.pictures = layout.pictures;
     job.barcodes = layout.barcodes;
     job.texts = layout.texts;

@@ -24,7 +24,10 @@ struct PrintJob
     qint64 placeAfter() const;
 };
 
-/// Reads the layout's numbers; unreadable ones count as 0.
+/// The sheet alone, without elements and rows. Unreadable numbers count as 0.
+PrintJob makeSheet(const LabelLayout &layout);
+
+/// Reads all of a layout.
 PrintJob makePrintJob(const LabelLayout &layout, std::vector<LabelRow> rows);
 
 /// What the printer is told of this layout. `document`: name of the print job.

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 PrinterSetting::PrinterSetting(Program &program, const LabelLayout &layout)
     : m_program(program), m_memory(program.keys, program.directory()), m_layout(layout),
       m_calibration(m_memory.calibration(layout.printer)), m_printed(m_calibration),
-      m_sheet(calibrationSheet(makePrintJob(layout, {}).paper))
+      m_sheet(calibrationSheet(makeSheet(layout).paper))
 {}
 
 /// A document of the printer; the sheet becomes that of its paper. Null when it is gone (told).

@@ -67,6 +67,7 @@ private:
     void viewMoved();
     void updateScrollBars();
     QRectF content() const;
+    QRectF scrollable() const;
     void showShape(const PointerAt &at);
     bool arrowKey(const QKeyEvent &event);
     void scrollWhileDragging();

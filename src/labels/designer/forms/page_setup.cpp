@@ -194,7 +194,9 @@ void PageSetup::showValues()
 
 void PageSetup::askPrinter()
 {
-    m_unprintable = m_session.sheetOf(m_design.layout).unprintable;
+    const PrinterSheet sheet = m_session.sheetOf(m_design.layout);
+    m_unprintable = sheet.unprintable;
+    m_answered = sheet.answered;
     // One that is away stands in the list with a remark.
     m_ui->ayar->setEnabled(m_ui->yazici->currentText() == m_ui->yazici->currentData().toString());
     m_ui->ayar->setToolTip(m_session.calibrationText(m_design.layout));
@@ -206,7 +208,10 @@ void PageSetup::showSheet()
     const SheetAround sheet = sheetAround(m_design, m_unprintable);
     m_ui->yer->setMaximum(static_cast<int>(sheet.cells.size()));
     m_ui->resim->show(sheet, m_ui->yer->value());
-    m_ui->sorun->setText(pageProblem(m_design));
+    const QString problem = pageProblem(m_design);
+    m_ui->sorun->setText(problem.isEmpty() && !m_answered
+                             ? u"Yazıcıya ulaşılamıyor; basamadığı kenarlar bilinmiyor."_s
+                             : problem);
 }
 
 /// A page that cannot be printed on is not taken; the boxes keep what was typed.

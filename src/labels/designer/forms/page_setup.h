@@ -56,6 +56,7 @@ private:
     DesignerSession &m_session;
     Design m_design; ///< with the page as the dialog has it
     QMarginsF m_unprintable;
+    bool m_answered = false; ///< the printer
     std::vector<LabelSheet> m_sheets;
     std::unique_ptr<Ui::PageSetup> m_ui;
 };

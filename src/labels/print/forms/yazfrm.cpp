@@ -85,11 +85,11 @@ void yazfrm::choose(const QString &name)
     showPreview();
 }
 
-/// A sheet of one label has no other place to begin at.
+/// A sheet of one label has no other place to begin at; what is not printed begins nowhere.
 void yazfrm::offerPlaces()
 {
-    const qint64 places = makePrintJob(m_layout, {}).grid.places();
-    const bool several = !m_chosen.isEmpty() && places > 1 && places <= kMostPlaces;
+    const qint64 places = makeSheet(m_layout).grid.places();
+    const bool several = !m_task.take && !m_chosen.isEmpty() && places > 1 && places <= kMostPlaces;
     for (QWidget *part :
          {static_cast<QWidget *>(m_ui->yerYazi), static_cast<QWidget *>(m_ui->yer),
           static_cast<QWidget *>(m_ui->sayfa), static_cast<QWidget *>(m_ui->kaldigi)})
@@ -105,7 +105,7 @@ void yazfrm::offerPlaces()
 void yazfrm::showPlaces()
 {
     m_request.firstPlace = m_ui->yer->value();
-    m_ui->sayfa->show(makePrintJob(m_layout, {}).grid, m_request.firstPlace);
+    m_ui->sayfa->show(makeSheet(m_layout).grid, m_request.firstPlace);
 }
 
 void yazfrm::showPrinter()
