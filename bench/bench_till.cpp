@@ -96,7 +96,7 @@ void enterToLine(benchmark::State &state)
         }
         shop().machine.prompt.answers = {Answer::yes};
         till.sil();
-        till.openBoxes(); // its question waits until nobody types
+        till.work().openBoxes(); // its question waits until nobody types
     }
     const double count = static_cast<double>(state.iterations());
     state.counters["floor_us"] = seconds(floor) * 1e6 / count;

@@ -30,7 +30,7 @@ void ListMenu::addOrders()
     QMenu *orders = addMenu(u"&Sırala"_s);
     const auto addOrder = [&](const QString &text, int column) {
         connect(orders->addAction(text), &QAction::triggered, &m_list,
-                [this, column] { Q_EMIT m_list.sortWanted(column); });
+                [this, column] { m_list.sortBy(column); });
     };
     for (int column = 0; column < m_list.model()->columnCount(); ++column)
         addOrder(m_list.model()->headerData(column, Qt::Horizontal).toString(), column);

@@ -133,7 +133,13 @@ void ListView::resizeEvent(QResizeEvent *event)
 void ListView::makeSortable()
 {
     header()->setSectionsClickable(true);
-    connect(header(), &QHeaderView::sectionClicked, this, &ListView::sortWanted);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::sortBy);
+}
+
+void ListView::sortBy(int column)
+{
+    Q_EMIT sortWanted(column);
+    scrollTo(currentIndex()); // the row one was at goes elsewhere
 }
 
 QList<int> ListView::widths() const

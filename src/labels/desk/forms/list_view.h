@@ -41,6 +41,8 @@ public:
     void keyboardSearch(const QString &text) override;
     /// Lets the user sort by a click on a column's caption.
     void makeSortable();
+    /// Asks for the order of a column and stays at its row.
+    void sortBy(int column);
 
     QList<int> widths() const;
     /// Widths in pixels: the kept ones, or else the usual ones. `wideColumn` takes all the room

@@ -69,7 +69,7 @@ void ShelfScanForm::showLast()
     const QueueRow *row = m_desk.scan().last();
     m_ui->ad->setText(row ? row->name : u"Barkod okutunuz"_s);
     m_ui->birim->setText(row ? u"%1 · %2"_s.arg(row->unitText(), row->barcode) : QString());
-    m_ui->fiyat->setText(row ? row->price : QString());
+    m_ui->fiyat->setText(!row ? QString() : row->price.isEmpty() ? u"fiyatı yok"_s : row->price);
     m_ui->adet->setText(row ? u"%1 etiket"_s.arg(amount::whole(row->count)) : QString());
     m_ui->durum->clear();
 }
