@@ -51,6 +51,27 @@ private:
     std::unique_ptr<HostConnection> m_host;
 };
 
+/// A journal on a disk that is full from a statement on.
+class FullDisk final : public LocalDatabase
+{
+public:
+    void open(const QString &path) override { m_file.open(path); }
+    void close() override { m_file.close(); }
+    RecordSet execute(const QString &statement) override
+    {
+        if (left == 0)
+            throw HostError(HostError::kStatement, u"Disk dolu."_s, statement,
+                            HostError::Cause::file);
+        left -= left > 0 ? 1 : 0;
+        return m_file.execute(statement);
+    }
+
+    int left = -1; ///< statements; below 0: no end
+
+private:
+    SqliteDatabase m_file{std::chrono::milliseconds(200)};
+};
+
 /// The till with its memory on the folder of a shop; made anew for every start of the program.
 struct Counter
 {
@@ -99,7 +120,7 @@ struct Counter
         return all;
     }
 
-    SqliteDatabase file{std::chrono::milliseconds(200)};
+    FullDisk file;
     Program program;
     TillSession till;
     TillMemory memory;
@@ -262,6 +283,30 @@ TEST_F(Memory, APowerCutLeavesTheRowsToTell)
         again.till.post();
         EXPECT_EQ(ledger(), expected);
     }
+}
+
+/// The journal stops in the middle of a posting that goes on, and the program ends without a word.
+TEST_F(Memory, ADiskThatFillsUpSellsNothingTwice)
+{
+    const QStringList expected = undisturbed();
+    for (const int left : {12, 40, 76}) {
+        SCOPED_TRACE(left);
+        startAnew();
+        {
+            Counter counter(shop);
+            counter.sell(kSale);
+            counter.file.left = left;
+            counter.till.post();
+            EXPECT_EQ(counter.memory.mark(), u"GÜNLÜK TUTULAMIYOR"_s);
+        }
+        Counter again(shop);
+        if (!again.till.list(0).isEmpty())
+            again.till.post();
+        again.sell({kSale.first()});
+        again.till.post();
+        EXPECT_EQ(ledger(), expected);
+    }
+    EXPECT_TRUE(shop.prompt.shown.empty());
 }
 
 /// A lost answer is cleared up by what stands in the ledger, or by the user where nothing can tell.

@@ -37,8 +37,10 @@ Completion::Completion(CompanyDatabase &company, Prompt &prompt, JournaledSale s
 Completion::Result Completion::run()
 {
     m_company.company();
-    if (m_journaled.powerCut)
-        for (const Document document : ledger::kDocuments)
+    findReference(Document::invoice);
+    // The invoice comes last: where it stands, so do the slips before it.
+    if (m_journaled.powerCut || !m_sale.reference(Document::invoice).isEmpty())
+        for (const Document document : {Document::stock, Document::account})
             findReference(document);
     decideRows();
     decideFigures();
@@ -46,13 +48,17 @@ Completion::Result Completion::run()
                                    [](const auto &state) { return state.second == State::done; });
     if (m_result.undecided || !m_result.reached)
         return m_result;
-    for (const Document document : ledger::kDocuments) {
-        settleReference(document);
+    for (const Document document : ledger::kDocuments)
         settleNumber(document);
-    }
     m_log.drawn(m_sale);
-    for (const Record &record : m_records)
+    for (const Record &record : m_records) {
+        for (const Document document : ledger::kDocuments)
+            if (record == LedgerSale::slipOf(document)) {
+                settleReference(document); // right before its slip: other tills draw them too
+                m_log.drawn(m_sale);
+            }
         write(record);
+    }
     for (const Document document : ledger::kDocuments)
         advance(document);
     m_result.written = m_writer.written();
@@ -67,8 +73,8 @@ RecordMark *Completion::markOf(const Record &record)
 
 // ---- what stands in the ledger
 
-/// A power cut may have taken a reference out of the journal under which rows were written: the
-/// document is found by its number.
+/// A power cut, or a disk that was full in the middle of the posting, may have kept a reference
+/// out of the journal under which rows were written: the document is found by its number.
 void Completion::findReference(Document document)
 {
     if (!m_sale.reference(document).isEmpty() || m_sale.drawn(document).number.isEmpty())
@@ -76,7 +82,7 @@ void Completion::findReference(Document document)
     const Record slip = LedgerSale::slipOf(document);
     RecordSet rows = m_writer.read(row_search::byNumber(m_sale, slip));
     for (; !rows.eof(); rows.moveNext())
-        if (row_search::isOurs(m_sale, slip, rows))
+        if (row_search::isOurs(m_sale, slip, rows) && row_search::tellsSale(m_sale, slip, rows))
             m_sale.setReference(document, row_search::referenceIn(slip, rows));
 }
 

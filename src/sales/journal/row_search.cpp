@@ -144,6 +144,15 @@ bool isOurs(const LedgerSale &sale, const Record &record, const RecordSet &row)
     return same(row.number(table.amountColumn), amountOf(sale, record));
 }
 
+bool tellsSale(const LedgerSale &sale, const Record &slip, const RecordSet &row)
+{
+    if (slip.kind != Kind::invoice)
+        return true;
+    const QString &stock = sale.header().stockReference;
+    return row.text(u"FATFISSAAT") == sale.header().time &&
+           (stock.isEmpty() || row.number(u"FATFISSTKREFNO") == stock.toDouble());
+}
+
 QString lastMovement(const LedgerSale &sale, const Record &figure)
 {
     if (movesStock(figure))

@@ -15,6 +15,10 @@ QString referenceIn(const ledger::Record &slip, const RecordSet &row);
 /// Whether the current row of what statement() found is that of the sale.
 bool isOurs(const ledger::LedgerSale &sale, const ledger::Record &record, const RecordSet &row);
 
+/// Whether a slip found by its number can be that of the sale: another till may have sold the same
+/// under the same number. An invoice tells its minute and its stock slip.
+bool tellsSale(const ledger::LedgerSale &sale, const ledger::Record &slip, const RecordSet &row);
+
 /// The highest reference of a document that moved the same stock or account as a figure, as field
 /// TOTAL: above the sale's own, somebody else changed the figure since.
 QString lastMovement(const ledger::LedgerSale &sale, const ledger::Record &figure);

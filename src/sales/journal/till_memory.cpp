@@ -112,7 +112,7 @@ void TillMemory::judgeCutOff(const JournaledSale &sale)
 {
     const bool drawn = std::any_of(ledger::kDocuments.begin(), ledger::kDocuments.end(),
                                    [&sale](ledger::Document document) {
-                                       return !sale.inLedger().reference(document).isEmpty();
+                                       return !sale.inLedger().drawn(document).number.isEmpty();
                                    });
     if (!sale.reachedLedger(false)) {
         if (drawn)
@@ -285,6 +285,8 @@ void TillMemory::tryAgain()
         return;
     if (!m_restored)
         restore();
+    for (const auto &[number, state] : std::exchange(m_unended, {}))
+        endSale(number, state);
     snapshot();
     QTimer::singleShot(0, this, &TillMemory::greet);
 }
@@ -379,19 +381,30 @@ void TillMemory::ended(const PostingResult &result)
 {
     if (result.posted())
         m_sold = m_list;
-    if (m_log) {
-        if (result.posted())
-            m_sales.end(m_number, result.missing() == 0 ? State::whole : State::incomplete,
-                        m_lists.clearing(m_list));
-        else if (result.uncertain > 0)
-            m_sales.end(m_number, State::uncertain);
-        else
-            m_sales.forget(m_number);
+    State state = State::underWay; // nothing was written
+    if (result.posted())
+        state = result.missing() == 0 ? State::whole : State::incomplete;
+    else if (result.uncertain > 0)
+        state = State::uncertain;
+    if (m_log && m_file.isOpen()) {
+        endSale(m_number, state);
+    } else if (m_log) { // the file failed in the middle: what became of the sale must get into it
+        m_unended.emplace_back(m_number, state);
+        tryAgain();
     }
     m_log.reset();
     settle();
     if (result.missing() > 0)
         Q_EMIT markChanged();
+}
+
+void TillMemory::endSale(qint64 number, State state)
+{
+    if (state == State::underWay)
+        m_sales.forget(number);
+    else
+        m_sales.end(number, state,
+                    state == State::uncertain ? QStringList() : m_lists.clearing(m_list));
 }
 
 void TillMemory::numbered(const QString &receipt)

@@ -68,7 +68,8 @@ private:
     void snapshot();
     void reopen();
     void conclude(const JournaledSale &sale);
-    void settle(); ///< soon
+    void endSale(qint64 number, JournaledSale::State state); ///< underWay: it never was one
+    void settle();                                           ///< soon
     void health();
 
     Program &m_program;
@@ -85,7 +86,8 @@ private:
     std::optional<SaleLog> m_log;         ///< of the posting under way
     qint64 m_number = 0;                  ///< of the last sale
     int m_list = 0;                       ///< of the posting under way
-    int m_sold = -1;                      ///< list that is about to be cleared because it was sold
+    std::vector<std::pair<qint64, JournaledSale::State>> m_unended; ///< for a file that failed
+    int m_sold = -1; ///< list that is about to be cleared because it was sold
     bool m_watching = false;
     bool m_restored = false; ///< what the end of the program left has come back
     bool m_parked = false;
