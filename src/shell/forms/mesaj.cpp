@@ -63,25 +63,37 @@ void mesaj::finish(Answer answer)
     accept();
 }
 
-// The boxes below stand over the active window, which stays as long as they do.
+// The boxes below stand over a window, which stays as long as they do.
+
+/// The window that the user looks at. None is active yet just after a box has closed; a further box
+/// over none would lie beneath a till that is kept on top, unseen and waiting for an answer.
+QWidget *WindowPrompt::asker()
+{
+    if (QWidget *active = QApplication::activeWindow())
+        m_asker = active;
+    else if (QWidget *modal = QApplication::activeModalWidget())
+        m_asker = modal;
+    while (m_asker && !m_asker->isVisible())
+        m_asker = m_asker->parentWidget();
+    return m_asker;
+}
 
 Answer WindowPrompt::open(const Message &message)
 {
-    return mesaj(message, QApplication::activeWindow()).ask();
+    return mesaj(message, asker()).ask();
 }
 
 void WindowPrompt::warn(const QString &text, bool critical)
 {
     QMessageBox box(critical ? QMessageBox::Critical : QMessageBox::Warning, u"Dikkat"_s, text,
-                    QMessageBox::NoButton, QApplication::activeWindow());
+                    QMessageBox::NoButton, asker());
     box.addButton(u"Tamam"_s, QMessageBox::AcceptRole);
     box.exec();
 }
 
 bool WindowPrompt::confirm(const QString &text)
 {
-    QMessageBox box(QMessageBox::Question, u"Dikkat"_s, text, QMessageBox::NoButton,
-                    QApplication::activeWindow());
+    QMessageBox box(QMessageBox::Question, u"Dikkat"_s, text, QMessageBox::NoButton, asker());
     const QPushButton *yes = box.addButton(u"Evet"_s, QMessageBox::YesRole);
     box.setEscapeButton(box.addButton(u"Hayır"_s, QMessageBox::NoRole));
     box.exec();

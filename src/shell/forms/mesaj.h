@@ -3,6 +3,7 @@
 #include "common/prompt.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <memory>
 
@@ -39,4 +40,7 @@ public:
 
 private:
     Answer open(const Message &message) override;
+    QWidget *asker();
+
+    QPointer<QWidget> m_asker; ///< over which the last box stood
 };
