@@ -3,12 +3,14 @@
 #include "common/turkish.h"
 
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 void CodeChoices::setCodes(std::vector<HostCode> codes)
 {
     m_codes = std::move(codes);
+    m_typed.clear();
     m_searched.clear();
     m_searched.reserve(m_codes.size());
     for (const HostCode &code : m_codes)
@@ -18,13 +20,18 @@ void CodeChoices::setCodes(std::vector<HostCode> codes)
 
 void CodeChoices::search(const QString &text)
 {
-    const QStringList words = turkish::upper(text).split(u' ', Qt::SkipEmptyParts);
+    const QString typed = turkish::upper(text);
+    const QStringList words = typed.split(u' ', Qt::SkipEmptyParts);
     beginResetModel();
-    m_shown.clear();
-    for (std::size_t place = 0; place < m_codes.size(); ++place)
-        if (std::ranges::all_of(
-                words, [&](const QString &word) { return m_searched[place].contains(word); }))
-            m_shown.push_back(place);
+    if (m_typed.isEmpty() || !typed.startsWith(m_typed)) { // else fewer of those that are shown
+        m_shown.resize(m_codes.size());
+        std::iota(m_shown.begin(), m_shown.end(), 0U);
+    }
+    std::erase_if(m_shown, [&](std::size_t place) {
+        return !std::ranges::all_of(
+            words, [&](const QString &word) { return m_searched[place].contains(word); });
+    });
+    m_typed = typed;
     endResetModel();
 }
 

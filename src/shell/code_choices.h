@@ -43,4 +43,5 @@ private:
     std::vector<HostCode> m_codes;
     std::vector<QString> m_searched;  ///< of each code, what is looked through
     std::vector<std::size_t> m_shown; ///< places in m_codes
+    QString m_typed;                  ///< what they were searched by
 };

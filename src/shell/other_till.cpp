@@ -50,9 +50,9 @@ void fill(const QString &source, const QString &target)
 
 } // namespace
 
-void copySettings(LocalDatabase &db, const QString &source, FileBatch &batch)
+void copyDatabase(LocalDatabase &db, const QString &source, QStringView name, FileBatch &batch)
 {
-    const QString target = batch.path(settings::kFile);
+    const QString target = batch.path(name);
     {
         const OpenDatabase born(db, target); // for its owner alone
     }
@@ -82,13 +82,16 @@ OtherTill OtherTill::read(const LocalFiles &own, const QString &path)
 
 void OtherTill::takeSettings(LocalDatabase &db, FileBatch &batch) const
 {
-    copySettings(db, QDir(directory).filePath(settings::kFile.toString()), batch);
+    copyDatabase(db, QDir(directory).filePath(settings::kFile.toString()), settings::kFile, batch);
 }
 
-void OtherTill::takeFiles(FileBatch &batch) const
+void OtherTill::takeFiles(LocalDatabase &db, FileBatch &batch) const
 {
     for (const QString &name : files)
-        batch.take(QDir(directory).filePath(name), name);
+        if (const QString source = QDir(directory).filePath(name); name == settings::kReceiptFile)
+            copyDatabase(db, source, name, batch);
+        else
+            batch.take(source, name);
 }
 
 int OtherTill::layouts() const

@@ -26,9 +26,10 @@ struct OtherTill
     /// Brings its settings file, copied, into a batch. Throws std::runtime_error or HostError.
     void takeSettings(LocalDatabase &db, FileBatch &batch) const;
 
-    void takeFiles(FileBatch &batch) const;
+    /// The same for all its other files.
+    void takeFiles(LocalDatabase &db, FileBatch &batch) const;
 };
 
-/// Copies a settings file, with the journal that belongs to it, so that nobody else may read the
+/// Copies a database file, with the journal that belongs to it, so that nobody else may read the
 /// copy. Throws std::runtime_error or HostError.
-void copySettings(LocalDatabase &db, const QString &source, FileBatch &batch);
+void copyDatabase(LocalDatabase &db, const QString &source, QStringView name, FileBatch &batch);

@@ -37,7 +37,7 @@ void takeOwnSettings(Program &program, FileBatch &batch)
         db.execute(u"begin immediate"_s); // not while another program writes
         db.execute(u"rollback"_s);
     }
-    copySettings(program.db, file, batch);
+    copyDatabase(program.db, file, settings::kFile, batch);
 }
 
 /// What belongs to this machine stays its own.
@@ -129,7 +129,7 @@ void writeSetup(Program &program, SetupPrinting &printing, const SetupAnswers &a
     FileBatch batch(program.directory(), settings::kFile);
     writeSettings(program, batch, answers);
     if (answers.other) {
-        answers.other->takeFiles(batch);
+        answers.other->takeFiles(program.db, batch);
         if (answers.other->hasReceipt())
             keepReceiptNumber(program, batch);
     }

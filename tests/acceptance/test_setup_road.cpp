@@ -142,6 +142,11 @@ TEST(Setup, TakesAnotherTillsSettingsButItsPrinters)
         db.execute(u"Update stok set depo='03',depoadi='ÇARŞI ŞUBESİ' Where id ='1'"_s);
         db.execute(u"Update yazici set yazici1='ÖBÜR YAZICI' Where id ='1'"_s);
     }
+    {
+        OpenDatabase receipt(other.db, other.program.path(settings::kReceiptFile));
+        settings::complete(receipt, LocalFile::receipt, settings::Fill::design);
+        receipt.execute(u"Update zno set zno='77' Where id ='1'"_s);
+    }
     other.keys.write(u"print"_s, u"printer"_s, u"ÖBÜR YAZICI"_s,
                      other.program.path(u"ayar/Bizim.ayr"));
     writeFile(other.program.path(u"ayar/pic/logo.png"), "logo");
@@ -169,6 +174,12 @@ TEST(Setup, TakesAnotherTillsSettingsButItsPrinters)
     EXPECT_EQ(till.keys.read(u"print"_s, u"printer"_s, till.program.path(u"ayar/Bizim.ayr")),
               kPdfPrinter);
     EXPECT_EQ(readFile(till.program.path(u"ayar/pic/logo.png")), "logo");
+    const QString receipts = till.program.path(settings::kReceiptFile);
+    EXPECT_FALSE(QFile::permissions(receipts).testAnyFlags(QFile::ReadGroup | QFile::ReadOther));
+    settings::Texts counter{{u"zno.zno"_s, {}}};
+    OpenDatabase receipt(till.db, receipts);
+    settings::readTexts(receipt, LocalFile::receipt, u"zno", counter);
+    EXPECT_EQ(counter.value(u"zno.zno"_s), u"0"_s) << "a till counts its own";
     EXPECT_EQ(filesOf(other.program.directory()), untouched);
 }
 
@@ -226,4 +237,6 @@ TEST(Setup, SearchesFiftyThousandCustomersWithoutDelay)
     EXPECT_LT(timer.elapsed(), 2000) << "the slowest machine that runs the tests";
     EXPECT_EQ(choices.rowCount(), 15);
     EXPECT_EQ(choices.at(0).code, u"120.004999"_s);
+    choices.search(u"çiçek"_s); // other words: among all of them again
+    EXPECT_EQ(choices.rowCount(), 50'000);
 }
