@@ -72,8 +72,6 @@ void stepForward(Design &design, const DesignStep &step)
 void History::record(const QString &what, int merge, const Design &before,
                      const RefSet &selectedBefore, const Design &after, const RefSet &selectedAfter)
 {
-    if (before == after)
-        return;
     Design from = before;
     RefSet selectedFrom = selectedBefore;
     m_steps.erase(m_steps.begin() + static_cast<std::ptrdiff_t>(m_done), m_steps.end());

@@ -36,8 +36,7 @@ class History
 {
 public:
     /// Remembers a step; steps that were undone are forgotten. A step with the same `merge` number
-    /// as the one before it, other than 0, becomes part of that one. Nothing happens when the
-    /// designs are equal.
+    /// as the one before it, other than 0, becomes part of that one.
     void record(const QString &what, int merge, const Design &before, const RefSet &selectedBefore,
                 const Design &after, const RefSet &selectedAfter);
 

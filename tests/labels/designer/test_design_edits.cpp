@@ -1,5 +1,8 @@
+#include "common/ini_text.h"
+#include "labels/designer/clipboard.h"
 #include "labels/designer/design_edits.h"
 #include "labels/designer/designs.h"
+#include "labels/designer/label_size.h"
 
 #include <QStringList>
 
@@ -104,6 +107,22 @@ TEST(DesignEdits, OrderMovesAmongItsKindAndLocksGoAlong)
         EXPECT_TRUE(design.locked.contains({kText, lockedPlace}));
         EXPECT_TRUE(design.locked.contains({kBars, 0}));
     }
+    Design ends = textsAt({{0, 0, 1, 1}, {1, 0, 1, 1}, {2, 0, 1, 1}});
+    const LabelLayout before = ends.layout;
+    edits::reorder(ends, {{kText, 0}, {kText, 1}}, edits::Order::backward);
+    EXPECT_EQ(ends.layout, before); // there is nothing beneath them
+}
+
+TEST(Clipboard, TakesElementsButNoFlood)
+{
+    const QByteArray bytes = clipboardBytes(textsAt({{1, 2, 3, 4}}).layout);
+    EXPECT_EQ(elementsOf(bytes).texts.size(), 1U);
+    EXPECT_TRUE(elementsOf(QByteArray(IniText::kLargestText, '\n') + bytes).texts.empty());
+}
+
+TEST(LabelSize, ADesignWithoutASheetShowsItsLabel)
+{
+    EXPECT_EQ(sheetAround({}, {}).cells, std::vector{QRectF(0, 0, 70, 37)});
 }
 
 TEST(DesignEdits, ErasingLeavesLockedElementsAndKeepsTheirLocks)

@@ -100,7 +100,8 @@ TEST(DesignOutput, ThePreviewIsThePrintedPageDotByDot)
         PrintRun run(program);
         QObject::connect(&run, &PrintRun::problemsFound, [&] { run.answer(true); });
         printers.pages.clear();
-        PrintRequest request{PrintMode::all, {PrintDesk::row(u"Ayran 1 L"_s, 3)}};
+        PrintRequest request{PrintMode::all,
+                             {PrintDesk::row(u"Ayran 1 L"_s, 1), PrintDesk::row(u"Peynir"_s, 2)}};
         request.firstPlace = 2;
         run.yazzzz(request, u"raf.ayr"_s);
         ASSERT_EQ(printers.pages.size(), 1U);
@@ -120,6 +121,12 @@ TEST(DesignOutput, ThePreviewIsThePrintedPageDotByDot)
                     expected.setPixel(x, y, qRgb(255, 255, 255));
         EXPECT_TRUE(expected == printers.pages[0]);
     }
+    const auto shown = [&layout](const QString &count) {
+        layout.across = layout.down = count;
+        return previewSheet(makePrintJob(layout, {PrintDesk::row(u"Ayran"_s, 3)}),
+                            {{kDpi, kDpi}, {}, {}}, {}, kDpi);
+    };
+    EXPECT_TRUE(shown(u"0"_s) == shown(u"1"_s)); // a sheet nobody can count shows one label
 }
 
 // What was only moved is not built anew; it must look as if it had been.

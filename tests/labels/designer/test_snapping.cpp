@@ -71,6 +71,7 @@ TEST(Snapping, ResizingSnapsTheEdgesThatMove)
     Design design;
     design.guides.vertical = {45};
     design.guides.horizontal = {33};
+    design.layout.texts = {textAt({45, 200, 0, 0})}; // where a guide stands already
     const SnapTargets targets(design, {}, {}, {0, true, true, false});
     for (const Case &c : cases(u"snapped_resizing"_s)) {
         const Snapped snapped = snapResize(targets, kBox, handleOf(c[0]),
