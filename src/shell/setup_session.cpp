@@ -272,9 +272,9 @@ QString SetupSession::listFault(const CodeQuestion &question) const
     if (!m_ledger.fault().isEmpty())
         return m_ledger.fault();
     if (m_ledger.lists().closed.contains(question.table.toString()))
-        return u"Bu kullanıcının %1 listesini (%2) okuma hakkı yok. Geri dönüp tanılamaya bakın; "
-               "yalnız etiket basılacaksa boş geçebilirsiniz."_s.arg(question.caption,
-                                                                     question.table);
+        return u"Bu kullanıcı %1 listesini (%2) okuyamıyor: tablo yok ya da hakkı yok. Geri dönüp "
+               "tanılamaya bakın; yalnız etiket basılacaksa boş geçebilirsiniz."_s.arg(
+                   question.caption, question.table);
     return m_choices.isEmpty()
                ? u"Muhasebede hiç %1 tanımlı değil; satıştan önce orada tanımlayın."_s.arg(
                      question.caption)
