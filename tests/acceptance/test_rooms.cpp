@@ -197,7 +197,7 @@ TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
     QObject::connect(stocks, &QAbstractItemModel::rowsInserted, form.data(),
                      [&] { QTimer::singleShot(0, form.data(), &QWidget::close); });
     QTest::keyClick(form->findChild<QLineEdit *>(u"tr1"_s), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !form; }, 60'000));
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return list->findChild<QPushButton *>(u"ektm"_s)->isEnabled(); }, 60'000));
     EXPECT_GT(stocks->rowCount(), 100);

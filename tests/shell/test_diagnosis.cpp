@@ -1,6 +1,9 @@
 #include "common/host_probe.h"
+#include "common/host_tables.h"
 #include "shell/diagnosis.h"
+#include "shell/diagnosis_finding.h"
 #include "shell/diagnosis_steps.h"
+#include "shell/host_check.h"
 #include "shell/setup_ledger.h"
 #include "support/cases.h"
 #include "support/print_qt.h"
@@ -205,6 +208,16 @@ TEST(DiagnosisStepsTest, EachFaultIsToldAtItsStepWithWhatToDoNext)
             }
         }
     }
+}
+
+TEST(DiagnosisFindings, ADatabaseWithoutAnyOfTheTablesIsNotListed)
+{
+    host_check::Missing missing;
+    for (const auto *table : host_tables::tablesOf(host_tables::Database::company))
+        missing.tables += table->name;
+    const QString found = diagnosis_finding::ofTables(missing, u"SIRKET"_s, {}).found;
+    EXPECT_TRUE(found.contains(u"SIRKET içinde muhasebe tablolarının hiçbiri yok."_s));
+    EXPECT_FALSE(found.contains(missing.tables.first()));
 }
 
 /// A server on the same machine needs no open port: its driver has ways beside the network.
