@@ -24,7 +24,7 @@ DayPage::DayPage(DayEnd &day, QWidget *parent)
         const QDate today = m_day.today();
         showDays(QDate(today.year(), today.month(), 1), today);
     });
-    for (const QDateEdit *date : {m_ui->from, m_ui->to}) // dates are typed in the box itself
+    for (const QDateEdit *date : {m_ui->from, m_ui->to}) // they are typed in their box
         date->calendarWidget()->setDateEditEnabled(false);
     connect(m_ui->from, &QDateEdit::dateChanged, this, &DayPage::readDays);
     connect(m_ui->to, &QDateEdit::dateChanged, this, &DayPage::readDays);
