@@ -113,6 +113,7 @@ void DateBox::openCalendar()
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     auto *calendar = new QCalendarWidget(menu);
+    calendar->setDateEditEnabled(false); // a date is typed in the box itself
     calendar->setLocale(QLocale(QLocale::Turkish, QLocale::Turkey));
     calendar->setFirstDayOfWeek(Qt::Monday);
     if (date().isValid())
