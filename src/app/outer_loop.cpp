@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QPointer>
 #include <QThread>
 #include <QWidget>
 
@@ -52,9 +51,18 @@ bool OuterLoop::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != QEvent::DeferredDelete || !watched->isWidgetType() ||
         !static_cast<QWidget *>(watched)->isWindow() || isThere())
         return false;
-    run([form = QPointer(watched)] {
+    m_leaving.emplace_back(watched);
+    run([this] {
+        const QPointer<QObject> form = m_leaving.front();
+        m_leaving.pop_front();
         if (form)
             form->deleteLater();
     });
     return true;
+}
+
+void OuterLoop::deleteWaiting()
+{
+    for (const QPointer<QObject> &form : m_leaving)
+        delete form.data();
 }

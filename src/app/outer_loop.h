@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
+#include <deque>
 #include <functional>
 #include <vector>
 
@@ -23,11 +25,15 @@ public:
     /// Lets every window that is to be deleted later live until then.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+    /// The loop has ended: deletes the windows that still waited for it.
+    void deleteWaiting();
+
 private:
     bool isThere() const;
     void next();
 
     std::function<bool()> m_runs;
     std::vector<std::function<void()>> m_acts;
-    QTimer m_timer; ///< looks again whether the box has been answered
+    std::deque<QPointer<QObject>> m_leaving; ///< windows whose deletion is among the acts
+    QTimer m_timer;                          ///< looks again whether the box has been answered
 };

@@ -53,6 +53,7 @@ Rooms::Rooms(Program &program, Autostart &autostart, bool tray)
 Rooms::~Rooms()
 {
     m_program.reopen = nullptr;
+    m_outer.deleteWaiting();
     for (QWidget *form :
          std::initializer_list<QWidget *>{m_diagnosis, m_parametre, m_login, m_baglan, m_kakknd})
         delete form;
