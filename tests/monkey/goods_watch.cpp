@@ -17,8 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Commands of the label form that take rows out of the queue.
-const QStringList kQueueCommands = {u"removeOne"_s, u"clearQueue"_s, u"ekbar1"_s, u"ekbar2"_s,
-                                    u"ekbartum"_s};
+const QStringList kQueueCommands = {u"removeOne"_s, u"clearQueue"_s, u"removePrinted"_s,
+                                    u"ekbar1"_s,    u"ekbar2"_s,     u"ekbartum"_s};
 
 /// What `before` holds more than `now`.
 QStringList missing(const QStringList &before, QStringList now)
