@@ -23,8 +23,8 @@ public:
 
     void learn(qint64 milliseconds)
     {
-        if (milliseconds < kShort)
-            m_size = std::min(m_size * 4, kMost);
+        if (milliseconds < kGood)
+            m_size = std::min(m_size * (milliseconds < kShort ? 4 : 2), kMost);
         else if (milliseconds > kVeryLong)
             m_size = std::max(m_size / 8, 1);
         else if (milliseconds > kLong)
@@ -33,9 +33,12 @@ public:
 
 private:
     static constexpr int kFewest = 8;
-    static constexpr int kMost = 128;    // larger ones are no faster per statement
-    static constexpr qint64 kShort = 15; // milliseconds
-    static constexpr qint64 kLong = 100;
+    static constexpr int kMost = 128; // larger ones are no faster per statement
+    // Milliseconds. What grows is below what shrinks by far: a busy server's pause must not leave
+    // the batches small for good.
+    static constexpr qint64 kShort = 15;
+    static constexpr qint64 kGood = 150;
+    static constexpr qint64 kLong = 400;
     static constexpr qint64 kVeryLong = 1000;
 
     int m_size = kFewest;
