@@ -23,7 +23,7 @@ struct InvoiceShop
     }
 
     /// One more invoice, E and its reference being its document number.
-    void invoice(int reference, int type, const QVariant &date)
+    void invoice(int reference, const QVariant &type, const QVariant &date)
     {
         add(reference, type, date);
         answerInvoices();
@@ -37,7 +37,7 @@ struct InvoiceShop
     }
 
 private:
-    void add(int reference, int type, const QVariant &date)
+    void add(int reference, const QVariant &type, const QVariant &date)
     {
         m_invoices.push_back({reference, type, date, QStringLiteral("E%1").arg(reference),
                               QStringLiteral("Güneş Ltd.")});

@@ -26,6 +26,7 @@ TEST(LabelDesk, PriceNumbersComeFromTheSettings)
         shop.desk.loadPriceNumbers();
         EXPECT_EQ(shop.desk.priceNumbers().first, c.first);
         EXPECT_EQ(shop.desk.priceNumbers().second, c.second);
+        EXPECT_EQ(shop.desk.priceNumbers().wanted(3), QString()); // a third unit has none
     }
     EXPECT_EQ(shop.machine.db.opened.size(), shop.machine.db.closed);
     EXPECT_EQ(shop.machine.db.statements.last(), u"select * from stok where id='1'"_s);
