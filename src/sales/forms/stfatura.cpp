@@ -35,7 +35,8 @@ stfatura::stfatura(TillSession &session, QWidget *parent)
                             m_ui->button4, m_ui->button5, m_ui->button6, m_ui->button7,
                             m_ui->button8, m_ui->button9, m_ui->button10});
     setWindowState(Qt::WindowMaximized);
-    m_ui->notice->setMargin(8);
+    for (NoticeLabel *line : {m_ui->notice, m_ui->codes})
+        line->setMargin(8);
     m_ui->srvadi->installEventFilter(this);
     buildPages();
     m_customer = std::make_unique<CustomerDisplay>(session);
