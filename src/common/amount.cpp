@@ -1,5 +1,7 @@
 #include "common/amount.h"
 
+#include "common/digits.h"
+
 #include <QByteArrayView>
 #include <QVarLengthArray>
 
@@ -168,7 +170,7 @@ std::optional<double> parse(QStringView text)
             plainText.append('.');
         } else if (c == u'.' && !comma) {
             continue;
-        } else if ((c >= u'0' && c <= u'9') || (sign && plainText.isEmpty())) {
+        } else if (isDigit(c) || (sign && plainText.isEmpty())) {
             plainText.append(c.toLatin1());
         } else if ((c == u'E' || c == u'e') && !plainText.isEmpty() && !exponent) {
             plainText.append('E'); // as plain() writes it: digits, E, sign, digits

@@ -1,5 +1,7 @@
 #include "labels/desk/typed_moment.h"
 
+#include "common/digits.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -23,7 +25,7 @@ QList<Part> partsOf(QStringView text)
     QList<Part> parts;
     bool within = false;
     for (const QChar c : text.trimmed()) {
-        const bool digit = c >= u'0' && c <= u'9';
+        const bool digit = isDigit(c);
         if (!digit && !QStringView(u".,/-: ").contains(c))
             return {};
         if (digit && !within)
