@@ -217,23 +217,6 @@ bool CoverSearch::showsDark(const std::vector<DrawCommand> &commands, const QRec
     return false;
 }
 
-std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
-                                               const DeviceFonts &fonts, PictureStore &pictures)
-{
-    std::vector<std::vector<ScanFault>> all(job.barcodes.size());
-    CoverSearch search(label, job, fonts, pictures);
-    for (std::size_t i = 0; i < label.commands.size(); ++i) {
-        const auto *const bars = std::get_if<BarsCommand>(&label.commands[i].shape);
-        if (bars == nullptr)
-            continue;
-        auto &faults = all[static_cast<std::size_t>(label.commands[i].element.index)];
-        faults = barFaults(*bars, labelRoom(job), fonts);
-        if (auto cover = search.fault(i))
-            faults.push_back(std::move(*cover));
-    }
-    return all;
-}
-
 QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi, QSizeF least)
 {
     constexpr double step = 0.1; // mm, as layout files keep lengths

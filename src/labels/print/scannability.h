@@ -65,10 +65,6 @@ private:
     std::vector<QRectF> m_places; ///< of m_label's commands
 };
 
-/// All faults of the barcodes of one built label, by the number of the barcode in the layout.
-std::vector<std::vector<ScanFault>> scanFaults(const BuiltLabel &label, const PrintJob &job,
-                                               const DeviceFonts &fonts, PictureStore &pictures);
-
 /// The smallest box (mm) in which a symbol is free of faults at a resolution (dots per inch), of
 /// those that are no smaller than `least`: wider bars want to be higher.
 QSizeF smallestBox(const BarSymbol &symbol, const PaperFont &digits, double dpi, QSizeF least = {});
