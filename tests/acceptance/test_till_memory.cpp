@@ -59,16 +59,26 @@ public:
     void close() override { m_file.close(); }
     RecordSet execute(const QString &statement) override
     {
-        if (left == 0)
-            throw HostError(HostError::kStatement, u"Disk dolu."_s, statement,
-                            HostError::Cause::file);
-        left -= left > 0 ? 1 : 0;
+        use(statement);
         return m_file.execute(statement);
+    }
+    RecordSet executeWith(const QString &statement, const QVariantList &values) override
+    {
+        use(statement);
+        return m_file.executeWith(statement, values);
     }
 
     int left = -1; ///< statements; below 0: no end
 
 private:
+    void use(const QString &statement)
+    {
+        if (left == 0)
+            throw HostError(HostError::kStatement, u"Disk dolu."_s, statement,
+                            HostError::Cause::file);
+        left -= left > 0 ? 1 : 0;
+    }
+
     SqliteDatabase m_file{std::chrono::milliseconds(200)};
 };
 

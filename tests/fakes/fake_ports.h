@@ -64,6 +64,10 @@ public:
             throw HostError(HostError::kStatement, QStringLiteral("test"), statement);
         return answers.value(statement);
     }
+    RecordSet executeWith(const QString &statement, const QVariantList &) override
+    {
+        return execute(statement);
+    }
     void close() override { ++closed; }
 
     /// Scripts "select * from TABLE where id='1'".

@@ -3,6 +3,8 @@
 #include "platform/host/engine_errors.h"
 #include "platform/host/host_values.h"
 
+#include <QScopeGuard>
+
 #include <sqlite3.h>
 #include <thread>
 
@@ -56,6 +58,28 @@ QVariant field(sqlite3_stmt *statement, int column, ColumnType type)
         if (const auto date = host_values::parseDate(text))
             return *date;
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// Gives the place of a statement (from 1) its value.
+void bind(sqlite3_stmt *statement, int place, const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        sqlite3_bind_null(statement, place);
+        break;
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        sqlite3_bind_int64(statement, place, value.toLongLong());
+        break;
+    case QMetaType::Double:
+        sqlite3_bind_double(statement, place, value.toDouble());
+        break;
+    default: {
+        const QByteArray text = value.toString().toUtf8();
+        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    }
+    }
 }
 
 QStringList columnNames(sqlite3_stmt *statement)
@@ -179,6 +203,7 @@ SqliteFile::SqliteFile(const QString &path, Mode mode, std::chrono::milliseconds
 
 SqliteFile::~SqliteFile()
 {
+    m_kept.clear();
     sqlite3_close_v2(m_database);
 }
 
@@ -233,14 +258,34 @@ RecordSet SqliteFile::execute(const QString &statement)
     startWatch();
     RecordSet result;
     for (const Statement &one : prepare(statement)) {
-        std::vector<RecordSet::Row> rows;
-        const int code = readRows(one.get(), rows);
-        if (code != SQLITE_DONE)
-            fail(code, statement);
+        RecordSet rows = run(one.get(), statement);
         if (result.columns().isEmpty())
-            result = RecordSet(columnNames(one.get()), std::move(rows));
+            result = std::move(rows);
     }
     return result;
+}
+
+RecordSet SqliteFile::executeWith(const QString &statement, const QVariantList &values)
+{
+    startWatch();
+    auto kept = m_kept.find(statement);
+    if (kept == m_kept.end())
+        kept = m_kept.emplace(statement, std::move(prepare(statement).front())).first;
+    sqlite3_stmt *const prepared = kept->second.get();
+    for (qsizetype i = 0; i < values.size(); ++i)
+        bind(prepared, static_cast<int>(i) + 1, values.at(i));
+    const auto reset = qScopeGuard([prepared] { sqlite3_reset(prepared); });
+    return run(prepared, statement);
+}
+
+/// Runs to the end.
+RecordSet SqliteFile::run(sqlite3_stmt *prepared, const QString &statement)
+{
+    std::vector<RecordSet::Row> rows;
+    const int code = readRows(prepared, rows);
+    if (code != SQLITE_DONE)
+        fail(code, statement);
+    return {columnNames(prepared), std::move(rows)};
 }
 
 std::vector<SqliteFile::Statement> SqliteFile::prepare(const QString &statement)

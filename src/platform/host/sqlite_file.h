@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <unordered_map>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -30,6 +31,10 @@ public:
     /// give values of their declared type. Throws HostError.
     RecordSet execute(const QString &statement);
 
+    /// One statement with `values` (numbers, texts, none) for its "?"; prepared once and kept.
+    /// Throws HostError.
+    RecordSet executeWith(const QString &statement, const QVariantList &values);
+
     /// "SQLite 3.40.1"
     static QString version();
 
@@ -43,6 +48,7 @@ private:
     using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
 
     std::vector<Statement> prepare(const QString &statement);
+    RecordSet run(sqlite3_stmt *prepared, const QString &statement);
     [[noreturn]] void fail(int code, const QString &statement);
     void openFile(const QString &path, Mode mode);
     void startWatch();
@@ -51,4 +57,5 @@ private:
     sqlite3 *m_database = nullptr;
     std::chrono::milliseconds m_limit;
     std::chrono::steady_clock::time_point m_deadline;
+    std::unordered_map<QString, Statement> m_kept;
 };

@@ -22,11 +22,21 @@ void SqliteDatabase::open(const QString &path)
         m_file->execute(u"PRAGMA journal_mode=TRUNCATE"_s);
 }
 
-RecordSet SqliteDatabase::execute(const QString &statement)
+SqliteFile &SqliteDatabase::opened(const QString &statement) const
 {
     if (!m_file)
         throw HostError(HostError::kConnectionLost, u"Veritabanı dosyası açık değil."_s, statement);
-    return m_file->execute(statement);
+    return *m_file;
+}
+
+RecordSet SqliteDatabase::execute(const QString &statement)
+{
+    return opened(statement).execute(statement);
+}
+
+RecordSet SqliteDatabase::executeWith(const QString &statement, const QVariantList &values)
+{
+    return opened(statement).executeWith(statement, values);
 }
 
 void SqliteDatabase::close()

@@ -17,9 +17,12 @@ public:
 
     void open(const QString &path) override;
     RecordSet execute(const QString &statement) override;
+    RecordSet executeWith(const QString &statement, const QVariantList &values) override;
     void close() override;
 
 private:
+    SqliteFile &opened(const QString &statement) const;
+
     std::chrono::milliseconds m_patience;
     std::unique_ptr<SqliteFile> m_file;
 };

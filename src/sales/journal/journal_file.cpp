@@ -34,9 +34,8 @@ const QStringList &tableStatements()
         "TEXT, iskonto TEXT, aranan TEXT, PRIMARY KEY (satis, sira)) WITHOUT ROWID"_s,
         u"CREATE TABLE IF NOT EXISTS oran (satis INTEGER, oran TEXT, matrah INTEGER, kdv INTEGER, "
         "PRIMARY KEY (satis, oran)) WITHOUT ROWID"_s,
-        u"CREATE TABLE IF NOT EXISTS gonderi (satis INTEGER, no INTEGER, an TEXT, kayit TEXT, "
-        u"durum "
-        "TEXT, ifade TEXT, eski REAL, soz TEXT, PRIMARY KEY (satis, no)) WITHOUT ROWID"_s,
+        u"CREATE TABLE IF NOT EXISTS gonderi (satis INTEGER, no INTEGER, kayit TEXT, durum TEXT, "
+        "ifade TEXT, eski REAL, soz TEXT, PRIMARY KEY (satis, no)) WITHOUT ROWID"_s,
     };
     return statements;
 }
@@ -154,10 +153,10 @@ bool JournalFile::prune()
         momentText(m_clock.now().addDays(-kSaleDays))));
     const QString cashiers = numbers(
         u"SELECT no FROM olay WHERE liste<0 AND no<(SELECT max(no) FROM olay WHERE liste<0)"_s);
-    QStringList statements;
+    Changes changes;
     const auto remove = [&](QStringView table, QStringView column, const QString &aged) {
         if (!aged.isEmpty())
-            statements += u"DELETE FROM %1 WHERE %2 IN (%3)"_s.arg(table, column, aged);
+            changes.push_back({u"DELETE FROM %1 WHERE %2 IN (%3)"_s.arg(table, column, aged), {}});
     };
     remove(u"olay", u"no", deleted);
     remove(u"olay", u"no", cashiers); // the last one counts
@@ -165,7 +164,7 @@ bool JournalFile::prune()
     for (const QStringView table : {u"kalem", u"oran", u"gonderi"})
         remove(table, u"satis", sales);
     remove(u"satis", u"no", sales);
-    return !statements.isEmpty() && write(statements);
+    return !changes.empty() && write(changes);
 }
 
 bool JournalFile::setAside()
@@ -190,7 +189,7 @@ void JournalFile::fail(const HostError &error)
         healthChanged();
 }
 
-bool JournalFile::write(const QStringList &statements, Lasting lasting)
+bool JournalFile::write(const Changes &changes, Lasting lasting)
 {
     if (!m_open)
         return false;
@@ -198,10 +197,13 @@ bool JournalFile::write(const QStringList &statements, Lasting lasting)
     try {
         if (atOnce)
             m_db.execute(u"PRAGMA synchronous=FULL"_s);
-        if (statements.size() == 1)
-            m_db.execute(statements.first());
-        else
-            m_db.execute(u"BEGIN;"_s + statements.join(u';') + u";COMMIT"_s);
+        if (changes.size() != 1)
+            m_db.executeWith(u"BEGIN"_s, {});
+        for (const Change &change : changes)
+            change.values.isEmpty() ? m_db.execute(change.statement)
+                                    : m_db.executeWith(change.statement, change.values);
+        if (changes.size() != 1)
+            m_db.executeWith(u"COMMIT"_s, {});
         if (atOnce)
             m_db.execute(u"PRAGMA synchronous=NORMAL"_s);
         m_written = true;
@@ -234,16 +236,18 @@ void JournalFile::sync()
     read(u"PRAGMA wal_checkpoint(PASSIVE)"_s);
 }
 
-QString JournalFile::insertion(QStringView table, Values values)
+JournalFile::Change JournalFile::insertion(QStringView table, const Cells &cells)
 {
     QString columns;
-    QString literals;
-    for (const auto &[column, value] : values) {
-        const QStringView mark = columns.isEmpty() ? u"" : u",";
-        columns.append(mark).append(column);
-        literals.append(mark).append(quoted(value));
+    QString places;
+    QVariantList values;
+    for (const auto &[column, value] : cells) {
+        const QStringView between = columns.isEmpty() ? u"" : u",";
+        columns.append(between).append(column);
+        places.append(between).append(u'?');
+        values += value;
     }
-    return u"INSERT INTO %1 (%2) VALUES ("_s.arg(table, columns) + literals + u')';
+    return {u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, columns, places), values};
 }
 
 QString JournalFile::quoted(QString text)

@@ -5,6 +5,7 @@
 #include "common/local_database.h"
 
 #include <functional>
+#include <vector>
 
 /// The file of the till's own memory, `kasa.dbs`. The till sells on without it: whatever keeps it
 /// from being read or written (damaged, locked, read-only, no room on the disk) is kept as a fault
@@ -40,13 +41,21 @@ public:
     /// Called when the file fails, or is open again.
     std::function<void()> healthChanged;
 
+    /// A statement that writes, and what stands for its "?".
+    struct Change
+    {
+        QString statement;
+        QVariantList values;
+    };
+    using Changes = std::vector<Change>;
+
     enum class Lasting
     {
         fromNextSync,
         atOnce
     };
-    /// Runs the statements in one transaction: all of them or none. False when the file failed.
-    bool write(const QStringList &statements, Lasting lasting = Lasting::fromNextSync);
+    /// Makes the changes in one transaction: all of them or none. False when the file failed.
+    bool write(const Changes &changes, Lasting lasting = Lasting::fromNextSync);
 
     /// No rows when the file fails.
     RecordSet read(const QString &statement);
@@ -54,11 +63,11 @@ public:
     /// Brings what was written to the disk.
     void sync();
 
-    /// "INSERT INTO table (…) VALUES (…)".
-    using Values = std::initializer_list<std::pair<QStringView, QString>>;
-    static QString insertion(QStringView table, Values values);
+    /// A new row.
+    using Cells = std::vector<std::pair<QStringView, QVariant>>;
+    static Change insertion(QStringView table, const Cells &cells);
 
-    /// A text as a literal of a statement.
+    /// A text as a literal of a statement that reads.
     static QString quoted(QString text);
 
     /// The time as the file keeps it: texts that sort as their moments do.

@@ -15,10 +15,6 @@ inline qint64 of(QStringView text)
 {
     return of(amount::parse(text).value_or(0.0));
 }
-inline QString literal(QStringView text)
-{
-    return QString::number(of(text));
-}
 
 /// "1.234,50"
 inline QString text(qint64 kurus)

@@ -54,12 +54,13 @@ void apply(Sale &list, const RecordSet &event)
 
 } // namespace
 
-QString ListJournal::event(QStringView kind, int list, int row, const QString &content) const
+JournalFile::Change ListJournal::event(QStringView kind, int list, int row,
+                                       const QString &content) const
 {
     return JournalFile::insertion(u"olay", {{u"an", m_file.now()},
-                                            {u"liste", QString::number(list)},
+                                            {u"liste", list},
                                             {u"tur", kind.toString()},
-                                            {u"satir", QString::number(row)},
+                                            {u"satir", row},
                                             {u"icerik", content}});
 }
 
@@ -77,15 +78,15 @@ void ListJournal::lineSet(int list, int row, const SaleLine &line)
 }
 
 /// With who deleted it and what it was worth: the end of the day counts them.
-QString ListJournal::removal(int list, int row, const SaleLine &line) const
+JournalFile::Change ListJournal::removal(int list, int row, const SaleLine &line) const
 {
     return JournalFile::insertion(u"olay", {{u"an", m_file.now()},
-                                            {u"liste", QString::number(list)},
+                                            {u"liste", list},
                                             {u"tur", journal::kRemoved.toString()},
-                                            {u"satir", QString::number(row)},
+                                            {u"satir", row},
                                             {u"icerik", toContent(line)},
                                             {u"kasiyer", m_cashier.name},
-                                            {u"tutar", kurus::literal(line[SaleColumn::net])}});
+                                            {u"tutar", kurus::of(line[SaleColumn::net])}});
 }
 
 void ListJournal::lineRemoved(int list, int row, const SaleLine &line)
@@ -107,20 +108,20 @@ void ListJournal::customerSet(int list, const Customer &customer)
 
 void ListJournal::cleared(int list, const std::vector<SaleLine> &dropped)
 {
-    QStringList statements;
+    JournalFile::Changes changes = clearing(list);
     for (const SaleLine &line : dropped)
-        statements += removal(list, 0, line);
-    m_file.write(statements + clearing(list));
+        changes.push_back(removal(list, 0, line));
+    m_file.write(changes);
 }
 
 /// What the list went through is of no use any more; what was deleted counts on.
-QStringList ListJournal::clearing(int list) const
+JournalFile::Changes ListJournal::clearing(int list) const
 {
     // "+liste": by the numbers, which are few behind the last clearing, not by all of the list.
-    return {u"DELETE FROM olay WHERE no>=(SELECT coalesce(max(no),0) FROM olay WHERE liste=%1 AND "
-            "tur='%2') AND +liste=%1 AND tur<>'%3'"_s.arg(QString::number(list), journal::kCleared,
-                                                          journal::kRemoved),
-            event(journal::kCleared, list, 0, {})};
+    static const QString forget =
+        u"DELETE FROM olay WHERE no>=(SELECT coalesce(max(no),0) FROM olay WHERE liste=?1 AND "
+        "tur='%1') AND +liste=?1 AND tur<>'%2'"_s.arg(journal::kCleared, journal::kRemoved);
+    return {{forget, {list}}, event(journal::kCleared, list, 0, {})};
 }
 
 Sale ListJournal::left(int list) const

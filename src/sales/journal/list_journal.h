@@ -1,11 +1,8 @@
 #pragma once
 
 #include "sales/cashier.h"
+#include "sales/journal/journal_file.h"
 #include "sales/sale.h"
-
-#include <QStringList>
-
-class JournalFile;
 
 /// What happened to the sale lists, change after change; the lists as they stood follow from it.
 class ListJournal
@@ -25,8 +22,8 @@ public:
     /// `dropped`: lines that go without having been sold.
     void cleared(int list, const std::vector<SaleLine> &dropped);
 
-    /// The statements of a list that goes with a sale, for the transaction that ends it.
-    QStringList clearing(int list) const;
+    /// The changes of a list that goes with a sale, for the transaction that ends it.
+    JournalFile::Changes clearing(int list) const;
 
     /// A list as it stood when the program ended: lines, cash, payment, customer, and the moment of
     /// its last change.
@@ -34,8 +31,8 @@ public:
     Cashier lastCashier() const;
 
 private:
-    QString event(QStringView kind, int list, int row, const QString &content) const;
-    QString removal(int list, int row, const SaleLine &line) const;
+    JournalFile::Change event(QStringView kind, int list, int row, const QString &content) const;
+    JournalFile::Change removal(int list, int row, const SaleLine &line) const;
 
     JournalFile &m_file;
     Cashier m_cashier;

@@ -2,7 +2,6 @@
 
 #include "common/turkish.h"
 #include "sales/journal/header_text.h"
-#include "sales/journal/journal_file.h"
 #include "sales/journal/journal_words.h"
 #include "sales/journal/kurus.h"
 
@@ -73,7 +72,7 @@ struct RateSums
     double vat = 0.0;
 };
 
-QStringList rateStatements(const QString &number, const Sale &sale)
+JournalFile::Changes rateRows(qint64 number, const Sale &sale)
 {
     std::map<QString, RateSums> rates;
     for (const SaleLine &line : sale.lines) {
@@ -89,46 +88,44 @@ QStringList rateStatements(const QString &number, const Sale &sale)
         if (!greatest || sums.vat > greatest->vat)
             greatest = &sums;
     }
-    QStringList statements;
+    JournalFile::Changes rows;
     for (const auto &[rate, sums] : rates) {
         const qint64 vat = kurus::of(sums.vat) + (&sums == greatest ? left : 0);
-        statements +=
-            JournalFile::insertion(u"oran", {{u"satis", number},
-                                             {u"oran", rate},
-                                             {u"matrah", QString::number(kurus::of(sums.net))},
-                                             {u"kdv", QString::number(vat)}});
+        rows.push_back(JournalFile::insertion(u"oran", {{u"satis", number},
+                                                        {u"oran", rate},
+                                                        {u"matrah", kurus::of(sums.net)},
+                                                        {u"kdv", vat}}));
     }
-    return statements;
+    return rows;
 }
 
-QString lineStatement(const QString &number, int place, const SaleLine &line)
+JournalFile::Change lineRow(qint64 number, int place, const SaleLine &line)
 {
-    QString columns = u"satis,sira,iskonto,aranan"_s;
-    QString values = number + u',' + QString::number(place) + u',' + JournalFile::quoted(line.tag) +
-                     u',' + JournalFile::quoted(turkish::lower(line[SaleColumn::name]));
-    for (const auto &[column, cell] : kCells) {
-        columns.append(u',').append(column);
-        values.append(u',').append(JournalFile::quoted(line[cell]));
-    }
-    return u"INSERT INTO kalem (%1) VALUES ("_s.arg(columns) + values + u')';
+    JournalFile::Cells cells = {{u"satis", number},
+                                {u"sira", place},
+                                {u"iskonto", line.tag},
+                                {u"aranan", turkish::lower(line[SaleColumn::name])}};
+    for (const auto &[column, cell] : kCells)
+        cells.emplace_back(column, line[cell]);
+    return JournalFile::insertion(u"kalem", cells);
 }
 
-QStringList saleStatements(const QString &number, int list, const Sale &sale,
-                           const ledger::LedgerSale &inLedger, const QString &books)
+JournalFile::Changes saleRows(qint64 number, int list, const Sale &sale,
+                              const ledger::LedgerSale &inLedger, const QString &books)
 {
     const pricing::Totals &totals = sale.totals;
-    QStringList statements = {JournalFile::insertion(
+    JournalFile::Changes rows = {JournalFile::insertion(
         u"satis",
         {{u"no", number},
          {u"an", JournalFile::momentText(sale.moment)},
          {u"acilis", boot()},
-         {u"liste", QString::number(list)},
+         {u"liste", list},
          {u"kasiyerkod", sale.cashierCode},
          {u"kasiyer", sale.cashierName},
-         {u"brut", kurus::literal(totals.gross)},
-         {u"indirim", kurus::literal(totals.discount)},
-         {u"kdv", kurus::literal(totals.vat)},
-         {u"genel", kurus::literal(totals.grand)},
+         {u"brut", kurus::of(totals.gross)},
+         {u"indirim", kurus::of(totals.discount)},
+         {u"kdv", kurus::of(totals.vat)},
+         {u"genel", kurus::of(totals.grand)},
          {u"toplamlar",
           QStringList{totals.gross, totals.vat, totals.grand, totals.discount}.join(u' ')},
          {u"nakit", sale.cash},
@@ -142,8 +139,10 @@ QStringList saleStatements(const QString &number, int list, const Sale &sale,
          {u"muhasebe", books}})};
     int place = 0;
     for (const SaleLine &line : sale.lines)
-        statements += lineStatement(number, ++place, line);
-    return statements + rateStatements(number, sale);
+        rows.push_back(lineRow(number, ++place, line));
+    for (JournalFile::Change &rate : rateRows(number, sale))
+        rows.push_back(std::move(rate));
+    return rows;
 }
 
 } // namespace
@@ -164,9 +163,7 @@ qint64 SaleJournal::begin(int list, const Sale &sale, const ledger::LedgerSale &
         return 0;
     const qint64 number = qRound64(last.number(u"son")) + 1;
     m_lasting = false;
-    const bool written = m_file.write(
-        saleStatements(QString::number(number), list, sale, inLedger, m_file.ledger()));
-    return written ? number : 0;
+    return m_file.write(saleRows(number, list, sale, inLedger, m_file.ledger())) ? number : 0;
 }
 
 void SaleJournal::resume(qint64 number)
@@ -182,58 +179,57 @@ void SaleJournal::drawn(qint64 number, const ledger::LedgerSale &sale)
 {
     const bool writesNext = !m_lasting && !sale.header().stockReference.isEmpty();
     m_lasting |= writesNext;
-    m_file.write({u"UPDATE satis SET defter=%1,fatura=%2 WHERE no=%3"_s.arg(
-                     JournalFile::quoted(header_text::of(sale)),
-                     JournalFile::quoted(sale.header().invoiceNumber), QString::number(number))},
+    m_file.write({{u"UPDATE satis SET defter=?,fatura=? WHERE no=?"_s,
+                   {header_text::of(sale), sale.header().invoiceNumber, number}}},
                  writesNext ? JournalFile::Lasting::atOnce : JournalFile::Lasting::fromNextSync);
 }
 
-void SaleJournal::mark(qint64 number, QStringView key, QStringView state, const QString &statement,
-                       std::optional<double> from, const QString &words)
+/// Some seventy times in a posting: the text stays the same from mark to mark.
+void SaleJournal::mark(qint64 number, const ledger::Record &record, Sent sent,
+                       const QString &statement, std::optional<double> from, const QString &words)
 {
-    ++m_marks;
-    const QString figure = from ? QString::number(*from, 'g', 17) : u"NULL"_s;
-    QString values = QString::number(number) + u',' + QString::number(m_marks) + u",'"_s;
-    values.append(m_file.now()).append(u"','").append(key).append(u"','").append(state);
-    values.append(u"',"_s + JournalFile::quoted(statement) + u',' + figure + u',' +
-                  JournalFile::quoted(words));
-    m_file.write({u"INSERT INTO gonderi (satis,no,an,kayit,durum,ifade,eski,soz) VALUES ("_s +
-                  values + u')'});
+    static const QString insertion =
+        u"INSERT INTO gonderi (satis,no,kayit,durum,ifade,eski,soz) VALUES (?,?,?,?,?,?,?)"_s;
+    const QVariant figure = from ? QVariant(*from) : QVariant();
+    m_file.write(
+        {{insertion,
+          {number, ++m_marks, record.key(), kSent.at(static_cast<std::size_t>(sent)).toString(),
+           statement, figure, words}}});
 }
 
 void SaleJournal::sending(qint64 number, const ledger::Record &record, const QString &statement,
                           std::optional<double> from)
 {
-    mark(number, record.key(), kSent[static_cast<std::size_t>(Sent::waiting)], statement, from, {});
+    mark(number, record, Sent::waiting, statement, from, {});
 }
 
 void SaleJournal::answered(qint64 number, const ledger::Record &record, Sent sent,
                            const QString &words)
 {
-    mark(number, record.key(), kSent.at(static_cast<std::size_t>(sent)), {}, {}, words);
+    mark(number, record, sent, {}, {}, words);
 }
 
-void SaleJournal::end(qint64 number, State state, const QStringList &along)
+void SaleJournal::end(qint64 number, State state, const JournalFile::Changes &along)
 {
-    QStringList statements = {
-        u"UPDATE satis SET durum='%1' WHERE no=%2"_s.arg(wordOf(state), QString::number(number))};
+    JournalFile::Changes changes = along;
+    changes.push_back(
+        {u"UPDATE satis SET durum=? WHERE no=?"_s, {wordOf(state).toString(), number}});
     if (state == State::whole)
-        statements += u"DELETE FROM gonderi WHERE satis=%1"_s.arg(number);
-    m_file.write(statements + along);
+        changes.push_back({u"DELETE FROM gonderi WHERE satis=?"_s, {number}});
+    m_file.write(changes);
 }
 
 void SaleJournal::forget(qint64 number)
 {
-    QStringList statements = {u"DELETE FROM satis WHERE no=%1"_s.arg(number)};
+    JournalFile::Changes changes = {{u"DELETE FROM satis WHERE no=?"_s, {number}}};
     for (const QStringView table : {u"kalem", u"oran", u"gonderi"})
-        statements += u"DELETE FROM %1 WHERE satis=%2"_s.arg(table, QString::number(number));
-    m_file.write(statements);
+        changes.push_back({u"DELETE FROM %1 WHERE satis=?"_s.arg(table), {number}});
+    m_file.write(changes);
 }
 
 void SaleJournal::setReceiptNumber(qint64 number, const QString &receipt)
 {
-    m_file.write({u"UPDATE satis SET fis=%1 WHERE no=%2"_s.arg(JournalFile::quoted(receipt),
-                                                               QString::number(number))});
+    m_file.write({{u"UPDATE satis SET fis=? WHERE no=?"_s, {receipt, number}}});
 }
 
 QString SaleJournal::openCondition(Ledgers ledgers) const

@@ -1,13 +1,9 @@
 #pragma once
 
+#include "sales/journal/journal_file.h"
 #include "sales/posting_log.h"
 
-#include <QStringList>
-
 #include <map>
-#include <vector>
-
-class JournalFile;
 
 /// What became of one record of a sale, as far as it is known.
 struct RecordMark
@@ -65,9 +61,9 @@ public:
                  std::optional<double> from);
     void answered(qint64 number, const ledger::Record &record, Sent sent, const QString &words);
 
-    /// Statements of a whole sale go: its rows stand in the ledger. `along`: statements for the
-    /// same transaction.
-    void end(qint64 number, JournaledSale::State state, const QStringList &along = {});
+    /// Statements of a whole sale go: its rows stand in the ledger. `along`: changes for the same
+    /// transaction.
+    void end(qint64 number, JournaledSale::State state, const JournalFile::Changes &along = {});
     /// Nothing of it was written: it never was a sale.
     void forget(qint64 number);
     void setReceiptNumber(qint64 number, const QString &receipt);
@@ -85,7 +81,7 @@ public:
     std::optional<JournaledSale> sale(qint64 number) const;
 
 private:
-    void mark(qint64 number, QStringView key, QStringView state, const QString &statement,
+    void mark(qint64 number, const ledger::Record &record, Sent sent, const QString &statement,
               std::optional<double> from, const QString &words);
     QString openCondition(Ledgers ledgers) const;
     std::vector<JournaledSale> salesWhere(const QString &condition) const;

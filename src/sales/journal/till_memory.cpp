@@ -404,7 +404,7 @@ void TillMemory::endSale(qint64 number, State state)
         m_sales.forget(number);
     else
         m_sales.end(number, state,
-                    state == State::uncertain ? QStringList() : m_lists.clearing(m_list));
+                    state == State::uncertain ? JournalFile::Changes() : m_lists.clearing(m_list));
 }
 
 void TillMemory::numbered(const QString &receipt)
