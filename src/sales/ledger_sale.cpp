@@ -48,9 +48,9 @@ const DocumentTraits &traitsOf(Document document)
 }
 
 /// Tables in the order of Record::Kind.
-constexpr std::array<QStringView, 12> kTables = {
-    u"STKFIS",  u"STKKART", u"STKMIZDEGER", u"STKHAR",       u"CARFIS", u"CARMIZDEGER",
-    u"CARKART", u"FATFIS",  u"FATHAR",      u"FATFISTOPLAM", u"CARHAR", u"EVRAKNO"};
+constexpr std::array<QStringView, 13> kTables = {
+    u"STKFIS", u"STKKART", u"STKMIZDEGER",  u"STKHAR", u"CARFIS",  u"CARMIZDEGER", u"CARKART",
+    u"FATFIS", u"FATHAR",  u"FATFISTOPLAM", u"CARHAR", u"EVRAKNO", u"NUMARA"};
 
 Sale withoutGrouping(Sale sale)
 {
@@ -121,6 +121,7 @@ bool Record::isRow() const
     case Kind::accountMonth:
     case Kind::accountBalance:
     case Kind::counter:
+    case Kind::number:
         return false;
     default:
         return true;
@@ -177,6 +178,11 @@ std::array<Record, 3> LedgerSale::counterRecords()
 {
     using Kind = Record::Kind;
     return {{{Kind::counter, 0, 1}, {Kind::counter, 0, 2}, {Kind::counter, 0, 3}}};
+}
+
+Record LedgerSale::numberOf(Document document)
+{
+    return {Record::Kind::number, 0, static_cast<int>(document) + 1};
 }
 
 Record LedgerSale::slipOf(Document document)
@@ -338,6 +344,10 @@ QString LedgerSale::name(const Record &record) const
         return named(u"Cari hareketi"_s, m_header.accountNumber);
     case Kind::counter:
         return counterName(kDocuments.at(static_cast<std::size_t>(record.part) - 1)) + u" sayacı"_s;
+    case Kind::number: {
+        const Document document = kDocuments.at(static_cast<std::size_t>(record.part) - 1);
+        return named(counterName(document), m_header.*traitsOf(document).number);
+    }
     }
     return {};
 }

@@ -26,12 +26,13 @@ struct Record
         invoiceLine,
         invoiceSummary,
         accountMovement,
-        counter
+        counter,
+        number ///< of a document: is written with its records, and must be borne by no other
     };
 
     Kind kind = Kind::stockSlip;
     int line = 0; ///< of the sale, from 1; 0: of no line
-    int part = 0; ///< kind of a month figure, subject of a summary row, place of a counter
+    int part = 0; ///< kind of a month figure, subject of a summary row, place of a document
 
     /// Rows are inserted once; the others add to a figure that stands in the ledger.
     bool isRow() const;
@@ -74,9 +75,10 @@ public:
     const Sale &sale() const { return m_sale; }
     const Header &header() const { return m_header; }
 
-    /// All but the counters.
+    /// All but the counters and numbers.
     std::vector<Record> records() const;
     static std::array<Record, 3> counterRecords();
+    static Record numberOf(Document document);
 
     /// The record that bears a document's reference first.
     static Record slipOf(Document document);

@@ -295,13 +295,16 @@ TEST_F(Memory, APowerCutLeavesTheRowsToTell)
     }
 }
 
-/// The journal stops in the middle of a posting that goes on, and the program ends without a word.
+/// The journal stops before or in the middle of a posting that goes on, and the program ends
+/// without a word. Where the journal has no number of the sale, the user is asked whether it is
+/// that one.
 TEST_F(Memory, ADiskThatFillsUpSellsNothingTwice)
 {
     const QStringList expected = undisturbed();
-    for (const int left : {12, 40, 76}) {
+    for (const int left : {0, 1, 2, 3, 4, 12, 40, 76}) {
         SCOPED_TRACE(left);
         startAnew();
+        shop.prompt.answers = {Answer::yes};
         {
             Counter counter(shop);
             counter.sell(kSale);
@@ -312,11 +315,68 @@ TEST_F(Memory, ADiskThatFillsUpSellsNothingTwice)
         Counter again(shop);
         if (!again.till.list(0).isEmpty())
             again.till.post();
+        EXPECT_EQ(again.memory.receipts().find(u"PF000426"_s).size(), 1U);
         again.sell({kSale.first()});
         again.till.post();
         EXPECT_EQ(ledger(), expected);
     }
-    EXPECT_TRUE(shop.prompt.shown.empty());
+    EXPECT_FALSE(shop.prompt.shown.empty());
+}
+
+/// What is sold meanwhile gets into the journal as soon as the disk has room again.
+TEST_F(Memory, WhatAFullDiskKeptOutIsWrittenDownLater)
+{
+    shop.connect()->execute(u"UPDATE STKKART SET STKCINSI='Ali''nin' where STKKOD='MNV.0011'"_s);
+    Counter counter(shop);
+    counter.file.left = 20; // in the first posting
+    for (int sales = 0; sales < 2; ++sales) {
+        counter.sell(kSale);
+        counter.till.post();
+    }
+    counter.file.left = -1;
+    counter.memory.tryAgain();
+    EXPECT_EQ(counter.memory.receipts().find(u"TEM.0011"_s).size(), 2U);
+    DayEnd &day = counter.memory.dayEnd();
+    day.read(day.today(), day.today());
+    day.compare();
+    EXPECT_EQ(day.report().differences.size(), 1); // the demo shop's own invoice
+    EXPECT_EQ(counter.memory.incomplete().count(), 2);
+    EXPECT_EQ(counter.memory.incomplete().completeAll().end, IncompleteSales::Outcome::End::whole);
+}
+
+/// A till ends before it advances its counters, and another takes its numbers meanwhile.
+TEST_F(Memory, ANumberThatTwoSalesBearIsTold)
+{
+    {
+        Counter counter(shop);
+        counter.sell(kSale);
+        counter.dieAt(56, true); // before the first counter
+        EXPECT_THROW(counter.till.post(), Killed);
+    }
+    shop.open();
+    TillSession other(shop.program);
+    other.load();
+    other.enterStock(kSale.last());
+    other.post();
+    EXPECT_EQ(other.postedTotal(0).isEmpty(), false);
+
+    Counter again(shop);
+    again.sell({kSale.first()});
+    again.till.post();
+    again.till.work().openBoxes();
+    ASSERT_EQ(shop.prompt.shown.size(), 1U);
+    const QString told = u"Fatura PF000426: aynı numara başka bir satışta da var (kayıt 47, "_s;
+    EXPECT_TRUE(shop.prompt.shown.front().text.contains(told))
+        << shop.prompt.shown.front().text.toStdString();
+    IncompleteSales &incomplete = again.memory.incomplete();
+    ASSERT_EQ(incomplete.count(), 1);
+    EXPECT_EQ(IncompleteSales::report(incomplete.all().front()).lines.size(), 3);
+
+    for (const QString &slip : {u"STKFIS"_s, u"CARFIS"_s, u"FATFIS"_s})
+        shop.connect()->execute(
+            u"UPDATE %1 SET %1EVRAKNO1='X' where %1REFNO=(select max(%1REFNO)-1 "
+            "from %1)"_s.arg(slip));
+    EXPECT_EQ(incomplete.completeAll().end, IncompleteSales::Outcome::End::whole);
 }
 
 /// A lost answer is cleared up by what stands in the ledger, or by the user where nothing can tell.

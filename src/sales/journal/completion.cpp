@@ -61,6 +61,9 @@ Completion::Result Completion::run()
     }
     for (const Document document : ledger::kDocuments)
         advance(document);
+    if (!m_result.connectionLost)
+        for (const Document document : ledger::kDocuments)
+            tellDouble(document);
     m_result.written = m_writer.written();
     return m_result;
 }
@@ -323,4 +326,37 @@ void Completion::advance(Document document)
             m_writer.send(record, ledger::advanceCounter(LedgerSale::counter(document),
                                                          m_sale.nextValue(document)));
     });
+}
+
+/// Before this sale's counters were advanced another till may have drawn its numbers. Both
+/// documents stand then, and only somebody at the ledger can give one of them another number.
+void Completion::tellDouble(Document document)
+{
+    if (m_sale.drawn(document).number.isEmpty())
+        return;
+    const Record slip = LedgerSale::slipOf(document);
+    const Record number = LedgerSale::numberOf(document);
+    QStringList others;
+    bool own = false;
+    try {
+        RecordSet rows = m_writer.read(row_search::byNumber(m_sale, slip));
+        for (; !rows.eof(); rows.moveNext())
+            if (row_search::referenceIn(slip, rows) == m_sale.reference(document) &&
+                row_search::isOurs(m_sale, slip, rows))
+                own = true;
+            else if (row_search::isTills(m_sale, slip, rows))
+                others += row_search::told(slip, rows);
+    } catch (const HostError &error) {
+        if (error.connectionLost())
+            throw;
+        return; // what may not be read tells nothing
+    }
+    if (own && !others.isEmpty()) {
+        const QString words =
+            u"aynı numara başka bir satışta da var (%1)"_s.arg(others.join(u"; "_s));
+        m_log.answered(number, Sent::refused, words);
+        m_result.doubled += u"%1: %2"_s.arg(m_sale.name(number), words);
+    } else if (markOf(number)) {
+        m_log.answered(number, Sent::done, {});
+    }
 }

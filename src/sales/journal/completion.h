@@ -32,6 +32,7 @@ public:
         bool undecided = false;      ///< the user put off an answer
         bool connectionLost = false; ///< what is missing may be completed later
         QStringList missing;         ///< what is still missing and why
+        QStringList doubled;         ///< documents whose number another one bears too
         int written = 0;
     };
 
@@ -67,6 +68,7 @@ private:
     void settleNumber(ledger::Document document);
     void write(const ledger::Record &record);
     void advance(ledger::Document document);
+    void tellDouble(ledger::Document document);
     void found(const ledger::Record &record);
     template <typename Step>
     void step(const ledger::Record &record, Step &&body);

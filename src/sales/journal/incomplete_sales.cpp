@@ -56,15 +56,35 @@ QStringList IncompleteSales::missing(const JournaledSale &sale)
     return missing;
 }
 
+QStringList IncompleteSales::doubled(const JournaledSale &sale)
+{
+    const ledger::LedgerSale inLedger = sale.inLedger();
+    QStringList doubled;
+    for (const ledger::Document document : ledger::kDocuments) {
+        const ledger::Record number = ledger::LedgerSale::numberOf(document);
+        const auto mark = sale.marks.find(number.key());
+        if (mark != sale.marks.end() && mark->second.sent != Sent::done)
+            doubled += u"%1: %2"_s.arg(inLedger.name(number), mark->second.words);
+    }
+    return doubled;
+}
+
 PostingReport IncompleteSales::report(const JournaledSale &sale)
 {
     PostingReport report;
     report.lines = missing(sale);
+    const bool onlyDoubled = report.lines.isEmpty();
     report.headline =
         sale.state == State::uncertain
             ? u"Bu satışın yazılıp yazılmadığı bilinmiyor; listesi duruyor."_s
+        : onlyDoubled
+            ? u"Bu satış muhasebede tam, ama belge numarası başka bir satışta da var."_s
             : u"Bu satışın %1 kaydı muhasebede yok."_s.arg(QString::number(report.lines.size()));
-    if (sale.elsewhere)
+    report.lines += doubled(sale);
+    if (onlyDoubled)
+        report.advice = u"Muhasebede belgelerden birine yeni numara verin; sonra \"Eksikleri "
+                        "tamamla\" ya da \"Elle tamamlandı\" onu listeden çıkarır."_s;
+    else if (sale.elsewhere)
         report.advice = u"Bu satış %1 muhasebesine yazılıyordu; kasa yeniden ona bağlanınca "
                         "tamamlanır."_s.arg(sale.ledger);
     else
@@ -145,16 +165,22 @@ IncompleteSales::Outcome IncompleteSales::outcomeOf(const JournaledSale &sale,
                 u"%1 tutarındaki satıştan muhasebeye hiçbir kayıt yazılmamış; listesi "
                 "duruyor."_s.arg(total)};
     }
-    const bool whole = result.missing.isEmpty();
+    const bool whole = result.missing.isEmpty() && result.doubled.isEmpty();
     m_journal.end(sale.number, whole ? State::whole : State::incomplete);
     if (sale.state == State::uncertain)
         Q_EMIT foundPosted(sale);
     if (whole)
         return {End::whole, u"%1 tutarındaki satış tamamlandı (%2 kayıt yazıldı)."_s.arg(
                                 total, QString::number(result.written))};
+    if (result.missing.isEmpty())
+        return {End::partly,
+                u"%1 tutarındaki satış tamamlandı. %2"_s.arg(total, result.doubled.join(u' ')),
+                true};
     return {result.connectionLost ? End::noHost : End::partly,
             u"%1 tutarındaki satışın %2 kaydı eksik kaldı: %3"_s.arg(
-                total, QString::number(result.missing.size()), result.missing.first())};
+                total, QString::number(result.missing.size()),
+                (result.missing.first(1) + result.doubled).join(u' ')),
+            !result.doubled.isEmpty()};
 }
 
 void IncompleteSales::closeByHand(qint64 number)

@@ -24,6 +24,8 @@ public:
     /// What is missing of a sale, in the order it is written: "Stok hareketi S1, 2. satır:
     /// gönderilmedi".
     static QStringList missing(const JournaledSale &sale);
+    /// Its documents whose number another sale bears too: somebody has to mend that in the ledger.
+    static QStringList doubled(const JournaledSale &sale);
     static PostingReport report(const JournaledSale &sale);
 
     /// Why the next sale would take numbers that this one used already, or may have: a counter that
@@ -36,13 +38,14 @@ public:
         enum class End
         {
             whole,
-            partly,    ///< something cannot be written; `text` names it
+            partly,    ///< something cannot be written or has to be mended; `text` names it
             nothing,   ///< nothing of it stood in the ledger: it is no sale, its list stands
             postponed, ///< the user put off an answer
             noHost
         };
         End end = End::noHost;
         QString text;
+        bool doubled = false; ///< two sales bear one number: nobody at the till can mend that
     };
     Outcome complete(const JournaledSale &sale);
 

@@ -153,6 +153,24 @@ bool tellsSale(const LedgerSale &sale, const Record &slip, const RecordSet &row)
            (stock.isEmpty() || row.number(u"FATFISSTKREFNO") == stock.toDouble());
 }
 
+bool isTills(const LedgerSale &sale, const Record &slip, const RecordSet &row)
+{
+    const QString table = tableOf(slip).name.toString();
+    return row.text(table + u"SEVNO"_s) == u"999" &&
+           row.value(table + u"TAR"_s).toDate() >=
+               QDate::fromString(sale.header().today, u"dd.MM.yyyy"_s);
+}
+
+QString told(const Record &slip, const RecordSet &row)
+{
+    const Table &table = tableOf(slip);
+    QString day = RecordSet::toText(row.value(table.name.toString() + u"TAR"_s).toDate());
+    if (slip.kind == Kind::invoice)
+        day += u' ' + row.text(u"FATFISSAAT");
+    return u"kayıt %1, %2, %3"_s.arg(row.text(table.referenceColumn), day,
+                                     amount::money(row.number(table.amountColumn)));
+}
+
 QString lastMovement(const LedgerSale &sale, const Record &figure)
 {
     if (movesStock(figure))

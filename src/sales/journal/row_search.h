@@ -19,6 +19,12 @@ bool isOurs(const ledger::LedgerSale &sale, const ledger::Record &record, const 
 /// under the same number. An invoice tells its minute and its stock slip.
 bool tellsSale(const ledger::LedgerSale &sale, const ledger::Record &slip, const RecordSet &row);
 
+/// Whether a slip is a till's, of the sale's day or later: one that may have drawn the same number.
+bool isTills(const ledger::LedgerSale &sale, const ledger::Record &slip, const RecordSet &row);
+
+/// "kayıt 48, 07.03.2026 14:5, 52,10": a slip, for whoever looks it up in the ledger.
+QString told(const ledger::Record &slip, const RecordSet &row);
+
 /// The highest reference of a document that moved the same stock or account as a figure, as field
 /// TOTAL: above the sale's own, somebody else changed the figure since.
 QString lastMovement(const ledger::LedgerSale &sale, const ledger::Record &figure);

@@ -21,7 +21,8 @@ TillMemory::TillMemory(Program &program, TillSession &till, QObject *parent)
     : QObject(parent), m_program(program), m_till(till),
       m_file(*program.journal, program.clock, program.path(u"kasa.dbs"), program.ledger),
       m_lists(m_file), m_sales(m_file), m_incomplete(program, m_sales),
-      m_receipts(program, m_file, m_sales, till), m_dayEnd(program, m_file, till)
+      m_receipts(program, m_file, m_sales, till), m_dayEnd(program, m_file, till),
+      m_keeper(m_file, m_sales, m_lists)
 {
     m_settle.setInterval(kSettle);
     m_settle.setSingleShot(true);
@@ -83,7 +84,13 @@ void TillMemory::restore()
             TillSession::caption(place), QString::number(left.lines.size()),
             left.moment.toString(today ? u"HH:mm"_s : u"dd.MM. HH:mm"_s));
         m_till.restore(place, left);
-        m_given.at(static_cast<std::size_t>(place)) = given(place);
+        Sale &known = m_given.at(static_cast<std::size_t>(place));
+        known = given(place);
+        Sale &cameBack = m_back.at(static_cast<std::size_t>(place));
+        cameBack = known;
+        cameBack.lines = m_till.list(place).lines();
+        cameBack.totals = m_till.totals(place);
+        cameBack.moment = left.moment;
     }
     const Cashier cashier = m_watching ? m_till.cashier() : m_lists.lastCashier();
     m_lists.setCashier(cashier);
@@ -190,6 +197,7 @@ void TillMemory::listReset(int list)
     const bool sold = std::exchange(m_sold, -1) == list;
     if (!lines.empty() && !m_parked)
         m_lists.cleared(list, sold ? std::vector<SaleLine>() : lines);
+    m_back.at(static_cast<std::size_t>(list)).lines.clear();
     settle();
 }
 
@@ -261,8 +269,9 @@ void TillMemory::health()
     Q_EMIT markChanged();
     if (!m_file.isOpen())
         Q_EMIT m_till.noticed(
-            u"Kasa günlüğü (kasa.dbs) tutulamıyor: %1 Satış sürer; program kapanırsa açık "
-            "listeler ve yarım kayıtlar hatırlanmaz."_s.arg(m_file.fault()),
+            u"Kasa günlüğü (kasa.dbs) tutulamıyor: %1 Satış sürer; günlük düzelmeden program "
+            "kapanırsa bu sıradaki satışlar ve liste değişiklikleri hatırlanmaz."_s.arg(
+                m_file.fault()),
             Notice::fault);
 }
 
@@ -285,8 +294,7 @@ void TillMemory::tryAgain()
         return;
     if (!m_restored)
         restore();
-    for (const auto &[number, state] : std::exchange(m_unended, {}))
-        endSale(number, state);
+    m_keeper.bringBack();
     snapshot();
     QTimer::singleShot(0, this, &TillMemory::greet);
 }
@@ -314,20 +322,83 @@ bool TillMemory::mayBegin(int list)
         if (!IncompleteSales::holdsBackNumbers(sale))
             continue;
         const bool full = !m_till.list(list).isEmpty();
-        const IncompleteSales::Outcome outcome = m_incomplete.complete(sale);
-        using End = IncompleteSales::Outcome::End;
-        if (outcome.end == End::noHost)
-            tellConnectionLost(m_program);
-        if (outcome.end == End::noHost || outcome.end == End::postponed) {
-            Q_EMIT m_till.noticed(u"Satış kaydedilmedi; önce eksik kalan satış tamamlanmalı. "_s +
-                                      outcome.text,
-                                  Notice::fault);
+        if (!mayPost(m_incomplete.complete(sale)))
             return false;
-        }
         if (full && m_till.list(list).isEmpty()) // it was the sale that is to be posted
             return false;
     }
+    return !wasSoldBefore(list);
+}
+
+bool TillMemory::mayPost(const IncompleteSales::Outcome &outcome)
+{
+    using End = IncompleteSales::Outcome::End;
+    if (outcome.doubled)
+        m_till.work().later([this, text = outcome.text] { m_program.warn(text); });
+    if (outcome.end == End::noHost)
+        tellConnectionLost(m_program);
+    if (outcome.end != End::noHost && outcome.end != End::postponed)
+        return true;
+    Q_EMIT m_till.noticed(u"Satış kaydedilmedi; önce eksik kalan satış tamamlanmalı. "_s +
+                              outcome.text,
+                          Notice::fault);
+    return false;
+}
+
+/// A list that came back may have been sold while the journal could not be written, or between two
+/// words of it: the ledger knows. True when it is not to be posted now.
+bool TillMemory::wasSoldBefore(int list)
+{
+    const Sale left = m_back.at(static_cast<std::size_t>(list));
+    if (left.lines.empty())
+        return false;
+    std::optional<sold_search::Found> found;
+    try {
+        found = sold_search::find(m_program, m_till.settings(), left,
+                                  [this](const QString &invoice) { return isKnown(invoice); });
+    } catch (const HostError &error) {
+        return error.connectionLost() && !mayPost({IncompleteSales::Outcome::End::noHost, {}});
+    }
+    if (!found)
+        return false;
+    const Message question{
+        u"%1 listesi program kapanmadan önce satılmış olabilir: kasa günlüğü o sırada "
+        "yazılamıyordu.\n\nMuhasebede aynı mallarla bu kasanın bilmediği bir satış var:\n%2, "
+        "fatura "
+        "%3, toplam %4\n\nListe o satış mı?\nEVET: liste boşalır, yeniden kaydedilmez.  HAYIR: "
+        "yeni "
+        "satış olarak kaydedilir.  Esc: sonra karar verilir."_s.arg(
+            TillSession::caption(list), found->sale.moment.toString(u"dd.MM.yyyy HH:mm"_s),
+            found->inLedger.header().invoiceNumber, found->sale.totals.grand),
+        u"ONAY"_s, 3, 2};
+    const Answer answer = m_program.prompt.show(question);
+    if (answer == Answer::yes)
+        enter(list, *found);
+    else if (answer == Answer::no)
+        return false;
+    else
+        Q_EMIT m_till.noticed(
+            u"Satış kaydedilmedi; %1 listesi duruyor."_s.arg(TillSession::caption(list)),
+            Notice::fault);
     return true;
+}
+
+bool TillMemory::isKnown(const QString &invoice)
+{
+    return !m_file
+                .read(u"SELECT no FROM satis WHERE fatura=%1 AND muhasebe=%2"_s.arg(
+                    JournalFile::quoted(invoice), JournalFile::quoted(m_file.ledger())))
+                .eof();
+}
+
+/// Writes down a sale that the ledger alone knew, and completes what it may lack.
+void TillMemory::enter(int list, const sold_search::Found &found)
+{
+    const qint64 number = m_sales.begin(list, found.sale, found.inLedger);
+    m_sales.drawn(number, found.inLedger);
+    m_sales.end(number, State::uncertain);
+    if (const auto sale = m_sales.sale(number))
+        mayPost(m_incomplete.complete(*sale)); // clears the list
 }
 
 /// A list that stood because nobody knew better was sold. It goes when it is still what was sold.
@@ -352,29 +423,23 @@ void TillMemory::conclude(const JournaledSale &sale)
 
 void TillMemory::begun(const Sale &sale, const ledger::LedgerSale &inLedger)
 {
-    m_log.reset();
-    m_number = m_sales.begin(m_list, sale, inLedger);
-    if (m_number > 0)
-        m_log.emplace(m_sales, m_number);
+    m_keeper.begin(m_list, sale, inLedger);
 }
 
 void TillMemory::drawn(const ledger::LedgerSale &sale)
 {
-    if (m_log)
-        m_log->drawn(sale);
+    m_keeper.drawn(sale);
 }
 
 void TillMemory::sending(const ledger::Record &record, const QString &statement,
                          std::optional<double> from)
 {
-    if (m_log)
-        m_log->sending(record, statement, from);
+    m_keeper.step([=](PostingLog &log) { log.sending(record, statement, from); });
 }
 
 void TillMemory::answered(const ledger::Record &record, Sent sent, const QString &words)
 {
-    if (m_log)
-        m_log->answered(record, sent, words);
+    m_keeper.step([=](PostingLog &log) { log.answered(record, sent, words); });
 }
 
 void TillMemory::ended(const PostingResult &result)
@@ -386,29 +451,16 @@ void TillMemory::ended(const PostingResult &result)
         state = result.missing() == 0 ? State::whole : State::incomplete;
     else if (result.uncertain > 0)
         state = State::uncertain;
-    if (m_log && m_file.isOpen()) {
-        endSale(m_number, state);
-    } else if (m_log) { // the file failed in the middle: what became of the sale must get into it
-        m_unended.emplace_back(m_number, state);
+    const bool failed = m_keeper.failed();
+    m_keeper.end(state);
+    if (failed) // in the middle: what became of the sale should get into it
         tryAgain();
-    }
-    m_log.reset();
     settle();
     if (result.missing() > 0)
         Q_EMIT markChanged();
 }
 
-void TillMemory::endSale(qint64 number, State state)
-{
-    if (state == State::underWay)
-        m_sales.forget(number);
-    else
-        m_sales.end(number, state,
-                    state == State::uncertain ? JournalFile::Changes() : m_lists.clearing(m_list));
-}
-
 void TillMemory::numbered(const QString &receipt)
 {
-    if (m_number > 0)
-        m_sales.setReceiptNumber(m_number, receipt);
+    m_keeper.numbered(receipt);
 }

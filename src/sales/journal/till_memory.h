@@ -5,7 +5,8 @@
 #include "sales/journal/journal_file.h"
 #include "sales/journal/list_journal.h"
 #include "sales/journal/receipt_archive.h"
-#include "sales/journal/sale_log.h"
+#include "sales/journal/sale_keeper.h"
+#include "sales/journal/sold_search.h"
 #include "sales/posting_witness.h"
 #include "sales/till_session.h"
 
@@ -67,9 +68,12 @@ private:
     Sale given(int list) const;
     void snapshot();
     void reopen();
+    bool mayPost(const IncompleteSales::Outcome &outcome);
+    bool wasSoldBefore(int list);
+    bool isKnown(const QString &invoice);
+    void enter(int list, const sold_search::Found &found);
     void conclude(const JournaledSale &sale);
-    void endSale(qint64 number, JournaledSale::State state); ///< underWay: it never was one
-    void settle();                                           ///< soon
+    void settle(); ///< soon
     void health();
 
     Program &m_program;
@@ -83,10 +87,9 @@ private:
     QTimer m_settle; ///< brings the journal to the disk
     QTimer m_prune;
     std::array<Sale, kSaleLists> m_given; ///< cash, payment and customer, as they are written down
-    std::optional<SaleLog> m_log;         ///< of the posting under way
-    qint64 m_number = 0;                  ///< of the last sale
-    int m_list = 0;                       ///< of the posting under way
-    std::vector<std::pair<qint64, JournaledSale::State>> m_unended; ///< for a file that failed
+    std::array<Sale, kSaleLists> m_back;  ///< what came back into the lists, until it is sold
+    SaleKeeper m_keeper;
+    int m_list = 0;  ///< of the posting under way
     int m_sold = -1; ///< list that is about to be cleared because it was sold
     bool m_watching = false;
     bool m_restored = false; ///< what the end of the program left has come back
