@@ -112,9 +112,11 @@ TEST_F(RoomsTest, SettingsAreReachedOnceThroughThePassword)
     EXPECT_TRUE(open<parametre>().first()->isModal());
     rooms.showLogin();
     EXPECT_EQ(open<login>().size(), 0);
+    shop.program.bag.reset(); // saving opens what is closed, though nothing is new
     click(open<parametre>().first(), u"button1"_s);
     QTest::qWait(20);
     EXPECT_EQ(open<parametre>().size(), 0);
+    EXPECT_TRUE(Program::isOpen(shop.program.bag));
 }
 
 TEST_F(RoomsTest, TheTillStaysOverOtherWindowsWhileTheSettingsSaySo)
@@ -150,9 +152,11 @@ TEST_F(RoomsTest, AMasterThatIsGoneBringsTheConnectionDialogAndItsEndEndsTheProg
     QFile::remove(shop.program.path(u"DEMOANA.yerel"));
     EXPECT_TRUE(endsByItself([this] {
         rooms.open();
-        QTimer::singleShot(50, &rooms, [] {
+        QTimer::singleShot(50, &rooms, [this] {
             EXPECT_EQ(open<stkkart>().size(), 0);
             ASSERT_EQ(open<baglan>().size(), 1);
+            rooms.showLastWindow();
+            EXPECT_EQ(open<stkkart>().size(), 0) << "nothing can be listed";
             open<baglan>().first()->close();
         });
     }));
@@ -183,6 +187,24 @@ TEST_F(RoomsTest, ARunningPrintIsStoppedWhenTheProgramEnds)
         click(form, u"printAll"_s);
     }));
     EXPECT_TRUE(QDir(shop.program.path(u"cikti")).entryList({u"*.pdf"_s}).isEmpty());
+}
+
+TEST_F(RoomsTest, WhatTheMenuIsAskedForDuringAPrintComesWhenItIsDone)
+{
+    stkkart *const form = searched(u"GID.00"_s);
+    click(form, u"ektm"_s);
+    click(form, u"chooseLayout"_s);
+    auto *const layouts = await<yazfrm>();
+    layouts->findChild<QListWidget *>(u"liste"_s)->setCurrentRow(0);
+    click(layouts, u"yazdir"_s);
+    auto *const question = await<PrintProblems>(); // the run waits for its answer
+    ASSERT_NE(question, nullptr);
+    choose(u"ayr"_s);
+    QTest::qWait(50);
+    EXPECT_EQ(open<login>().size(), 0);
+    click(question, u"yazdir"_s);
+    EXPECT_NE(await<login>(), nullptr);
+    EXPECT_FALSE(QDir(shop.program.path(u"cikti")).entryList({u"*.pdf"_s}).isEmpty());
 }
 
 TEST_F(RoomsTest, ALoaderClosedWhileItsStocksAreReadDoesNoHarm)
@@ -242,6 +264,8 @@ TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpenAndStartsAnew)
     EXPECT_TRUE(endsByItself([this] {
         stkkart *const list = searched(u"KRT."_s);
         list->findChild<QAction *>(u"ekbartum"_s)->trigger();
+        rooms.showSales();
+        enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
         QTimer::singleShot(50, &rooms, [this] {
             EXPECT_EQ(open<Baruret>().size(), 1);
             rooms.showConnection(); // the connection is open: the dialog unloads itself
@@ -249,6 +273,7 @@ TEST_F(RoomsTest, TheProgramEndsWhileTheGeneratorIsOpenAndStartsAnew)
         click(list, u"brkdurt"_s);
     }));
     EXPECT_TRUE(rooms.restartWanted());
+    EXPECT_TRUE(shop.prompt.shown.empty()) << "the sale comes back with the program";
 }
 
 TEST_F(RoomsTest, ADoubleClickOnALayoutPrintsWhenItsListIsDoneWithIt)
@@ -272,16 +297,41 @@ TEST_F(RoomsTest, ADoubleClickOnALayoutPrintsWhenItsListIsDoneWithIt)
     EXPECT_TRUE(open<yazfrm>().isEmpty());
 }
 
+TEST_F(RoomsTest, TheDesignerOpensTheLayoutThatWasChosenToPrint)
+{
+    stkkart *const list = searched(u"GID.00"_s);
+    click(list, u"ektm"_s);
+    click(list, u"chooseLayout"_s);
+    auto *const layouts = await<yazfrm>()->findChild<QListWidget *>(u"liste"_s);
+    layouts->setCurrentRow(1);
+    const QString name = layouts->currentItem()->text();
+    click(layouts->window(), u"duzenle"_s);
+    ASSERT_NE(await<Form1>(), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return await<Form1>()->windowTitle().contains(name); }))
+        << await<Form1>()->windowTitle().toStdString();
+}
+
 TEST_F(RoomsTest, WhoDoesNotWantToEndKeepsEveryForm)
 {
     rooms.open();
     rooms.showSales();
     enter(open<stfatura>().first(), u"srvadi"_s, u"86933308"_s);
+    choose(u"cikis"_s);
     choose(u"cikis"_s); // and nobody says yes
     EXPECT_TRUE(QTest::qWaitFor([this] { return !shop.prompt.shown.empty(); }));
-    QTest::qWait(20);
+    QTest::qWait(100);
     EXPECT_EQ(shop.prompt.shown.size(), 1U);
     EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size(), 2);
+
+    rooms.showDesigner();
+    Form1 *const designer = await<Form1>();
+    designer->findChild<QAction *>(u"barkod"_s)->trigger();
+    QTest::keyClick(designer->findChild<QWidget *>(u"canvas"_s), Qt::Key_Return);
+    shop.prompt.answers = {Answer::yes, Answer::closed}; // the sale may go, the design not
+    choose(u"cikis"_s);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return shop.prompt.shown.size() == 3U; }));
+    QTest::qWait(20);
+    EXPECT_EQ(open<stkkart>().size() + open<stfatura>().size() + open<Form1>().size(), 3);
 }
 
 // The tray can be reached, and a timer can close a form, while a box waits for its answer.
@@ -294,6 +344,7 @@ TEST_F(RoomsWithTray, NoFormGoesAndNothingEndsWhileABoxIsOpen)
         const QPointer form = open<login>().first();
         shop.prompt.onShow = [&, form] { // the password is wrong
             form->close();
+            choose(u"stkkrt"_s);
             choose(u"cikis"_s);
             QEventLoop box;
             QTimer::singleShot(200, &box, &QEventLoop::quit);
