@@ -6,6 +6,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -56,9 +57,44 @@ struct Decimal
     int whole = 0; ///< places before the comma; negative: zeros behind it
 };
 
-/// A magnitude rounded half away from zero to `decimals` places, with a decimal comma.
+/// The magnitude rounded half away from zero to `decimals` places, in units of the last of them.
+/// Most amounts are the double nearest to a number of few places and 15 digits at most: they stand
+/// for that one then, and whole numbers do the rest. Nothing for the others.
+std::optional<qint64> inLastPlaces(double magnitude, int decimals)
+{
+    constexpr std::array<double, 7> scales = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+    constexpr double largest = 999'999'999'999'999;
+    constexpr int finest = 6;
+    for (const int places : {decimals, finest}) {
+        const double scale = scales.at(static_cast<std::size_t>(places));
+        const double whole = std::round(magnitude * scale);
+        if (whole > largest || whole / scale != magnitude)
+            continue;
+        const auto step =
+            static_cast<qint64>(scales.at(static_cast<std::size_t>(places - decimals)));
+        return (static_cast<qint64>(whole) + step / 2) / step;
+    }
+    return {};
+}
+
+/// Digits with a comma before the last `decimals` of them, and one before the comma at least.
+QString withComma(qint64 digits, int decimals)
+{
+    std::array<QChar, 24> text;
+    QChar *first = text.data() + text.size();
+    for (int place = 0; digits > 0 || place <= decimals; ++place, digits /= 10) {
+        if (place == decimals)
+            *--first = u',';
+        *--first = QChar(u'0' + static_cast<int>(digits % 10));
+    }
+    return QString(first, text.data() + text.size() - first);
+}
+
+/// A magnitude rounded half away from zero to `decimals` places (1 to 4), with a decimal comma.
 QString fixedDigits(double magnitude, int decimals)
 {
+    if (const auto digits = inLastPlaces(magnitude, decimals))
+        return withComma(*digits, decimals);
     Decimal decimal(magnitude);
     decimal.round(decimals);
     QString text;
@@ -100,6 +136,16 @@ QString significant(double value, int digits)
 double spelled(float value)
 {
     const auto wide = static_cast<double>(value);
+    const double size = std::fabs(wide);
+    if (size >= 0.001 && size < 1e7) { // as prices are
+        double scale = 1;
+        while (size * scale < 1e6)
+            scale *= 10;
+        const double sevenDigits = size * scale;
+        const double whole = std::round(sevenDigits);
+        if (std::fabs(sevenDigits - whole) < 0.499) // else they lie just in the middle, or nearly
+            return std::copysign(whole / scale, wide);
+    }
     return std::isfinite(wide) ? QByteArray::number(wide, 'G', 7).toDouble() : wide;
 }
 

@@ -9,11 +9,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Most names are asked for as they are spelled.
-bool isNamed(QStringView name, QStringView wanted)
+/// Looks for a name from `at` on and round the end and leaves `at` there; false when there is none.
+bool seek(const QStringList &names, QStringView wanted, Qt::CaseSensitivity care, qsizetype &at)
 {
-    return name.size() == wanted.size() &&
-           (name == wanted || name.compare(wanted, Qt::CaseInsensitive) == 0);
+    for (qsizetype tried = 0; tried < names.size(); ++tried) {
+        const QString &name = names.at(at);
+        if (name.size() == wanted.size() &&
+            (care == Qt::CaseSensitive ? name == wanted : wanted.compare(name, care) == 0))
+            return true;
+        at = at + 1 < names.size() ? at + 1 : 0;
+    }
+    return false;
 }
 
 } // namespace
@@ -29,12 +35,10 @@ const QVariant &RecordSet::value(QStringView column) const
     // Rows are read field by field in much the same order, so the search goes on where the last one
     // ended: a ledger table has a hundred columns, and a list of all stocks a hundred thousand
     // rows.
-    for (qsizetype tried = 0; tried < m_columns.size(); ++tried) {
-        const qsizetype i = m_lastColumn;
-        if (isNamed(m_columns.at(i), column))
-            return m_rows[m_at].at(static_cast<std::size_t>(i));
-        m_lastColumn = i + 1 < m_columns.size() ? i + 1 : 0;
-    }
+    // Most names are asked for as they are spelled.
+    if (seek(m_columns, column, Qt::CaseSensitive, m_lastColumn) ||
+        seek(m_columns, column, Qt::CaseInsensitive, m_lastColumn))
+        return m_rows[m_at].at(static_cast<std::size_t>(m_lastColumn));
     throw HostError(HostError::kNoColumn, u"Sütun bulunamadı: %1"_s.arg(column));
 }
 
@@ -46,6 +50,8 @@ QString RecordSet::text(QStringView column) const
 double RecordSet::number(QStringView column) const
 {
     const QVariant &field = value(column);
+    if (field.typeId() == QMetaType::Double)
+        return field.toDouble();
     if (field.isNull())
         return 0.0;
     if (field.typeId() != QMetaType::QString)

@@ -8,8 +8,22 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// To make a pen costs more than to look whether it is there, and a label has few colours.
+void takePen(QPainter &painter, QRgb colour)
+{
+    const QColor wanted(colour);
+    const QPen &pen = painter.pen();
+    if (pen.style() != Qt::SolidLine || pen.width() != 1 || pen.color() != wanted)
+        painter.setPen(wanted);
+}
+
+} // namespace
 
 CommandPainter::CommandPainter(QPainter &painter, const DeviceFonts &fonts, PictureStore &pictures,
                                ScreenInk *screen)
@@ -83,7 +97,7 @@ void CommandPainter::draw(const BarsCommand &bars, QPointF origin)
 void CommandPainter::drawDigits(const BarsCommand &bars, const BarsGeometry &geometry,
                                 const DigitStyle &style, int baseline)
 {
-    m_painter.setPen(QColor(bars.colour));
+    takePen(m_painter, bars.colour);
     for (const DigitGroup &group : bars.symbol.groups) {
         const double width = static_cast<double>(group.digits.size()) * style.advance;
         const double left = geometry.x(group.left) + (group.width * geometry.module - width) / 2;
@@ -110,10 +124,11 @@ void CommandPainter::draw(const TextCommand &text, QPointF origin)
     const QPointF at = toDots(corner, m_fonts.dpi());
     const QPointF dot(std::round(at.x() + text.nudge), std::round(at.y()));
 
-    m_painter.setPen(QColor(text.colour));
-    paintTurned(m_painter, dot, text.angle, [&](QPointF start) {
+    takePen(m_painter, text.colour);
+    const auto writeAt = [&](QPointF start) {
         write(start + QPointF(0, font.ascent()), font.font(), text.text);
-    });
+    };
+    paintTurned(m_painter, dot, text.angle, std::cref(writeAt));
 }
 
 void CommandPainter::draw(const LineCommand &line, QPointF origin)

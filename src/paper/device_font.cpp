@@ -63,8 +63,10 @@ double DeviceFont::width(QStringView text) const
 
 const DeviceFont &DeviceFonts::find(const PaperFont &font) const
 {
-    const auto known = std::find_if(m_fonts.cbegin(), m_fonts.cend(),
-                                    [&](const DeviceFont &made) { return made.source() == font; });
+    // Fonts of one device differ in their size more often than in their name.
+    const auto known = std::find_if(m_fonts.cbegin(), m_fonts.cend(), [&](const DeviceFont &made) {
+        return made.source().size == font.size && made.source() == font;
+    });
     return known != m_fonts.cend() ? *known : m_fonts.emplace_back(font, m_dpi.height());
 }
 

@@ -127,9 +127,10 @@ PlacedText placeText(const TextBlock &block, const TextMeasure &measure)
     const double lineHeight = measure.lineHeight(font);
 
     // Only quarter turns run along their box.
+    const auto isInside = [&](QStringView part) { return measure.width(font, part) <= box.width; };
     std::function<bool(QStringView)> fits;
     if (box.width > 0 && startCorner(block.angle) && !block.shrink)
-        fits = [&](QStringView part) { return measure.width(font, part) <= box.width; };
+        fits = std::cref(isInside);
     const Breaking breaking = block.angle == 0 ? Breaking::words : Breaking::lineEnds;
 
     const SplitText split =

@@ -16,6 +16,8 @@ int normalisedAngle(double degrees)
 
 QRectF turned(const QRectF &line, double angle)
 {
+    if (angle == 0)
+        return line;
     // Which corner of the turned line lies lowest or leftmost depends on the quadrant; the mapped
     // rectangle knows.
     return QTransform().rotate(-angle).mapRect(line);
@@ -23,9 +25,15 @@ QRectF turned(const QRectF &line, double angle)
 
 std::optional<QPoint> startCorner(double angle)
 {
-    if (angle != 0 && angle != 90 && angle != 180 && angle != 270)
-        return {};
-    return -turned(QRectF(0, 0, 1, 1), angle).topLeft().toPoint();
+    if (angle == 0)
+        return QPoint(0, 0);
+    if (angle == 90)
+        return QPoint(0, 1);
+    if (angle == 180)
+        return QPoint(1, 1);
+    if (angle == 270)
+        return QPoint(1, 0);
+    return {};
 }
 
 void paintTurned(QPainter &painter, QPointF dot, double angle,

@@ -34,10 +34,14 @@ int digitAt(QStringView digits, qsizetype at)
     return digits.at(at).unicode() - u'0';
 }
 
+constexpr std::size_t kEan13Bars = 3 * 2 + 12 * 2; ///< guards and digits
+
 /// Collects alternating spaces and bars from left to right.
 class BarWriter
 {
 public:
+    BarWriter() { m_bars.reserve(kEan13Bars); }
+
     void space(int width) { m_at += width; }
     void bar(int width, bool guard)
     {
@@ -128,8 +132,10 @@ QString completed(Symbology symbology, QStringView data)
     const qsizetype size = symbology == Symbology::ean8 ? 8 : 13;
     if ((data.size() != size && data.size() != size - 1) || !areDigits(data))
         return {};
-    const QString number = checkDigit(data.first(size - 1)).right(size);
-    return data.size() < size || data == number ? number : QString();
+    const QChar check(u'0' + eanCheckDigit(data.first(size - 1)));
+    if (data.size() < size)
+        return data.toString() + check;
+    return data.back() == check ? data.toString() : QString();
 }
 
 std::optional<BarSymbol> encode(Symbology symbology, QStringView data)

@@ -54,7 +54,7 @@ QStringList boundFields(const LabelLayout &layout)
 BuiltLabel LabelBuilder::label(const LabelRow &row)
 {
     BuiltLabel label;
-    label.commands.reserve(m_job.pictures.size() + m_job.barcodes.size() + m_job.texts.size());
+    label.commands.reserve(m_job.pictures.size() + m_job.barcodes.size() + 2 * m_job.texts.size());
     addPictures(label);
     addBarcodes(row, label);
     for (std::size_t i = 0; i < m_job.texts.size(); ++i)
@@ -77,14 +77,16 @@ void LabelBuilder::addBarcodes(const LabelRow &row, BuiltLabel &label)
     if (m_job.barcodes.empty())
         return;
     m_symbology = ean::bySize(row.barcode, m_symbology);
-    const auto symbol = ean::encode(m_symbology, row.barcode);
+    auto symbol = ean::encode(m_symbology, row.barcode);
     if (!symbol)
         return;
     for (std::size_t i = 0; i < m_job.barcodes.size(); ++i) {
         const BarcodeElement &element = m_job.barcodes[i];
-        label.commands.push_back({BarsCommand{rectangle(element.box), *symbol, element.font,
-                                              colourOf(element.colour).rgb()},
-                                  elementRef(ElementKind::barcode, i)});
+        const bool last = i + 1 == m_job.barcodes.size();
+        label.commands.push_back(
+            {BarsCommand{rectangle(element.box), last ? std::move(*symbol) : *symbol, element.font,
+                         colourOf(element.colour).rgb()},
+             elementRef(ElementKind::barcode, i)});
     }
 }
 

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -162,12 +163,10 @@ private:
     {
         const DrawCommand &command = m_label->commands[number];
         if (const auto *const bars = std::get_if<BarsCommand>(&command.shape)) {
-            const QString key = bars->symbol.name + QString::number(command.element.index);
-            if (!m_judged.contains(key)) { // alike for all numbers of a symbology
-                m_judged.insert(key);
+            // Alike for all numbers of a symbology.
+            if (m_judged.insert({command.element.index, bars->symbol.name}).second)
                 for (const ScanFault &fault : barFaults(*bars, m_room, m_fonts))
                     layoutProblem(command.element, barcodeText(command.element, fault.text));
-            }
             if (const auto cover = m_covers->fault(number)) {
                 const QString text = barcodeText(command.element, cover->text);
                 if (cover->fromRowTexts)
@@ -250,7 +249,7 @@ private:
     ean::Symbology m_symbology = ean::Symbology::ean13;
     bool m_hasPrice = false;
     QSet<QString> m_known;
-    QSet<QString> m_judged;
+    std::set<std::pair<int, QString>> m_judged;     ///< barcode of the layout, symbology
     std::map<std::pair<int, int>, Beyond> m_beyond; ///< by kind and index of the element
     std::vector<PrintProblem> m_ofLayout;
     std::vector<PrintProblem> m_ofRows;
