@@ -2,7 +2,7 @@
 
 #include "common/digits.h"
 #include "common/ean_check_digit.h"
-#include "common/key_file.h"
+#include "common/scale_prefixes.h"
 #include "common/turkish.h"
 
 #include <QStringList>
@@ -56,12 +56,9 @@ QString faultOf(const ScaleRule &rule, QStringView code)
 
 std::vector<ScaleRule> readScaleRules(KeyFile &keys, const QString &file)
 {
-    QString prefixes = keys.read(u"terazi"_s, u"onekler"_s, file);
-    if (prefixes.trimmed().isEmpty())
-        prefixes = u"27,28,29"_s;
     std::vector<ScaleRule> rules;
-    for (const QString &prefix : prefixes.split(u',', Qt::SkipEmptyParts))
-        rules.push_back(readRule(keys, file, prefix.trimmed()));
+    for (const QString &prefix : scalePrefixes(keys, file))
+        rules.push_back(readRule(keys, file, prefix));
     return rules;
 }
 
@@ -70,7 +67,7 @@ std::optional<ScaleLabel> readScaleLabel(const std::vector<ScaleRule> &rules, co
     if (code.size() != kDigits || !areDigits(code))
         return {};
     const auto rule = std::find_if(rules.begin(), rules.end(), [&code](const ScaleRule &each) {
-        return !each.prefix.isEmpty() && code.startsWith(each.prefix);
+        return code.startsWith(each.prefix);
     });
     if (rule == rules.end())
         return {};

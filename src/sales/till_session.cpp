@@ -3,6 +3,7 @@
 #include "common/amount.h"
 #include "common/digits.h"
 #include "common/program.h"
+#include "common/scale_prefixes.h"
 #include "common/settings_database.h"
 #include "common/whole_file.h"
 #include "sales/host_fault.h"
@@ -42,7 +43,7 @@ void TillSession::load()
 {
     m_settings = oku(m_program.files());
     m_layout = receipt_store::fisoku(m_program.files());
-    m_lookup.setScales(readScaleRules(m_program.keys, m_program.path(u"terazi.zev")));
+    m_lookup.setScales(readScaleRules(m_program.keys, m_program.path(kScaleFile)));
     Q_EMIT settingsLoaded();
     m_codes.check(m_settings, m_cashier.code);
     Q_EMIT codesChecked(m_codes.unknown());

@@ -44,6 +44,9 @@ LabelDesk::LabelDesk(Program &program, QObject *parent) : QObject(parent), m_pro
 void LabelDesk::keepQueue()
 {
     m_store.start();
+    m_printing.setLast(m_store.lastPrinted());
+    connect(&m_printing, &LabelPrinting::repeatChanged, this,
+            [this] { m_store.keepPrinted(m_printing.last()); });
     if (m_numbers.unsaved() > 0)
         m_numbers.resume();
 }

@@ -51,7 +51,8 @@ public:
     QList<int> queueWidths() const;
     void saveWidths(const QList<int> &stockList, const QList<int> &printQueue);
 
-    /// Brings back the queue of the last time and keeps it from now on.
+    /// Brings back the queue of the last time and what was printed last, and keeps both from now
+    /// on.
     void keepQueue();
 
 public Q_SLOTS:

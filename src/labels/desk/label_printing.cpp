@@ -74,15 +74,21 @@ void LabelPrinting::runEnded(bool printed)
     if (!printed || sent.empty())
         return;
     QList<int> places;
-    m_last.clear();
+    std::vector<QueueRow> last;
     for (const PlacedRow &one : sent) {
-        m_last.push_back(one.row);
+        last.push_back(one.row);
         // The user may have changed the queue meanwhile.
         if (m_queue.isValidRow(one.place) && m_queue.at(one.place) == one.row)
             places += one.place;
     }
     m_queue.markPrinted(places);
-    Q_EMIT repeatChanged(true);
+    setLast(std::move(last));
+}
+
+void LabelPrinting::setLast(std::vector<QueueRow> rows)
+{
+    m_last = std::move(rows);
+    Q_EMIT repeatChanged(canRepeat());
 }
 
 /// Reads anew the prices that have grown old. False when nothing shall be printed.

@@ -22,8 +22,10 @@ public:
 
     /// True while prices are read anew. The queue must not be changed then.
     bool isBusy() const { return m_task.isRunning(); }
-    /// Whether anything has been printed since the start.
     bool canRepeat() const { return !m_last.empty(); }
+    /// What was printed last; to be set when the program starts.
+    const std::vector<QueueRow> &last() const { return m_last; }
+    void setLast(std::vector<QueueRow> rows);
 
     /// Prints these rows of the queue.
     void print(PrintMode mode, const QList<int> &places, bool chooseLayout = false);

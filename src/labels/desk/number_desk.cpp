@@ -4,6 +4,7 @@
 #include "common/host_error.h"
 #include "common/host_queries.h"
 #include "common/program.h"
+#include "common/scale_prefixes.h"
 #include "common/select_many.h"
 #include "labels/desk/number_generation.h"
 #include "labels/desk/stock_queries.h"
@@ -91,12 +92,17 @@ QString NumberDesk::nextBase() const
 {
     const QString used = m_program.keys.read(kMemorySection, numbering::memoryKey(m_symbology),
                                              m_program.path(kMemoryFile));
-    return used.trimmed().isEmpty() ? numbering::suggestedBase(m_symbology) : used;
+    return used.trimmed().isEmpty() ? numbering::suggestedBase(m_symbology, scales()) : used;
 }
 
 QString NumberDesk::rangeHint(const QString &base) const
 {
-    return numbering::rangeHint(m_symbology, base);
+    return numbering::rangeHint(m_symbology, base, scales());
+}
+
+QStringList NumberDesk::scales() const
+{
+    return scalePrefixes(m_program.keys, m_program.path(kScaleFile));
 }
 
 QString NumberDesk::completeNumber(const QString &base) const

@@ -104,6 +104,7 @@ private:
         exhausted
     };
 
+    QStringList scales() const; ///< prefixes of the shop's weighing scales
     bool confirmLoss(int numbers, QStringView verb);
     QString baseProblem(const QString &base) const;
     QString number(qint64 base);

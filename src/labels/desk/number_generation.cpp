@@ -2,9 +2,31 @@
 
 #include "common/digits.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace numbering {
+
+namespace {
+
+/// With what the shop's own numbers may begin: 2 with eight digits, with thirteen the first of 20
+/// to 29 of which its scales print none; "" when they print some of each.
+QString freeStart(ean::Symbology symbology, const QStringList &scales)
+{
+    if (symbology == ean::Symbology::ean8)
+        return u"2"_s;
+    for (int start = 20; start < 30; ++start) {
+        const QString digits = QString::number(start);
+        if (std::none_of(scales.cbegin(), scales.cend(), [&](const QString &prefix) {
+                return prefix.startsWith(digits) || digits.startsWith(prefix);
+            }))
+            return digits;
+    }
+    return {};
+}
+
+} // namespace
 
 int baseDigits(ean::Symbology symbology)
 {
@@ -22,31 +44,39 @@ QString caption(ean::Symbology symbology)
                                              : u"Ean 13  (12 Karakter)"_s;
 }
 
-QString suggestedBase(ean::Symbology symbology)
+QString suggestedBase(ean::Symbology symbology, const QStringList &scales)
 {
-    return u"2"_s + QString(baseDigits(symbology) - 1, u'0');
+    const QString free = freeStart(symbology, scales);
+    return (free.isEmpty() ? u"20"_s : free).leftJustified(baseDigits(symbology), u'0');
 }
 
-QString rangeHint(ean::Symbology symbology, QStringView base)
+QString rangeHint(ean::Symbology symbology, QStringView base, const QStringList &scales)
 {
     const auto number = readBase(symbology, base);
     if (!number)
         return {};
     const QString digits = complete(symbology, *number);
     const bool ean8 = symbology == ean::Symbology::ean8;
-    if (digits.startsWith(u'2') && (ean8 || digits.at(1) < u'7'))
-        return u"%1 ile başlayan numaralar mağazaların kendi malları içindir: hiçbir üreticinin "
-               "barkoduyla çakışmaz."_s.arg(ean8 ? u"2"_s : u"20"_s);
+    const QString free = freeStart(symbology, scales);
+    const QString advice = free.isEmpty() ? QString() : u" %1 ile başlayınız."_s.arg(free);
+    const auto scale = std::find_if(scales.cbegin(), scales.cend(), [&](const QString &prefix) {
+        return !ean8 && digits.startsWith(prefix);
+    });
+    if (scale != scales.cend())
+        return u"%1 ile başlayan numaraları terazi basar: bir tartı etiketi bu malın barkodu "
+               "sanılabilir."_s.arg(*scale) +
+               advice;
     if (digits.startsWith(u'2'))
-        return u"27, 28 ve 29 ile başlayan numaraları teraziler tartılan mal için basar; kasada "
-               u"ağırlık "
-               "sanılabilir. 20 ile başlayınız."_s;
+        return u"%1 ile başlayan numaralar mağazaların kendi malları içindir: hiçbir üreticinin "
+               "barkoduyla%2 çakışmaz."_s.arg(
+                   digits.first(ean8 ? 1 : 2),
+                   ean8 ? QString()
+                        : u", terazi etiketleriyle (%1) de"_s.arg(scales.join(u", "_s)));
     if (digits.startsWith(u'0') && ean8)
         return u"0 ile başlayan sekiz haneli numaralar mağaza içidir, ama bazı okuyucular baştaki "
-               "sıfırı atar. 2 ile başlayınız."_s;
-    return u"Bu aralık üreticilerindir: numara başka bir ürünün barkodu olabilir. Kendi malınız "
-           u"için "
-           "%1 ile başlayınız."_s.arg(ean8 ? u"2"_s : u"20"_s);
+               u"sıfırı atar."_s +
+               advice;
+    return u"Bu aralık üreticilerindir: numara başka bir ürünün barkodu olabilir."_s + advice;
 }
 
 QString memoryKey(ean::Symbology symbology)

@@ -2,6 +2,8 @@
 
 #include "labels/print/ean.h"
 
+#include <QStringList>
+
 #include <optional>
 
 /// New barcode numbers: a base number of 7 or 12 digits that is counted up, followed by its check
@@ -18,11 +20,11 @@ qint64 largestBase(ean::Symbology symbology);
 QString caption(ean::Symbology symbology);
 
 /// The base to begin with where none was used yet: the first of the numbers that every shop may use
-/// for its own goods.
-QString suggestedBase(ean::Symbology symbology);
+/// for its own goods, and that its scales do not print. `scales`: their prefixes.
+QString suggestedBase(ean::Symbology symbology, const QStringList &scales);
 
 /// What a base means for the numbers made from it, for the user; "" when there is nothing to say.
-QString rangeHint(ean::Symbology symbology, QStringView base);
+QString rangeHint(ean::Symbology symbology, QStringView base, const QStringList &scales);
 
 /// Key under which the last base number used is remembered: "Ean8".
 QString memoryKey(ean::Symbology symbology);

@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView kOpenQueue = u"kuyruk.csv";
+constexpr QStringView kPrinted = u"sonbasilan.csv";
 constexpr QStringView kFolder = u"kuyruklar";
 const QString kEnding = QStringLiteral(".csv");
 
@@ -72,6 +73,17 @@ void QueueStore::write()
         Q_EMIT statusChanged(
             u"Kuyruk diske yazılamıyor: program kapanırsa kaybolur (disk dolu ya da yazma izni yok)."_s);
     m_failed = !written;
+}
+
+std::vector<QueueRow> QueueStore::lastPrinted()
+{
+    return readFile(m_program.path(kPrinted)).rows;
+}
+
+/// A disk that does not take it is told of the queue, whose marks are written next.
+void QueueStore::keepPrinted(const std::vector<QueueRow> &rows)
+{
+    writeTextFile(m_program.path(kPrinted), queue_file::text(rows, {}));
 }
 
 bool QueueStore::writeTo(const QString &path) const

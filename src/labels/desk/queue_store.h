@@ -10,7 +10,7 @@ class Program;
 /// Keeps the print queue over a restart, and queues that the shop gave names for another day.
 ///
 /// The queue is written to the file `kuyruk.csv` of the working folder soon after every change,
-/// named ones lie in the folder `kuyruklar`.
+/// named ones lie in the folder `kuyruklar`, and what was printed last in `sonbasilan.csv`.
 class QueueStore final : public QObject
 {
     Q_OBJECT
@@ -23,6 +23,9 @@ public:
 
     /// Fills the queue with what was kept, and keeps it from now on.
     void start();
+
+    std::vector<QueueRow> lastPrinted();
+    void keepPrinted(const std::vector<QueueRow> &rows);
 
     /// Names of the kept queues, in the order of the alphabet.
     QStringList names() const;

@@ -69,9 +69,10 @@ TEST(NumberGeneration, BasesHintsAndKeysGoByTheSymbology)
             EXPECT_EQ(base ? numbering::complete(symbology, *base) : QString(), c[4]) << c;
             EXPECT_EQ(base ? ean::completed(symbology, c[4]) : QString(), c[4]) << c;
         } else if (c[0] == u"whose") {
+            const QStringList scales = c.value(4).split(u',', Qt::SkipEmptyParts);
             const QString text =
-                c[2] == u"suggested" ? numbering::suggestedBase(symbology) : c.value(2);
-            const QString said = numbering::rangeHint(symbology, text);
+                c[2] == u"suggested" ? numbering::suggestedBase(symbology, scales) : c.value(2);
+            const QString said = numbering::rangeHint(symbology, text, scales);
             EXPECT_TRUE(c[3].isEmpty() ? said.isEmpty() : said.contains(c[3])) << c;
         } else {
             EXPECT_EQ(numbering::takesKey(symbology, c[2], c[3]), c[4] == u"taken") << c;

@@ -210,12 +210,17 @@ TEST(QueueStore, TheQueueOutlivesTheProgramAndOthersHaveNames)
         for (const QString &bad : {u""_s, u"a/b"_s, u"..\\x"_s, u".x"_s})
             EXPECT_FALSE(desk.saveQueue(bad)) << bad.toStdString();
         EXPECT_TRUE(desk.saveQueue(u"Pazartesi çarşı"_s));
+        EXPECT_FALSE(desk.printing().canRepeat());
+        desk.yzdsec({0});
+        desk.printing().runEnded(true);
         desk.queue().take({0});
         desk.queue().append({row(u"Bal"_s)});
         desk.sortQueue(PrintQueue::name);
     }
     LabelDesk desk(shop.machine.program);
     desk.keepQueue();
+    ASSERT_EQ(desk.printing().last().size(), 1U); // printed, and no longer in the queue
+    EXPECT_EQ(desk.printing().last().front().name, u"Süt"_s);
     ASSERT_EQ(desk.queue().size(), 2);
     EXPECT_EQ(desk.queue().at(0).name, u"Bal"_s); // sorted as it was left,
     desk.sortQueue(PrintQueue::number);
