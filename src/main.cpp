@@ -233,6 +233,19 @@ int run(Application &app, const Options &options, const StartTimes &times)
     return result;
 }
 
+/// The toolkit's own words. Its file has those for kinds of files ("Folder") under the name of the
+/// part that they stood in once.
+class ToolkitWords final : public QTranslator
+{
+public:
+    QString translate(const char *context, const char *text, const char *comment,
+                      int n) const override
+    {
+        const bool isFileKind = qstrcmp(context, "QAbstractFileIconProvider") == 0;
+        return QTranslator::translate(isFileKind ? "QFileDialog" : context, text, comment, n);
+    }
+};
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -248,9 +261,9 @@ int main(int argc, char *argv[])
     }
     Application app(argc, argv);
     useProgramLocale();
-    QTranslator translator;
-    if (translator.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&translator);
+    ToolkitWords words;
+    if (words.load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&words);
     applyLook(app);
     times.reached("qt");
     return run(app, readOptions(app), times);
