@@ -5,6 +5,7 @@
 
 #include <QCalendarWidget>
 #include <QFileDialog>
+#include <QGuiApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -24,13 +25,22 @@ DayPage::DayPage(DayEnd &day, QWidget *parent)
         const QDate today = m_day.today();
         showDays(QDate(today.year(), today.month(), 1), today);
     });
-    for (const QDateEdit *date : {m_ui->from, m_ui->to}) // they are typed in their box
-        date->calendarWidget()->setDateEditEnabled(false);
+    for (QDateEdit *date : {m_ui->from, m_ui->to}) {
+        date->calendarWidget()->setDateEditEnabled(false); // they are typed in their box
+        date->setKeyboardTracking(false);                  // and read when they are typed whole
+    }
     connect(m_ui->from, &QDateEdit::dateChanged, this, &DayPage::readDays);
     connect(m_ui->to, &QDateEdit::dateChanged, this, &DayPage::readDays);
     connect(m_ui->counted, &QLineEdit::textChanged, this, &DayPage::showCounted);
-    connect(m_ui->compareButton, &QPushButton::clicked, &m_day, &DayEnd::compare);
-    connect(m_ui->printButton, &QPushButton::clicked, &m_day, &DayEnd::print);
+    connect(m_ui->compareButton, &QPushButton::clicked, this, &DayPage::compare);
+    connect(&m_day, &DayEnd::comparing, this, [this](QDate at) {
+        m_ui->compared->setText(
+            u"Karşılaştırılıyor: %1 (Esc durdurur)"_s.arg(at.toString(u"dd.MM.yyyy"_s)));
+    });
+    connect(m_ui->printButton, &QPushButton::clicked, this, [this] {
+        readTyped();
+        m_day.print();
+    });
     connect(m_ui->pdfButton, &QPushButton::clicked, this, [this] {
         if (const QString path = askPath(u"pdf"_s, u"PDF dosyası (*.pdf)"_s); !path.isEmpty())
             m_day.savePdf(path);
@@ -61,7 +71,52 @@ void DayPage::showDays(QDate from, QDate to)
 
 void DayPage::readDays()
 {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a year takes a second
     m_day.read(m_ui->from->date(), m_ui->to->date());
+    QGuiApplication::restoreOverrideCursor();
+}
+
+/// A button may be pressed by its letter while a day is being typed.
+void DayPage::readTyped()
+{
+    m_ui->from->interpretText();
+    m_ui->to->interpretText();
+}
+
+void DayPage::compare()
+{
+    if (stop())
+        return;
+    readTyped();
+    setBusy(true);
+    m_day.compare();
+    setBusy(false);
+}
+
+bool DayPage::stop()
+{
+    if (!m_day.isComparing())
+        return false;
+    m_day.stop();
+    return true;
+}
+
+void DayPage::hideEvent(QHideEvent *event)
+{
+    stop();
+    QWidget::hideEvent(event);
+}
+
+void DayPage::setBusy(bool busy)
+{
+    for (QWidget *control : std::initializer_list<QWidget *>{
+             m_ui->from, m_ui->to, m_ui->todayButton, m_ui->yesterdayButton, m_ui->monthButton,
+             m_ui->printButton, m_ui->pdfButton, m_ui->csvButton})
+        control->setEnabled(!busy);
+    m_ui->compareButton->setText(busy ? u"Durdur"_s : u"&Muhasebeyle karşılaştır"_s);
+    if (busy)
+        m_ui->compareButton->setFocus();
+    Q_EMIT busyChanged(busy);
 }
 
 void DayPage::showReport()
@@ -112,7 +167,11 @@ void DayPage::showCounted()
 
 QString DayPage::askPath(const QString &ending, const QString &kind)
 {
-    const QString name =
-        u"gun-sonu-%1.%2"_s.arg(m_day.report().figures.from.toString(Qt::ISODate), ending);
+    readTyped();
+    const DayFigures &figures = m_day.report().figures;
+    QString days = figures.from.toString(Qt::ISODate);
+    if (figures.to != figures.from)
+        days += u'_' + figures.to.toString(Qt::ISODate);
+    const QString name = u"gun-sonu-%1.%2"_s.arg(days, ending);
     return QFileDialog::getSaveFileName(this, u"Gün sonunu kaydet"_s, name, kind);
 }

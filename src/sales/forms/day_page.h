@@ -21,11 +21,23 @@ public:
 
     void load();
 
+    /// Ends what takes long; false: there was nothing to end.
+    bool stop();
+
+Q_SIGNALS:
+    void busyChanged(bool busy);
+
+protected:
+    void hideEvent(QHideEvent *event) override;
+
 private:
     void showDays(QDate from, QDate to);
     void readDays();
     void showReport();
     void showCounted();
+    void readTyped();
+    void compare();
+    void setBusy(bool busy);
     QString askPath(const QString &ending, const QString &kind);
 
     DayEnd &m_day;

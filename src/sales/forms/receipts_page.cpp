@@ -57,7 +57,8 @@ void ReceiptsPage::load()
     for (int column = 0; column < m_ui->found->columnCount() - 1; ++column)
         m_ui->found->setColumnWidth(column, m_ui->found->columnWidth(column) + 14);
     m_ui->count->setText(
-        m_found.empty() ? u"Fiş bulunamadı."_s
+        !m_archive.fault().isEmpty() ? u"Aranamadı: "_s + m_archive.fault()
+        : m_found.empty()            ? u"Fiş bulunamadı."_s
         : static_cast<int>(m_found.size()) == ReceiptArchive::kMost
             ? u"En yeni %1 fiş gösteriliyor; aramayı daraltın."_s.arg(ReceiptArchive::kMost)
             : u"%1 fiş"_s.arg(m_found.size()));

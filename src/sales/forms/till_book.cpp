@@ -6,6 +6,8 @@
 #include "sales/journal/till_memory.h"
 #include "ui_till_book.h"
 
+#include <QTabBar>
+
 using namespace Qt::StringLiterals;
 
 TillBook::TillBook(TillMemory &memory, TillSession &till, QWidget *parent)
@@ -18,10 +20,18 @@ TillBook::TillBook(TillMemory &memory, TillSession &till, QWidget *parent)
     m_ui->pages->addTab(m_receipts, u"&Fişler"_s);
     m_ui->pages->addTab(m_day, u"&Gün sonu"_s);
     m_ui->pages->addTab(m_incomplete, u"&Eksik satışlar"_s);
-    connect(m_ui->closeButton, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->closeButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_day, &DayPage::busyChanged, m_ui->pages->tabBar(), &QWidget::setDisabled);
 }
 
 TillBook::~TillBook() = default;
+
+/// Escape ends what is under way first.
+void TillBook::reject()
+{
+    if (!m_day->stop())
+        QDialog::reject();
+}
 
 void TillBook::open(bool incomplete)
 {

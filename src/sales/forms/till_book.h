@@ -26,6 +26,7 @@ public:
 
     /// Turns to the incomplete sales, or to the first page.
     void open(bool incomplete);
+    void reject() override;
 
 private:
     std::unique_ptr<Ui::TillBook> m_ui;

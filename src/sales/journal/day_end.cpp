@@ -20,7 +20,9 @@ QDate DayEnd::today() const
 
 void DayEnd::read(QDate from, QDate to)
 {
-    m_report = {readDays(m_file, std::min(from, to), std::max(from, to)), {}, {}, false};
+    const auto [first, last] = std::minmax(from, to);
+    m_report = {{first, last, {}, {}}, {}, {}, false};
+    m_program.handle([&] { m_report.figures = readDays(m_file, first, last); });
     Q_EMIT changed();
 }
 
@@ -38,11 +40,18 @@ bool DayEnd::setCounted(const QString &typed)
 
 void DayEnd::compare()
 {
-    m_program.handle([this] {
-        m_report.differences = day_report::compareWithLedger(
-            m_program, m_file, m_report.figures.from, m_report.figures.to);
-        m_report.compared = true;
+    m_comparing = true;
+    m_slices.start();
+    const auto tell = [this](QDate day) { Q_EMIT comparing(day); };
+    m_slices.lookUp([&] { tell(m_report.figures.from); });
+    m_program.handle([&] {
+        const auto found = day_report::compareWithLedger(
+            m_program, m_file, m_report.figures.from, m_report.figures.to,
+            [&](QDate day) { return m_slices.goOn([&] { tell(day); }); });
+        m_report.compared = found.has_value();
+        m_report.differences = found.value_or(QStringList());
     });
+    m_comparing = false;
     Q_EMIT changed();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/time_slices.h"
 #include "sales/journal/day_report.h"
 
 #include <QObject>
@@ -18,13 +19,17 @@ public:
     const DayReport &report() const { return m_report; }
     QDate today() const;
 
+    /// A journal that takes too long is told, and nothing is shown of it.
     void read(QDate from, QDate to);
 
     /// The typed cash; false when it is no amount. Empty: not counted.
     bool setCounted(const QString &typed);
 
-    /// Lists what journal and ledger say differently; a ledger that cannot be read is told.
+    /// Lists what journal and ledger say differently; a ledger that cannot be read is told. Long
+    /// spans take a while: the windows live on meanwhile, and stop() ends it.
     void compare();
+    void stop() { m_slices.stop(); }
+    bool isComparing() const { return m_comparing; }
 
     void print();
     void savePdf(const QString &path);
@@ -32,10 +37,13 @@ public:
 
 Q_SIGNALS:
     void changed();
+    void comparing(QDate day); ///< how far it is
 
 private:
     Program &m_program;
     JournalFile &m_file;
     TillSession &m_till;
     DayReport m_report;
+    TimeSlices m_slices;
+    bool m_comparing = false;
 };

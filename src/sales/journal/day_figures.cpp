@@ -32,19 +32,17 @@ public:
         m_span = u"an>='%1' AND an<'%2'"_s.arg(from.toString(Qt::ISODate),
                                                to.addDays(1).toString(Qt::ISODate));
         const QString sold = u" FROM satis s WHERE %1 AND %2"_s.arg(m_span, m_file.soldHere());
-        each(u"SELECT kasiyer,count(*) AS adet,sum(brut) AS brut,sum(indirim) AS indirim,sum(kdv) "
-             "AS kdv,sum(genel) AS genel,sum(CASE odeme WHEN 'kart' THEN genel ELSE 0 END) AS kart,"
-             "sum(durum='eksik') AS eksik"_s +
-                 sold + u" GROUP BY kasiyer"_s,
+        each(u"SELECT kasiyer,substr(an,12,2) AS saat,count(*) AS adet,sum(brut) AS "
+             u"brut,sum(indirim) "
+             "AS indirim,sum(kdv) AS kdv,sum(genel) AS genel,sum(CASE odeme WHEN 'kart' THEN genel "
+             "ELSE 0 END) AS kart,sum(durum='eksik') AS eksik"_s +
+                 sold + u" GROUP BY kasiyer,saat"_s,
              &DayReader::addSales);
         each(
             u"SELECT kasiyer,oran,sum(o.matrah) AS matrah,sum(o.kdv) AS kdv FROM satis s JOIN oran "
             "o ON o.satis=s.no WHERE %1 AND %2 GROUP BY kasiyer,oran"_s.arg(m_span,
                                                                             m_file.soldHere()),
             &DayReader::addRate);
-        each(u"SELECT kasiyer,substr(an,12,2) AS saat,count(*) AS adet,sum(genel) AS genel"_s +
-                 sold + u" GROUP BY kasiyer,saat"_s,
-             &DayReader::addHour);
         each(
             u"SELECT kasiyer,count(*) AS adet,sum(tutar) AS tutar FROM olay WHERE %1 AND tur='sil' "
             "GROUP BY kasiyer"_s.arg(m_span),
@@ -56,7 +54,7 @@ private:
 
     void each(const QString &statement, Add add)
     {
-        RecordSet rows = m_file.read(statement);
+        RecordSet rows = m_file.readWhole(statement);
         for (; !rows.eof(); rows.moveNext()) {
             add(m_figures.all, rows);
             add(cashier(rows.text(u"kasiyer")), rows);
@@ -82,6 +80,10 @@ private:
         to.card += kurusIn(row, u"kart");
         to.cash = to.total - to.card;
         to.incomplete += whole(row, u"eksik");
+        HourFigures &hour =
+            to.hours.at(static_cast<std::size_t>(std::clamp(row.text(u"saat").toInt(), 0, 23)));
+        hour.sales += whole(row, u"adet");
+        hour.total += kurusIn(row, u"genel");
     }
 
     static void addRate(CashierFigures &to, const RecordSet &row)
@@ -93,14 +95,6 @@ private:
             known = to.rates.insert(to.rates.end(), {rate});
         known->net += kurusIn(row, u"matrah");
         known->vat += kurusIn(row, u"kdv");
-    }
-
-    static void addHour(CashierFigures &to, const RecordSet &row)
-    {
-        HourFigures &hour =
-            to.hours.at(static_cast<std::size_t>(std::clamp(row.text(u"saat").toInt(), 0, 23)));
-        hour.sales += whole(row, u"adet");
-        hour.total += kurusIn(row, u"genel");
     }
 
     static void addDeleted(CashierFigures &to, const RecordSet &row)

@@ -49,5 +49,6 @@ struct DayFigures
     std::vector<CashierFigures> cashiers; ///< by name
 };
 
-/// Read from the journal, a month at a time: a year is no longer wait than its months.
+/// Read from the journal, a month at a time: a year is no longer wait than its months. Throws
+/// HostError when it takes too long: a month that lacks would not be seen.
 DayFigures readDays(JournalFile &file, QDate from, QDate to);

@@ -19,6 +19,7 @@ constexpr double kLine = 6.0;     ///< mm
 constexpr double kCaption = 55.0; ///< mm, first column of the table
 constexpr double kBars = 40.0;    ///< mm, height of the busiest hour
 constexpr int kColumns = 4;       ///< cashiers beside one another, with all of them
+constexpr QRgb kPaper = 0xFFFFFFFF;
 constexpr QRgb kGrey = 0xFFBBBBBB;
 constexpr QRgb kBarColour = 0xFF2B6CB0;
 
@@ -36,6 +37,13 @@ public:
 
     void gap(double height) { m_y += height; }
 
+    /// Begins a new page unless as much fits on this one: the strip is cut above what stands over
+    /// its end.
+    void keep(double height)
+    {
+        m_commands.push_back({RectangleCommand{{0, m_y, kWidth, height}, 0, kPaper, true}, {}});
+    }
+
     void table(const DayFigures &figures, std::size_t first, std::size_t last,
                const std::vector<const CashierFigures *> &columns)
     {
@@ -43,12 +51,13 @@ public:
         const auto at = [&](std::size_t i) {
             return kCaption + width * static_cast<double>(i - first);
         };
+        const auto captions = day_report::rows(figures.all, figures.all.rates);
+        keep(kLine * static_cast<double>(captions.size() + 1));
         for (std::size_t i = first; i < last; ++i)
             put({at(i), m_y, width, kLine}, day_report::columnName(*columns[i], i == 0),
                 Alignment::right, 9, true);
         m_y += kLine;
         rule();
-        const auto captions = day_report::rows(figures.all, figures.all.rates);
         for (std::size_t row = 0; row < captions.size(); ++row) {
             put({0, m_y, kCaption, kLine}, captions[row].caption, Alignment::left, 9, false);
             for (std::size_t i = first; i < last; ++i)
@@ -132,6 +141,7 @@ bool day_report::writePdf(const DayReport &report, const QString &path)
         page.table(report.figures, first, std::min(first + kColumns, columns.size()), columns);
         page.gap(kLine);
     }
+    page.keep(2 * kLine + kBars);
     page.text(u"Saatlere göre satış"_s, 11, true);
     page.hours(report.figures.all);
     for (const QString &line : closingLines(report))

@@ -15,7 +15,8 @@ namespace day_report {
 
 namespace {
 
-constexpr int kBarLetters = 14; ///< of the busiest hour on a receipt
+constexpr int kBarLetters = 14;             ///< of the busiest hour on a receipt
+constexpr qsizetype kMostDifferences = 500; ///< nobody reads more, and a receipt must end
 
 /// The busy hours, from the first to the last.
 std::pair<int, int> busyHours(const CashierFigures &figures)
@@ -80,7 +81,7 @@ QMultiHash<QString, qint64> invoicesOf(CompanyDatabase &company, QDate day)
 std::vector<Row> rows(const CashierFigures &figures, const std::vector<RateFigures> &rates)
 {
     std::vector<Row> rows = {
-        {u"Satış sayısı"_s, QString::number(figures.sales)},
+        {u"Satış sayısı"_s, amount::whole(figures.sales)},
         {u"Brüt tutar"_s, kurus::text(figures.gross)},
         {u"İndirim"_s, kurus::text(figures.discount)},
         {u"Genel toplam"_s, kurus::text(figures.total)},
@@ -98,9 +99,9 @@ std::vector<Row> rows(const CashierFigures &figures, const std::vector<RateFigur
     }
     rows.insert(rows.end(), {{u"Nakit"_s, kurus::text(figures.cash)},
                              {u"Kart"_s, kurus::text(figures.card)},
-                             {u"Silinen satır"_s, QString::number(figures.deletedLines)},
+                             {u"Silinen satır"_s, amount::whole(figures.deletedLines)},
                              {u"Silinen tutar"_s, kurus::text(figures.deleted)},
-                             {u"Eksik kayıtlı satış"_s, QString::number(figures.incomplete)}});
+                             {u"Eksik kayıtlı satış"_s, amount::whole(figures.incomplete)}});
     return rows;
 }
 
@@ -172,12 +173,23 @@ QString csv(const DayReport &report)
     return lines.join(u"\r\n"_s) + u"\r\n"_s;
 }
 
-QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate from, QDate to)
+std::optional<QStringList> compareWithLedger(CompanyDatabase &company, JournalFile &file,
+                                             QDate from, QDate to,
+                                             const std::function<bool(QDate)> &goOn)
 {
     QStringList differences;
+    qint64 more = 0;
+    const auto add = [&](auto &&difference) {
+        if (differences.size() < kMostDifferences)
+            differences += difference();
+        else
+            ++more;
+    };
     for (QDate day = from; day <= to; day = day.addDays(1)) {
+        if (!goOn(day))
+            return {};
         QMultiHash<QString, qint64> invoices = invoicesOf(company, day);
-        RecordSet sales = file.read(
+        RecordSet sales = file.readWhole(
             u"SELECT an,fatura,genel FROM satis WHERE an>='%1' AND an<'%2' AND %3 ORDER BY no"_s
                 .arg(day.toString(Qt::ISODate), day.addDays(1).toString(Qt::ISODate),
                      file.soldHere()));
@@ -186,17 +198,24 @@ QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate
             const qint64 total = qRound64(sales.number(u"genel"));
             if (invoices.remove(number, total) > 0)
                 continue;
-            const QString sale = u"%1 %2, %3 (%4)"_s.arg(
-                RecordSet::toText(day), sales.text(u"an").mid(11, 5), number, kurus::text(total));
-            differences +=
-                invoices.contains(number)
-                    ? u"%1: muhasebede tutarı %2"_s.arg(sale, kurus::text(invoices.take(number)))
-                    : u"%1: muhasebede yok"_s.arg(sale);
+            add([&] {
+                const QString sale =
+                    u"%1 %2, %3 (%4)"_s.arg(RecordSet::toText(day), sales.text(u"an").mid(11, 5),
+                                            number, kurus::text(total));
+                return invoices.contains(number) ? u"%1: muhasebede tutarı %2"_s.arg(
+                                                       sale, kurus::text(invoices.value(number)))
+                                                 : u"%1: muhasebede yok"_s.arg(sale);
+            });
+            invoices.take(number);
         }
         for (auto left = invoices.constBegin(); left != invoices.constEnd(); ++left)
-            differences += u"%1, %2 (%3): bu kasanın günlüğünde yok (başka kasanın olabilir)"_s.arg(
-                RecordSet::toText(day), left.key(), kurus::text(left.value()));
+            add([&] {
+                return u"%1, %2 (%3): bu kasanın günlüğünde yok (başka kasanın olabilir)"_s.arg(
+                    RecordSet::toText(day), left.key(), kurus::text(left.value()));
+            });
     }
+    if (more > 0)
+        differences += u"… ve %1 fark daha; günleri daraltın"_s.arg(amount::whole(more));
     return differences;
 }
 

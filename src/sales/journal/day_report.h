@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 class CompanyDatabase;
@@ -46,7 +47,11 @@ QString csv(const DayReport &report);  ///< fields between semicolons, as spread
 /// Writes A4 pages; false when the file could not be written.
 bool writePdf(const DayReport &report, const QString &path);
 
-/// Holds the sales of the days against the invoices of the till in the ledger. Throws HostError.
-QStringList compareWithLedger(CompanyDatabase &company, JournalFile &file, QDate from, QDate to);
+/// Holds the sales of the days against the invoices of the till in the ledger, and lists the first
+/// few hundred differences. `goOn`: asked before each day; false stops it, and nothing is returned.
+/// Throws HostError.
+std::optional<QStringList> compareWithLedger(CompanyDatabase &company, JournalFile &file,
+                                             QDate from, QDate to,
+                                             const std::function<bool(QDate)> &goOn);
 
 } // namespace day_report

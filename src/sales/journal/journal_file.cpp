@@ -216,13 +216,22 @@ bool JournalFile::write(const Changes &changes, Lasting lasting)
 
 RecordSet JournalFile::read(const QString &statement)
 {
+    try {
+        return readWhole(statement);
+    } catch (const HostError &) {
+        return {};
+    }
+}
+
+RecordSet JournalFile::readWhole(const QString &statement)
+{
     if (!m_open)
         return {};
     try {
         return m_db.execute(statement);
     } catch (const HostError &error) {
         if (error.cause() == HostError::Cause::unknown)
-            return {}; // out of time, for one; the file is well
+            throw; // out of time, for one; the file is well
         fail(error);
         return {};
     }

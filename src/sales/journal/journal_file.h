@@ -59,6 +59,9 @@ public:
 
     /// No rows when the file fails.
     RecordSet read(const QString &statement);
+    /// The same, but throws HostError for a statement that was out of time: half an answer is not
+    /// to be taken for a whole one.
+    RecordSet readWhole(const QString &statement);
 
     /// Brings what was written to the disk.
     void sync();

@@ -58,15 +58,22 @@ ReceiptArchive::ReceiptArchive(Program &program, JournalFile &file, SaleJournal 
     : m_program(program), m_file(file), m_sales(sales), m_till(till)
 {}
 
-std::vector<ReceiptArchive::Entry> ReceiptArchive::find(const QString &text) const
+std::vector<ReceiptArchive::Entry> ReceiptArchive::find(const QString &text)
 {
     const QString wanted = text.trimmed();
     const QDate today = m_file.today();
-    RecordSet rows = m_file.read(
-        u"SELECT no,an,fis,fatura,genel,kasiyer,durum FROM satis WHERE an>='%1' AND %2%3 ORDER BY "
-        "no DESC LIMIT %4"_s.arg(today.addDays(-kDays).toString(Qt::ISODate), m_file.soldHere(),
-                                 wanted.isEmpty() ? QString() : conditionFor(wanted, today),
-                                 QString::number(kMost)));
+    RecordSet rows;
+    m_fault.clear();
+    try {
+        rows = m_file.readWhole(
+            u"SELECT no,an,fis,fatura,genel,kasiyer,durum FROM satis WHERE an>='%1' AND %2%3 ORDER "
+            u"BY "
+            "no DESC LIMIT %4"_s.arg(today.addDays(-kDays).toString(Qt::ISODate), m_file.soldHere(),
+                                     wanted.isEmpty() ? QString() : conditionFor(wanted, today),
+                                     QString::number(kMost)));
+    } catch (const HostError &error) {
+        m_fault = error.text();
+    }
     std::vector<Entry> found;
     for (; !rows.eof(); rows.moveNext())
         found.push_back({qRound64(rows.number(u"no")),

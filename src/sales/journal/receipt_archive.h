@@ -29,7 +29,9 @@ public:
     /// The newest first, at most kMost. `text` may be the number of a receipt or invoice, a time
     /// (14:05), a day (7.3 or 07.03.2026), an amount, the code or barcode of a stock or a part of
     /// its name; empty: all.
-    std::vector<Entry> find(const QString &text) const;
+    std::vector<Entry> find(const QString &text);
+    /// Why the last search has no answer; empty: it has.
+    const QString &fault() const { return m_fault; }
 
     /// How the copy will look.
     ReceiptPage page(qint64 sale) const;
@@ -44,4 +46,5 @@ private:
     JournalFile &m_file;
     SaleJournal &m_sales;
     TillSession &m_till;
+    QString m_fault;
 };
