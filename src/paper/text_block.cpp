@@ -126,25 +126,34 @@ PlacedText placeText(const TextBlock &block, const TextMeasure &measure)
         block.shrink ? shrunk(block.font, block.text, box.width, measure) : block.font;
     const double lineHeight = measure.lineHeight(font);
 
-    // Only quarter turns run along their box.
-    const auto isInside = [&](QStringView part) { return measure.width(font, part) <= box.width; };
-    std::function<bool(QStringView)> fits;
-    if (box.width > 0 && startCorner(block.angle) && !block.shrink)
-        fits = std::cref(isInside);
-    const Breaking breaking = block.angle == 0 ? Breaking::words : Breaking::lineEnds;
-
-    const SplitText split =
-        splitLines(block.text, lineRoom(box.height, lineHeight), breaking, fits);
     PlacedText placed;
-    placed.fits = split.complete && (lineHeight <= box.height + kTolerance || block.text.isEmpty());
+    placed.fits = lineHeight <= box.height + kTolerance || block.text.isEmpty();
     QPointF at = box.start;
+    const auto place = [&](const QString &line, double width) {
+        const double room = box.width - width;
+        placed.fits = placed.fits && room >= -kTolerance;
+        placed.lines.push_back({alignText(at, block.alignment, block.angle, room),
+                                turn(block.angle), font, block.colour, line});
+    };
+
+    // Only quarter turns run along their box.
+    const bool isBounded = box.width > 0 && startCorner(block.angle) && !block.shrink;
+    const double width = measure.width(font, block.text);
+    if (isOneLine(block.text) && (!isBounded || width <= box.width)) { // as most are
+        if (!block.text.isEmpty())
+            place(block.text, width);
+        return placed;
+    }
+
+    const auto isInside = [&](QStringView part) { return measure.width(font, part) <= box.width; };
+    const SplitText split =
+        splitLines(block.text, lineRoom(box.height, lineHeight),
+                   block.angle == 0 ? Breaking::words : Breaking::lineEnds,
+                   isBounded ? std::function<bool(QStringView)>(std::cref(isInside)) : nullptr);
+    placed.fits = placed.fits && split.complete;
     for (const QString &line : split.lines) {
-        if (!line.isEmpty()) {
-            const double room = box.width - measure.width(font, line);
-            placed.fits = placed.fits && room >= -kTolerance;
-            placed.lines.push_back({alignText(at, block.alignment, block.angle, room),
-                                    turn(block.angle), font, block.colour, line});
-        }
+        if (!line.isEmpty())
+            place(line, measure.width(font, line));
         at.ry() += lineHeight;
     }
     return placed;

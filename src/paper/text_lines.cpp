@@ -143,13 +143,14 @@ bool placeParagraph(const QString &text, qsizetype most, Breaking breaking, cons
 
 } // namespace
 
+bool isOneLine(QStringView text)
+{
+    return std::none_of(text.cbegin(), text.cend(),
+                        [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; });
+}
+
 SplitText splitLines(const QString &text, qsizetype most, Breaking breaking, const Fits &fits)
 {
-    const auto parts = [](QChar c) { return c == u'\n' || c == u'\r' || c == u'\t'; };
-    const bool isOneLine = std::none_of(text.cbegin(), text.cend(), parts);
-    if (isOneLine && (!fits || fits(text))) // as most are
-        return {{text}, true};
-
     QString unified = text;
     unified.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\t', u' ');
 

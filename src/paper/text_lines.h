@@ -17,6 +17,9 @@ enum class Breaking
     lineEnds ///< at the line ends of the text only
 };
 
+/// Whether a text stands on one line as it is, if that has room for it.
+bool isOneLine(QStringView text);
+
 /// Splits a text into at most `most` lines (1 or more) for which `fits` says yes; without `fits`
 /// any line does. Of a text that is too long for them words of the middle give way to "…": its end,
 /// where the size of a pack stands, is kept. A word too long for a line is broken, except on the
