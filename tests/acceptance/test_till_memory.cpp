@@ -19,7 +19,8 @@ const QStringList kSale = {u"TEM.0011"_s, u"MNV.0011"_s, u"GID.0004"_s};
 struct Killed
 {};
 
-/// Ends the program at a statement, before it has been done or behind it, or loses its answer.
+/// Ends the program at a statement, before it has been done or behind it, or loses its answer; or
+/// the statement waits for a lock until its time is over.
 class DeadlyHost final : public HostConnection
 {
 public:
@@ -29,6 +30,8 @@ public:
     RecordSet execute(const QString &statement) override
     {
         const bool now = ++count == at;
+        if (now && locked)
+            throw HostError(HostError::kConnectionLost, u"kilitli"_s);
         if (now && !done)
             throw Killed();
         RecordSet rows = m_host->execute(statement);
@@ -45,6 +48,7 @@ public:
     int at = 0; ///< number of the statement, from 1; 0: never
     bool done = false;
     bool kills = true;
+    bool locked = false;
     bool lost = false;
 
 private:
@@ -261,6 +265,32 @@ TEST_F(Memory, APostingThatWasCutOffIsCompletedBeforeTheNext)
         again.till.post();
         EXPECT_EQ(again.till.postedTotal(0), u"186,39"_s);
         EXPECT_EQ(again.memory.incomplete().count(), 0);
+        EXPECT_EQ(ledger(), expected);
+    }
+    EXPECT_TRUE(shop.prompt.shown.empty());
+}
+
+/// A completion that a lock keeps from a record leaves it to the next one.
+TEST_F(Memory, WhatACompletionSkippedIsDoneByTheNext)
+{
+    const QStringList expected = undisturbed();
+    for (const int at : {11, 19, 23, 31}) {
+        SCOPED_TRACE(at);
+        startAnew();
+        {
+            Counter counter(shop);
+            counter.sell(kSale);
+            counter.dieAt(17, true);
+            EXPECT_THROW(counter.till.post(), Killed);
+        }
+        Counter again(shop);
+        again.dieAt(at, true);
+        again.host->locked = true;
+        again.memory.incomplete().completeAll();
+        again.dieAt(0, false);
+        again.memory.incomplete().completeAll();
+        again.sell({kSale.first()});
+        again.till.post();
         EXPECT_EQ(ledger(), expected);
     }
     EXPECT_TRUE(shop.prompt.shown.empty());

@@ -141,11 +141,11 @@ Completion::State Completion::figureState(const Record &figure)
         return State::done;
     if (mark && !answerLost(*mark))
         return State::missing;
-    if (!mark && laterRowStands(figure)) {
+    if (!mark && laterStands(figure)) {
         found(figure);
         return State::done;
     }
-    if (!mark && !m_journaled.powerCut)
+    if (!mark && (!m_journaled.powerCut || earlierRowLacks(figure)))
         return State::missing;
     if (m_sale.addend(figure) == 0.0)
         return State::missing; // raising it by nothing does no harm
@@ -162,12 +162,21 @@ Completion::State Completion::figureState(const Record &figure)
     return *written ? State::done : State::missing;
 }
 
-/// A row behind a figure is sent after it, whatever became of the figure's own answer.
-bool Completion::laterRowStands(const Record &figure)
+/// What comes behind a figure is sent after it, whatever became of the figure's own answer.
+bool Completion::laterStands(const Record &figure)
 {
     const auto place = std::find(m_records.begin(), m_records.end(), figure);
-    return std::any_of(place, m_records.end(), [this](const Record &record) {
-        return record.isRow() && stateOf(record) == State::done;
+    return std::any_of(std::next(place), m_records.end(),
+                       [this](const Record &record) { return stateOf(record) == State::done; });
+}
+
+/// The journal lacks the end of a posting when the power went. A row that it does not know of and
+/// that does not stand was never sent, and neither was what comes behind it.
+bool Completion::earlierRowLacks(const Record &figure)
+{
+    const auto place = std::find(m_records.begin(), m_records.end(), figure);
+    return std::any_of(m_records.begin(), place, [this](const Record &record) {
+        return record.isRow() && !markOf(record) && stateOf(record) != State::done;
     });
 }
 
@@ -284,7 +293,9 @@ void Completion::step(const Record &record, Step &&body)
         body();
     } catch (const HostError &error) {
         m_result.connectionLost |= error.connectionLost();
-        m_writer.failed(record, error);
+        const bool neverSent = m_writer.failed(record, error) == Sent::withheld && !markOf(record);
+        if (neverSent) // else a later row would say next time that it was
+            m_log.answered(record, Sent::withheld, error.text());
         m_result.missing += u"%1: yazılamadı (%2)"_s.arg(m_sale.name(record), error.text());
     }
 }

@@ -174,12 +174,12 @@ IncompleteSales::Outcome IncompleteSales::outcomeOf(const JournaledSale &sale,
                                 total, QString::number(result.written))};
     if (result.missing.isEmpty())
         return {End::partly,
-                u"%1 tutarındaki satış tamamlandı. %2"_s.arg(total, result.doubled.join(u' ')),
+                u"%1 tutarındaki satış tamamlandı. %2"_s.arg(total, result.doubled.join(u"; "_s)),
                 true};
     return {result.connectionLost ? End::noHost : End::partly,
             u"%1 tutarındaki satışın %2 kaydı eksik kaldı: %3"_s.arg(
                 total, QString::number(result.missing.size()),
-                (result.missing.first(1) + result.doubled).join(u' ')),
+                (result.missing.first(1) + result.doubled).join(u"; "_s)),
             !result.doubled.isEmpty()};
 }
 
