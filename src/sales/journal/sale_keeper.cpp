@@ -44,13 +44,7 @@ void SaleKeeper::end(State state)
 {
     m_log.reset();
     if (m_whole && m_file.isOpen()) {
-        auto along = m_lists.clearing(m_list);
-        if (state == State::uncertain)
-            along.clear(); // the list stands
-        if (state == State::underWay)
-            m_sales.forget(m_number);
-        else
-            m_sales.end(m_number, state, along);
+        write(m_number, m_list, state);
     }
     if (m_whole && m_file.isOpen())
         return;
@@ -59,6 +53,18 @@ void SaleKeeper::end(State state)
         lacking().steps.clear(); // its rows stand in the ledger
     if (state == State::underWay && m_number == 0)
         m_lacking.pop_back();
+}
+
+/// A list goes together with its sale: neither may stand without the other.
+void SaleKeeper::write(qint64 number, int list, State end)
+{
+    auto along = m_lists.clearing(list);
+    if (end == State::uncertain)
+        along.clear(); // the list stands
+    if (end == State::underWay)
+        m_sales.forget(number);
+    else
+        m_sales.end(number, end, along);
 }
 
 void SaleKeeper::numbered(const QString &receipt)
@@ -87,10 +93,8 @@ bool SaleKeeper::bringBack(Lacking &one)
         log.drawn(*one.drawn);
     for (const Step &step : one.steps)
         step(log);
-    if (one.end == State::underWay)
-        m_sales.forget(one.number);
-    else if (one.end)
-        m_sales.end(one.number, *one.end);
+    if (one.end)
+        write(one.number, one.list, *one.end);
     if (!one.receipt.isEmpty())
         m_sales.setReceiptNumber(one.number, one.receipt);
     return m_file.isOpen();

@@ -45,6 +45,7 @@ private:
     bool lacks() const { return !m_lacking.empty(); }
     Lacking &lacking();
     bool bringBack(Lacking &one);
+    void write(qint64 number, int list, JournaledSale::State end);
 
     JournalFile &m_file;
     SaleJournal &m_sales;

@@ -303,6 +303,8 @@ void TillMemory::snapshot()
 {
     for (int list = 0; list < kSaleLists; ++list) {
         m_lists.cleared(list, {});
+        if (list == m_sold) // its lines go in a moment
+            continue;
         for (int row = 0; row < m_till.list(list).size(); ++row)
             m_lists.lineSet(list, row, m_till.list(list).line(row));
         m_lists.cashSet(list, m_till.cash(list), m_till.payment(list));
