@@ -216,13 +216,11 @@ std::optional<double> parse(QStringView text)
             plainText.append('.');
         } else if (c == u'.' && !comma) {
             continue;
-        } else if (isDigit(c) || (sign && plainText.isEmpty())) {
+        } else if (isDigit(c) || (sign && (plainText.isEmpty() || plainText.back() == 'E'))) {
             plainText.append(c.toLatin1());
         } else if ((c == u'E' || c == u'e') && !plainText.isEmpty() && !exponent) {
             plainText.append('E'); // as plain() writes it: digits, E, sign, digits
             comma = exponent = true;
-        } else if (sign && plainText.back() == 'E') {
-            plainText.append(c.toLatin1());
         } else {
             return {};
         }

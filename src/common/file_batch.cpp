@@ -63,7 +63,7 @@ FileBatch::~FileBatch()
 
 QString FileBatch::path(const QString &name) const
 {
-    const QString path = undecided(m_directory) + u'/' + name;
+    QString path = undecided(m_directory) + u'/' + name;
     QDir().mkpath(QFileInfo(path).path());
     return path;
 }

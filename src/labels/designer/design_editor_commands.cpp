@@ -129,7 +129,7 @@ bool DesignEditor::isChecked(Command command) const
 
 QString DesignEditor::captionFor(Command command) const
 {
-    const QString caption = QString::fromUtf16(infoOf(command).caption);
+    QString caption = QString::fromUtf16(infoOf(command).caption);
     if (command == Command::undo && can(command))
         return caption + u": "_s + m_document.history().undoText();
     if (command == Command::redo && can(command))

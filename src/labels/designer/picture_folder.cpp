@@ -102,7 +102,7 @@ QString PictureFolder::bringIn(const QString &from)
             u"Resim tasarımların resim klasöründe değil:\n%1\n\nKlasöre kopyalansın mı?"_s.arg(
                 QDir::toNativeSeparators(from))))
         return {};
-    const QString name = copyIn(from);
+    QString name = copyIn(from);
     if (name.isEmpty())
         m_prompt.warn(u"Resim kopyalanamadı:\n%1"_s.arg(QDir::toNativeSeparators(path())), true);
     return name;
@@ -114,7 +114,7 @@ QString PictureFolder::copyIn(const QString &from)
     QDir().mkpath(path());
     const QFileInfo wanted(usableName(QFileInfo(from).fileName()));
     for (int number = 1; number < 1000; ++number) {
-        const QString name =
+        QString name =
             number == 1
                 ? wanted.fileName()
                 : u"%1 (%2).%3"_s.arg(wanted.completeBaseName()).arg(number).arg(wanted.suffix());

@@ -67,6 +67,7 @@ double snapAlong(const SnapTargets &targets, Qt::Orientation lines,
                  const std::vector<double> &edges, double by, double reach, Snapped &result)
 {
     std::vector<double> moved;
+    moved.reserve(edges.size());
     for (const double edge : edges)
         moved.push_back(edge + by);
     const auto hit = targets.nearest(lines, moved, reach);

@@ -20,7 +20,7 @@ struct LabelRef
     ElementKind kind = ElementKind::picture;
     std::size_t index = 0;
 
-    friend auto operator<=>(const LabelRef &, const LabelRef &) = default;
+    friend auto operator<=>(const LabelRef &, const LabelRef &) = default; // NOLINT: taken for a 0
 };
 
 /// Calls `visit` with the element itself. The layout must have it.

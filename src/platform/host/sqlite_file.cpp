@@ -77,7 +77,7 @@ void bind(sqlite3_stmt *statement, int place, const QVariant &value)
     default: {
         const QByteArray text = value.toString().toUtf8();
         sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
-                          SQLITE_TRANSIENT);
+                          SQLITE_TRANSIENT); // NOLINT: the macro casts an integer
     }
     }
 }

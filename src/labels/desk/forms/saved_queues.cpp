@@ -11,10 +11,10 @@ SavedQueues::SavedQueues(LabelDesk &desk, QWidget *parent)
 {
     m_ui->setupUi(this);
     connect(m_ui->liste, &QListWidget::currentTextChanged, m_ui->ad, &QLineEdit::setText);
-    connect(m_ui->liste, &QListWidget::itemActivated, this, &SavedQueues::open);
+    connect(m_ui->liste, &QListWidget::itemActivated, this, &SavedQueues::openTyped);
     connect(m_ui->ad, &QLineEdit::textChanged, this, &SavedQueues::showCommands);
     connect(m_ui->kaydet, &QPushButton::clicked, this, &SavedQueues::save);
-    connect(m_ui->ac, &QPushButton::clicked, this, &SavedQueues::open);
+    connect(m_ui->ac, &QPushButton::clicked, this, &SavedQueues::openTyped);
     connect(m_ui->sil, &QPushButton::clicked, this, &SavedQueues::remove);
     connect(m_ui->kapat, &QPushButton::clicked, this, &SavedQueues::reject);
     fill();
@@ -42,7 +42,7 @@ void SavedQueues::save()
         accept();
 }
 
-void SavedQueues::open()
+void SavedQueues::openTyped()
 {
     const QString name = typedName();
     if (!m_desk.store().exists(name))

@@ -28,7 +28,7 @@ private:
     void fill();
     QString typedName() const;
     void save();
-    void open();
+    void openTyped();
     void remove();
     void showCommands();
 
