@@ -17,7 +17,7 @@ QString freeStart(ean::Symbology symbology, const QStringList &scales)
     if (symbology == ean::Symbology::ean8)
         return u"2"_s;
     for (int start = 20; start < 30; ++start) {
-        const QString digits = QString::number(start);
+        QString digits = QString::number(start);
         if (std::none_of(scales.cbegin(), scales.cend(), [&](const QString &prefix) {
                 return prefix.startsWith(digits) || digits.startsWith(prefix);
             }))
