@@ -404,7 +404,7 @@ TEST_F(Memory, ANumberThatTwoSalesBearIsTold)
     again.till.post();
     again.till.work().openBoxes();
     ASSERT_EQ(shop.prompt.shown.size(), 1U);
-    const QString told = u"Fatura PF000426: aynı numara başka bir satışta da var (kayıt 47, "_s;
+    const QString told = u"Fatura PF000426: aynı numarada kayıt 47, "_s;
     EXPECT_TRUE(shop.prompt.shown.front().text.contains(told))
         << shop.prompt.shown.front().text.toStdString();
     IncompleteSales &incomplete = again.memory.incomplete();

@@ -363,8 +363,7 @@ void Completion::tellDouble(Document document)
         return; // what may not be read tells nothing
     }
     if (own && !others.isEmpty()) {
-        const QString words =
-            u"aynı numara başka bir satışta da var (%1)"_s.arg(others.join(u"; "_s));
+        const QString words = u"aynı numarada "_s + others.join(u"; "_s);
         m_log.answered(number, Sent::refused, words);
         m_result.doubled += u"%1: %2"_s.arg(m_sale.name(number), words);
     } else if (markOf(number)) {
