@@ -43,6 +43,12 @@ Completion::Result Completion::run()
         for (const Document document : {Document::stock, Document::account})
             findReference(document);
     decideRows();
+    if (m_endLacks && !m_journaled.powerCut) {
+        m_journaled.powerCut = true;
+        for (const Document document : {Document::stock, Document::account})
+            findReference(document);
+        decideRows();
+    }
     decideFigures();
     m_result.reached = std::any_of(m_states.begin(), m_states.end(),
                                    [](const auto &state) { return state.second == State::done; });
@@ -120,6 +126,7 @@ Completion::State Completion::search(const Record &row)
     const bool occupied = !rows.eof();
     for (; !rows.eof(); rows.moveNext())
         if (row_search::isOurs(m_sale, row, rows)) {
+            m_endLacks |= !markOf(row); // the journal stopped before the posting did
             found(row);
             return State::done;
         }
