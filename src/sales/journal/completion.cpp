@@ -43,6 +43,12 @@ Completion::Result Completion::run()
         for (const Document document : {Document::stock, Document::account})
             findReference(document);
     decideRows();
+    if (m_endLacks && !m_journaled.powerCut) {
+        m_journaled.powerCut = true;
+        for (const Document document : {Document::stock, Document::account})
+            findReference(document);
+        decideRows();
+    }
     decideFigures();
     m_result.reached = std::any_of(m_states.begin(), m_states.end(),
                                    [](const auto &state) { return state.second == State::done; });
@@ -120,6 +126,7 @@ Completion::State Completion::search(const Record &row)
     const bool occupied = !rows.eof();
     for (; !rows.eof(); rows.moveNext())
         if (row_search::isOurs(m_sale, row, rows)) {
+            m_endLacks |= !markOf(row); // the journal stopped before the posting did
             found(row);
             return State::done;
         }
@@ -363,8 +370,7 @@ void Completion::tellDouble(Document document)
         return; // what may not be read tells nothing
     }
     if (own && !others.isEmpty()) {
-        const QString words =
-            u"aynı numara başka bir satışta da var (%1)"_s.arg(others.join(u"; "_s));
+        const QString words = u"aynı numarada "_s + others.join(u"; "_s);
         m_log.answered(number, Sent::refused, words);
         m_result.doubled += u"%1: %2"_s.arg(m_sale.name(number), words);
     } else if (markOf(number)) {

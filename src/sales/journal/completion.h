@@ -14,10 +14,11 @@ class Prompt;
 /// How it is told whether something was written:
 ///   rows       by their reference, line and stock, and the figures that make them this sale's
 ///   figures    one that was never sent was not raised, unless something later of the sale stands;
-///              when the power went, that cannot be told of those behind the last row that stands
-///              and before the first that lacks; one whose answer was lost by the figure a later
-///              line of the same stock was reckoned from, or by what stands there now while nobody
-///              else has moved the stock or the account since; else the user is asked
+///              when the power went or the journal stopped, that cannot be told of those behind
+///              the last row that stands and before the first that lacks; one whose answer was
+///              lost by the figure a later line of the same stock was reckoned from, or by what
+///              stands there now while nobody else has moved the stock or the account since; else
+///              the user is asked
 ///   counters   by their value: at or above the next number they were advanced
 /// Numbers and references that no written record bears are drawn anew when others took them. Names
 /// with an apostrophe, which no statement of a posting can carry, are written too.
@@ -83,5 +84,6 @@ private:
     PostingLog &m_log;
     LedgerWriter m_writer;
     std::map<QString, State> m_states;
+    bool m_endLacks = false; ///< the journal lacks the end of the posting
     Result m_result;
 };

@@ -8,6 +8,7 @@
 #include <QMultiHash>
 
 #include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,9 @@ namespace day_report {
 
 namespace {
 
-constexpr int kBarLetters = 14;             ///< of the busiest hour on a receipt
+constexpr int kBarLetters = 14; ///< of the busiest hour on a receipt
+/// A ledger without an index on its days reads all of them for each answer.
+constexpr int kDaysAtOnce = 7;
 constexpr qsizetype kMostDifferences = 500; ///< nobody reads more, and a receipt must end
 
 /// The busy hours, from the first to the last.
@@ -64,15 +67,19 @@ std::vector<std::pair<QString, const CashierFigures *>> columns(const DayFigures
     return all;
 }
 
-/// Invoices that tills wrote on a day: document numbers with their totals, kuruş.
-QMultiHash<QString, qint64> invoicesOf(CompanyDatabase &company, QDate day)
+/// Invoices that tills wrote, by their day: document numbers with their totals, kuruş.
+using Invoices = std::map<QDate, QMultiHash<QString, qint64>>;
+
+Invoices invoicesOf(CompanyDatabase &company, QDate from, QDate to)
 {
     RecordSet rows = company.company().execute(
-        u"select * from FATFIS where FATFISTAR='%1' AND FATFISTIPI='3' AND FATFISSEVNO='999'"_s.arg(
-            RecordSet::toText(day)));
-    QMultiHash<QString, qint64> invoices;
+        u"select FATFISTAR,FATFISEVRAKNO1,FATFISGENTOPLAM from FATFIS where FATFISTAR>='%1' AND "
+        "FATFISTAR<='%2' AND FATFISTIPI='3' AND FATFISSEVNO='999'"_s.arg(RecordSet::toText(from),
+                                                                         RecordSet::toText(to)));
+    Invoices invoices;
     for (; !rows.eof(); rows.moveNext())
-        invoices.insert(rows.text(u"FATFISEVRAKNO1"), kurus::of(rows.number(u"FATFISGENTOPLAM")));
+        invoices[rows.value(u"FATFISTAR").toDate()].insert(
+            rows.text(u"FATFISEVRAKNO1"), kurus::of(rows.number(u"FATFISGENTOPLAM")));
     return invoices;
 }
 
@@ -185,34 +192,38 @@ std::optional<QStringList> compareWithLedger(CompanyDatabase &company, JournalFi
         else
             ++more;
     };
-    for (QDate day = from; day <= to; day = day.addDays(1)) {
-        if (!goOn(day))
+    for (QDate first = from; first <= to; first = first.addDays(kDaysAtOnce)) {
+        if (!goOn(first))
             return {};
-        QMultiHash<QString, qint64> invoices = invoicesOf(company, day);
+        const QDate last = std::min(first.addDays(kDaysAtOnce - 1), to);
+        Invoices invoices = invoicesOf(company, first, last);
         RecordSet sales = file.readWhole(
             u"SELECT an,fatura,genel FROM satis WHERE an>='%1' AND an<'%2' AND %3 ORDER BY no"_s
-                .arg(day.toString(Qt::ISODate), day.addDays(1).toString(Qt::ISODate),
+                .arg(first.toString(Qt::ISODate), last.addDays(1).toString(Qt::ISODate),
                      file.soldHere()));
         for (; !sales.eof(); sales.moveNext()) {
+            const QString moment = sales.text(u"an");
+            const QDate day = QDate::fromString(moment.first(10), Qt::ISODate);
             const QString number = sales.text(u"fatura");
             const qint64 total = qRound64(sales.number(u"genel"));
-            if (invoices.remove(number, total) > 0)
+            QMultiHash<QString, qint64> &ofDay = invoices[day];
+            if (ofDay.remove(number, total) > 0)
                 continue;
             add([&] {
-                const QString sale =
-                    u"%1 %2, %3 (%4)"_s.arg(RecordSet::toText(day), sales.text(u"an").mid(11, 5),
-                                            number, kurus::text(total));
-                return invoices.contains(number) ? u"%1: muhasebede tutarı %2"_s.arg(
-                                                       sale, kurus::text(invoices.value(number)))
-                                                 : u"%1: muhasebede yok"_s.arg(sale);
+                const QString sale = u"%1 %2, %3 (%4)"_s.arg(
+                    RecordSet::toText(day), moment.mid(11, 5), number, kurus::text(total));
+                return ofDay.contains(number) ? u"%1: muhasebede tutarı %2"_s.arg(
+                                                    sale, kurus::text(ofDay.value(number)))
+                                              : u"%1: muhasebede yok"_s.arg(sale);
             });
-            invoices.take(number);
+            ofDay.take(number);
         }
-        for (auto left = invoices.constBegin(); left != invoices.constEnd(); ++left)
-            add([&] {
-                return u"%1, %2 (%3): bu kasanın günlüğünde yok (başka kasanın olabilir)"_s.arg(
-                    RecordSet::toText(day), left.key(), kurus::text(left.value()));
-            });
+        for (const auto &[day, left] : invoices)
+            for (auto one = left.constBegin(); one != left.constEnd(); ++one)
+                add([&, day = day] {
+                    return u"%1, %2 (%3): bu kasanın günlüğünde yok (başka kasanın olabilir)"_s.arg(
+                        RecordSet::toText(day), one.key(), kurus::text(one.value()));
+                });
     }
     if (more > 0)
         differences += u"… ve %1 fark daha; günleri daraltın"_s.arg(amount::whole(more));

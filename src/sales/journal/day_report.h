@@ -48,8 +48,8 @@ QString csv(const DayReport &report);  ///< fields between semicolons, as spread
 bool writePdf(const DayReport &report, const QString &path);
 
 /// Holds the sales of the days against the invoices of the till in the ledger, and lists the first
-/// few hundred differences. `goOn`: asked before each day; false stops it, and nothing is returned.
-/// Throws HostError.
+/// few hundred differences. `goOn`: asked before every week; false stops it, and nothing is
+/// returned. Throws HostError.
 std::optional<QStringList> compareWithLedger(CompanyDatabase &company, JournalFile &file,
                                              QDate from, QDate to,
                                              const std::function<bool(QDate)> &goOn);

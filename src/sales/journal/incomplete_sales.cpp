@@ -175,12 +175,12 @@ IncompleteSales::Outcome IncompleteSales::outcomeOf(const JournaledSale &sale,
     if (result.missing.isEmpty())
         return {End::partly,
                 u"%1 tutarındaki satış tamamlandı. %2"_s.arg(total, result.doubled.join(u"; "_s)),
-                true};
+                result.doubled};
     return {result.connectionLost ? End::noHost : End::partly,
             u"%1 tutarındaki satışın %2 kaydı eksik kaldı: %3"_s.arg(
                 total, QString::number(result.missing.size()),
                 (result.missing.first(1) + result.doubled).join(u"; "_s)),
-            !result.doubled.isEmpty()};
+            result.doubled};
 }
 
 void IncompleteSales::closeByHand(qint64 number)

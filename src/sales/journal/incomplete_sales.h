@@ -45,7 +45,8 @@ public:
         };
         End end = End::noHost;
         QString text;
-        bool doubled = false; ///< two sales bear one number: nobody at the till can mend that
+        QStringList doubled =
+            {}; ///< documents whose number another sale bears: a matter of the ledger
     };
     Outcome complete(const JournaledSale &sale);
 

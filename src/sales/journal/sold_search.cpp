@@ -1,6 +1,7 @@
 #include "sales/journal/sold_search.h"
 
 #include "common/host_connection.h"
+#include "sales/journal/kurus.h"
 #include "sales/journal/row_search.h"
 
 #include <algorithm>
@@ -89,6 +90,9 @@ std::optional<Found> find(CompanyDatabase &company, const Settings &settings, co
                                                           RecordSet::toText(since.date())));
     for (; !rows.eof(); rows.moveNext()) {
         const QString number = rows.text(u"FATFISEVRAKNO1");
+        const qint64 total = kurus::of(rows.number(u"FATFISGENTOPLAM"));
+        if (total != kurus::of(sale.totals.grand) || momentOf(rows) < since || known(number))
+            continue;
         Found found{sale, wanted};
         found.sale.moment = momentOf(rows);
         found.inLedger = LedgerSale(settings, found.sale);
@@ -96,9 +100,7 @@ std::optional<Found> find(CompanyDatabase &company, const Settings &settings, co
         found.inLedger.setReference(Document::invoice, rows.text(u"FATFISREFNO"));
         found.inLedger.setReference(Document::stock, rows.text(u"FATFISSTKREFNO"));
         Reader reader(host, found.inLedger);
-        if (found.sale.moment < since || known(number) ||
-            !row_search::isOurs(found.inLedger, {Record::Kind::invoice}, rows) ||
-            !reader.holdsEveryLine())
+        if (!reader.holdsEveryLine())
             continue;
         reader.readSlips();
         return found;

@@ -335,8 +335,13 @@ bool TillMemory::mayBegin(int list)
 bool TillMemory::mayPost(const IncompleteSales::Outcome &outcome)
 {
     using End = IncompleteSales::Outcome::End;
-    if (outcome.doubled)
-        m_till.work().later([this, text = outcome.text] { m_program.warn(text); });
+    if (!outcome.doubled.isEmpty())
+        m_till.work().later([this, doubled = outcome.doubled.join(u'\n')] {
+            m_program.warn(
+                u"Önceki satışın belge numarasını başka bir kasa da vermiş:\n\n%1\n\n"
+                "Muhasebede belgelerden birine yeni numara verin. Satış o zamana dek F1, "
+                "Eksik satışlar sayfasında durur."_s.arg(doubled));
+        });
     if (outcome.end == End::noHost)
         tellConnectionLost(m_program);
     if (outcome.end != End::noHost && outcome.end != End::postponed)
