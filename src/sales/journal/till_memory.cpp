@@ -404,8 +404,12 @@ void TillMemory::enter(int list, const sold_search::Found &found)
     const qint64 number = m_sales.begin(list, found.sale, found.inLedger);
     m_sales.drawn(number, found.inLedger);
     m_sales.end(number, State::uncertain);
-    if (const auto sale = m_sales.sale(number))
+    if (const auto sale = m_sales.sale(number)) {
         mayPost(m_incomplete.complete(*sale)); // clears the list
+    } else {                                   // a journal that failed once more
+        m_sold = list;
+        m_till.clearSold(list, found.sale);
+    }
 }
 
 /// A list that stood because nobody knew better was sold. It goes when it is still what was sold.
