@@ -15,14 +15,14 @@ using Values = std::initializer_list<std::pair<QStringView, QString>>;
 
 QString insertInto(QStringView table, Values values)
 {
-    QStringList columns;
-    QStringList literals;
+    QString columns;
+    QString literals;
     for (const auto &[column, value] : values) {
-        columns += column.toString();
-        literals += value;
+        const bool first = columns.isEmpty();
+        columns.append(first ? u"" : u",").append(column);
+        literals.append(first ? u"" : u"','").append(value);
     }
-    return u"INSERT INTO "_s % table % u" ("_s % columns.join(u',') % u") values ('"_s +
-           literals.join(u"','"_s) % u"')"_s;
+    return u"INSERT INTO "_s % table % u" ("_s % columns % u") values ('"_s % literals % u"')"_s;
 }
 
 QString stockMonthCondition(const Header &h, const QString &stockCode, QStringView kind)
