@@ -1,9 +1,11 @@
 // What the till's memory costs, with the journal as a file of this machine:
 //   scan         Enter to the priced line, with and without the journal (over_us)
 //   postSale     posting a sale of three lines, with the journal beside without (ratio), on the
-//                embedded engine and on the server that TEZGAH_TEST_ODBC names
+//                embedded engine and on the server that TEZGAH_TEST_ODBC names, directly and
+//                through a network that delays each way by a millisecond
 //   openOfAYear  opening a journal of 300,000 sales, and what the till reads of it first
 
+#include "delay_relay.h"
 #include "pairs.h"
 #include "sales/journal/till_memory.h"
 #include "support/real_shop.h"
@@ -84,13 +86,47 @@ void scan(benchmark::State &state)
         microseconds(with - without) / static_cast<double>(state.iterations());
 }
 
+enum Road
+{
+    embedded,
+    server,
+    relayed
+};
+
+/// While it lives the test server is reached through a shop's network.
+class Network
+{
+public:
+    Network()
+        : m_relay(static_cast<std::uint16_t>(parseServerName(testLogin()->server).port),
+                  std::chrono::milliseconds(1))
+    {
+        ConnectionSettings login = *testLogin();
+        login.server = u"127.0.0.1,%1"_s.arg(m_relay.port());
+        qputenv(kServer, connectionString(login).toUtf8());
+    }
+    ~Network() { qputenv(kServer, m_direct); }
+    Network(const Network &) = delete;
+    Network &operator=(const Network &) = delete;
+
+private:
+    static constexpr auto kServer = "TEZGAH_TEST_ODBC";
+
+    QByteArray m_direct = qgetenv(kServer);
+    DelayRelay m_relay;
+};
+
 void postSale(benchmark::State &state)
 {
-    const auto engine = state.range(0) == 0 ? Engine::embedded : Engine::server;
+    const auto road = static_cast<Road>(state.range(0));
+    const auto engine = road == embedded ? Engine::embedded : Engine::server;
     if (engine == Engine::server && !testLogin()) {
         state.SkipWithError("no server: name one in TEZGAH_TEST_ODBC");
         return;
     }
+    std::optional<Network> network;
+    if (road == relayed)
+        network.emplace();
     Counter plain(engine, false);
     Counter remembering(engine, true);
     Pairs pairs;
@@ -166,9 +202,8 @@ void openOfAYear(benchmark::State &state)
 
 BENCHMARK(scan)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
 BENCHMARK(postSale)
-    ->ArgName("server")
-    ->Arg(0)
-    ->Arg(1)
+    ->ArgName("road")
+    ->DenseRange(embedded, relayed)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
     ->Iterations(60);
