@@ -70,7 +70,9 @@ QString rangeHint(ean::Symbology symbology, QStringView base, const QStringList 
         return u"%1 ile başlayan numaralar mağazaların kendi malları içindir: hiçbir üreticinin "
                "barkoduyla%2 çakışmaz."_s.arg(
                    digits.first(ean8 ? 1 : 2),
-                   ean8 ? QString() : u" ve terazi etiketleriyle (%1)"_s.arg(scales.join(u", "_s)));
+                   ean8 || scales.isEmpty()
+                       ? QString()
+                       : u" ve terazi etiketleriyle (%1)"_s.arg(scales.join(u", "_s)));
     if (digits.startsWith(u'0') && ean8)
         return u"0 ile başlayan sekiz haneli numaralar mağaza içidir, ama bazı okuyucular baştaki "
                u"sıfırı atar."_s +
