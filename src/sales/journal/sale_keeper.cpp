@@ -69,16 +69,17 @@ void SaleKeeper::write(qint64 number, int list, State end)
 
 void SaleKeeper::numbered(const QString &receipt)
 {
-    if (lacks())
-        m_lacking.back().receipt = receipt;
-    else if (m_number > 0)
+    if (m_whole && m_number > 0)
         m_sales.setReceiptNumber(m_number, receipt);
+    if (!m_whole || !m_file.isOpen())
+        lacking().receipt = receipt;
 }
 
 void SaleKeeper::bringBack()
 {
     while (lacks() && bringBack(m_lacking.front()))
         m_lacking.pop_front();
+    m_whole = !lacks();
 }
 
 /// False: the file failed once more, and what it was to take is kept on. Steps that it took already
