@@ -230,10 +230,9 @@ RecordSet JournalFile::readWhole(const QString &statement)
     try {
         return m_db.execute(statement);
     } catch (const HostError &error) {
-        if (error.cause() == HostError::Cause::unknown)
-            throw; // out of time, for one; the file is well
-        fail(error);
-        return {};
+        if (error.cause() != HostError::Cause::unknown) // out of time, for one: the file is well
+            fail(error);
+        throw;
     }
 }
 

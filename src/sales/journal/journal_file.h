@@ -59,8 +59,8 @@ public:
 
     /// No rows when the file fails.
     RecordSet read(const QString &statement);
-    /// The same, but throws HostError for a statement that was out of time: half an answer is not
-    /// to be taken for a whole one.
+    /// The same, but throws HostError when the file fails or the statement is out of time: half an
+    /// answer is not to be taken for a whole one. No rows while the file is shut.
     RecordSet readWhole(const QString &statement);
 
     /// Brings what was written to the disk.

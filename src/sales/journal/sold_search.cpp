@@ -49,8 +49,9 @@ public:
     void readSlips()
     {
         setNumber(Document::stock, u"STKFISEVRAKNO1");
-        const RecordSet movement = m_host.execute(
-            u"select * from CARHAR where CARHAREVRAKNO='%1'"_s.arg(m_sale.header().invoiceNumber));
+        const RecordSet movement =
+            m_host.execute(u"select * from CARHAR where CARHAREVRAKNO='%1'"_s.arg(
+                m_sale.quotable().header().invoiceNumber));
         if (movement.eof())
             return;
         m_sale.setReference(Document::account, movement.text(u"CARHARREFNO"));
