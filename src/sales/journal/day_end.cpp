@@ -20,7 +20,8 @@ QDate DayEnd::today() const
 
 void DayEnd::read(QDate from, QDate to)
 {
-    const auto [first, last] = std::minmax(from, to);
+    const QDate first = std::min(from, to);
+    const QDate last = std::max(from, to);
     m_report = {{first, last, {}, {}}, {}, {}, false};
     m_program.handle([&] { m_report.figures = readDays(m_file, first, last); });
     Q_EMIT changed();

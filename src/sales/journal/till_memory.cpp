@@ -11,9 +11,9 @@ namespace {
 
 using State = JournaledSale::State;
 
-constexpr int kSettle = 500;         ///< milliseconds; a power cut may take a second
-constexpr int kPrunePause = 1000;    ///< milliseconds
-constexpr qint64 kTryAgain = 5 * 60; ///< seconds: a locked file keeps the cashier waiting for two
+constexpr int kSettle = 500;      ///< milliseconds; a power cut may take a second
+constexpr int kPrunePause = 1000; ///< milliseconds
+constexpr qint64 kTryAgain = 300; ///< seconds: a locked file keeps the cashier waiting for two
 
 } // namespace
 
