@@ -36,17 +36,19 @@ Completion::Completion(CompanyDatabase &company, Prompt &prompt, JournaledSale s
 
 Completion::Result Completion::run()
 {
+    const auto findSlips = [this] {
+        findReference(Document::stock);
+        findReference(Document::account);
+    };
     m_company.company();
     findReference(Document::invoice);
     // The invoice comes last: where it stands, so do the slips before it.
     if (m_journaled.powerCut || !m_sale.reference(Document::invoice).isEmpty())
-        for (const Document document : {Document::stock, Document::account})
-            findReference(document);
+        findSlips();
     decideRows();
     if (m_endLacks && !m_journaled.powerCut) {
         m_journaled.powerCut = true;
-        for (const Document document : {Document::stock, Document::account})
-            findReference(document);
+        findSlips();
         decideRows();
     }
     decideFigures();

@@ -4,6 +4,7 @@
 #include "sales/journal/journal_file.h"
 #include "sales/journal/journal_words.h"
 #include "sales/journal/kurus.h"
+#include "sales/journal/row_search.h"
 
 #include <QMultiHash>
 
@@ -74,8 +75,8 @@ Invoices invoicesOf(CompanyDatabase &company, QDate from, QDate to)
 {
     RecordSet rows = company.company().execute(
         u"select FATFISTAR,FATFISEVRAKNO1,FATFISGENTOPLAM from FATFIS where FATFISTAR>='%1' AND "
-        "FATFISTAR<='%2' AND FATFISTIPI='3' AND FATFISSEVNO='999'"_s.arg(RecordSet::toText(from),
-                                                                         RecordSet::toText(to)));
+        "FATFISTAR<='%2' AND %3"_s.arg(RecordSet::toText(from), RecordSet::toText(to),
+                                       row_search::kTillInvoices));
     Invoices invoices;
     for (; !rows.eof(); rows.moveNext())
         invoices[rows.value(u"FATFISTAR").toDate()].insert(

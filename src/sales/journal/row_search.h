@@ -6,6 +6,9 @@
 /// same numbers now and then: what is found belongs to the sale only when its figures do.
 namespace row_search {
 
+/// Invoices that tills wrote, as a condition on FATFIS.
+inline constexpr QStringView kTillInvoices = u"FATFISTIPI='3' AND FATFISSEVNO='999'";
+
 QString statement(const ledger::LedgerSale &sale, const ledger::Record &record);
 
 /// Slips by their document number, where the reference is not known, and the reference of one.

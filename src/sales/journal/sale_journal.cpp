@@ -289,6 +289,14 @@ std::optional<JournaledSale> SaleJournal::sale(qint64 number) const
     return sale;
 }
 
+bool SaleJournal::knows(const QString &invoice) const
+{
+    return !m_file
+                .read(u"SELECT no FROM satis WHERE fatura=%1 AND muhasebe=%2"_s.arg(
+                    JournalFile::quoted(invoice), JournalFile::quoted(m_file.ledger())))
+                .eof();
+}
+
 JournaledSale SaleJournal::saleIn(const RecordSet &row) const
 {
     JournaledSale found;

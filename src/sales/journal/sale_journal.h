@@ -80,6 +80,9 @@ public:
     std::vector<JournaledSale> unnumbered() const;
     std::optional<JournaledSale> sale(qint64 number) const;
 
+    /// Whether a sale of the connected ledger has that invoice number.
+    bool knows(const QString &invoice) const;
+
 private:
     void mark(qint64 number, const ledger::Record &record, Sent sent, const QString &statement,
               std::optional<double> from, const QString &words);

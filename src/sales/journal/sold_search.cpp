@@ -85,10 +85,10 @@ std::optional<Found> find(CompanyDatabase &company, const Settings &settings, co
     HostConnection &host = company.company();
     const QDateTime since = sale.moment.addSecs(-60); // the ledger drops seconds
     const LedgerSale wanted(settings, sale);
-    RecordSet rows = host.execute(u"select * from FATFIS where FATFISTIPI='3' AND "
-                                  u"FATFISSEVNO='999' AND FATFISCARKOD='%1' AND "
-                                  "FATFISTAR>='%2'"_s.arg(wanted.quotable().header().customerCode,
-                                                          RecordSet::toText(since.date())));
+    RecordSet rows = host.execute(
+        u"select * from FATFIS where %1 AND FATFISCARKOD='%2' AND FATFISTAR>='%3'"_s.arg(
+            row_search::kTillInvoices, wanted.quotable().header().customerCode,
+            RecordSet::toText(since.date())));
     for (; !rows.eof(); rows.moveNext()) {
         const QString number = rows.text(u"FATFISEVRAKNO1");
         const qint64 total = kurus::of(rows.number(u"FATFISGENTOPLAM"));

@@ -361,8 +361,9 @@ bool TillMemory::wasSoldBefore(int list)
         return false;
     std::optional<sold_search::Found> found;
     try {
-        found = sold_search::find(m_program, m_till.settings(), left,
-                                  [this](const QString &invoice) { return isKnown(invoice); });
+        found =
+            sold_search::find(m_program, m_till.settings(), left,
+                              [this](const QString &invoice) { return m_sales.knows(invoice); });
     } catch (const HostError &error) {
         return error.connectionLost() && !mayPost({IncompleteSales::Outcome::End::noHost, {}});
     }
@@ -388,14 +389,6 @@ bool TillMemory::wasSoldBefore(int list)
             u"Satış kaydedilmedi; %1 listesi duruyor."_s.arg(TillSession::caption(list)),
             Notice::fault);
     return true;
-}
-
-bool TillMemory::isKnown(const QString &invoice)
-{
-    return !m_file
-                .read(u"SELECT no FROM satis WHERE fatura=%1 AND muhasebe=%2"_s.arg(
-                    JournalFile::quoted(invoice), JournalFile::quoted(m_file.ledger())))
-                .eof();
 }
 
 /// Writes down a sale that the ledger alone knew, and completes what it may lack.

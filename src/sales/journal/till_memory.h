@@ -70,7 +70,6 @@ private:
     void reopen();
     bool mayPost(const IncompleteSales::Outcome &outcome);
     bool wasSoldBefore(int list);
-    bool isKnown(const QString &invoice);
     void enter(int list, const sold_search::Found &found);
     void conclude(const JournaledSale &sale);
     void settle(); ///< soon
